@@ -1,0 +1,38 @@
+# What all targets share, and the rule that keeps the layers apart.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(dg_options INTERFACE)
+target_compile_options(dg_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
+  $<$<BOOL:${DG_WERROR}>:-Werror>)
+if(DG_SANITIZE)
+  target_compile_options(dg_options INTERFACE
+    -fsanitize=${DG_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(dg_options INTERFACE -fsanitize=${DG_SANITIZE})
+endif()
+
+# dg_layer(NAME layers it may use...)
+#
+# A static library of all sources of the current folder. Headers are included as "NAME/header.h".
+# Each layer is visible through a link of its own in the build tree, so that a source can include
+# only the layers that its target names: a forbidden include does not compile.
+function(dg_layer name)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(${name} STATIC ${sources} ${headers})
+  dg_expose(${name} ${name})
+  target_link_libraries(${name} PUBLIC ${ARGN} PRIVATE dg_options)
+endfunction()
+
+# Lets users of `target` include this folder's headers as "folder/header.h".
+function(dg_expose target folder)
+  set(link_dir ${PROJECT_BINARY_DIR}/include/${folder})
+  file(MAKE_DIRECTORY ${link_dir})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${link_dir}/${folder} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${link_dir})
+endfunction()

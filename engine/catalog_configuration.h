@@ -1,0 +1,13 @@
+#pragma once
+
+namespace dg {
+
+/// Name of the suite's workstation settings file in the user's temporary directory.
+inline constexpr const char* kCatalogFileName = "cQTCatalog.ini";
+
+/// Reads the catalog file, fills SystemInfo and EpcInfo, and creates SharedEngine. A missing file
+/// ends in a message box and no engine; so does a share that cannot be reached. Raises 13 when
+/// "CustomerNumber" is no number.
+void ReadCatalogConfiguration();
+
+}  // namespace dg

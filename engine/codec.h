@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/date.h"
+#include "platform/variant.h"
+
+namespace dg {
+
+/// Bytes of an integer field by its opcode (B, C, D, I, J, K, L), 0 for any other letter.
+/// The letter counts as it is; the public operations upper-case theirs first.
+constexpr int opcodeWidth(char opcode) {
+  switch (opcode) {
+    case 'B':
+    case 'I':
+      return 1;
+    case 'C':
+    case 'J':
+      return 2;
+    case 'D':
+    case 'K':
+      return 3;
+    case 'L':
+      return 4;
+    default:
+      return 0;
+  }
+}
+
+/// The field's value, or nothing when it lies beyond the end of `data`. Positions count from 1.
+/// The opcode must be one of the seven.
+std::optional<std::int32_t> tryUnpack(char opcode, std::string_view data, std::int32_t position);
+
+// The codec's public operations, as cBusinessBasic offers them; see there.
+std::int32_t Unpack(std::string& OpCode, std::string_view Data, std::int32_t Position);
+void Pack(std::string& OpCode, std::string& Data, std::int32_t Value, std::int32_t Position);
+Date UnPackDate(std::string_view OpCode, std::string_view Data, std::int32_t Position);
+void PackDate(std::string_view OpCode, std::string& Data, std::int32_t Position, Date Value);
+std::string Ucm(std::string& Text);
+std::string Crm(std::string& Text);
+void Stma(const Variant& Code, Variant& A1, Variant& A2, Variant& A3, Variant& A4, Variant& A5);
+
+// The same with the opcode as a letter, for callers that hold constants.
+std::int32_t Unpack(char OpCode, std::string_view Data, std::int32_t Position);
+void Pack(char OpCode, std::string& Data, std::int32_t Value, std::int32_t Position);
+
+/// Decodes packed text under the table in force, leaving the source alone.
+std::string unpackText(std::string_view packed);
+/// Encodes text under the table in force, leaving the source alone: two bytes for each three
+/// characters begun.
+std::string packText(std::string_view text);
+
+/// Overwrites the head of the table: the first four characters (Stma code 10).
+void setMaskHead(std::string_view head);
+
+}  // namespace dg

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/logical_file.h"
+
+namespace dg {
+
+/// Layout of the 544-byte cursor that a caller owns for each walk. Positions count from 1.
+namespace index_cursor {
+inline constexpr std::int32_t kSize = 544;
+inline constexpr std::int32_t kEntryLength = 1;    ///< C, copy of the header
+inline constexpr std::int32_t kRootNode = 9;       ///< C, copy of the header
+inline constexpr std::int32_t kCurrentEntry = 17;  ///< B, 1-based entry in the current leaf
+inline constexpr std::int32_t kPathDepth = 18;     ///< B, levels from the root (1) to the leaf
+inline constexpr std::int32_t kNodePath = 19;      ///< C each, node number of level 1 and on
+inline constexpr std::int32_t kMaxDepth = 7;       ///< levels that the path has room for
+inline constexpr std::int32_t kNode = 33;          ///< the current node, 512 bytes
+inline constexpr std::int32_t kEntryCount = 33;    ///< C
+inline constexpr std::int32_t kNextLeaf = 35;      ///< C
+inline constexpr std::int32_t kEntries = 37;       ///< first entry
+}  // namespace index_cursor
+
+/// NextLeaf of the last leaf.
+inline constexpr std::int32_t kNoNextLeaf = 65535;
+
+// The index operations on an open logical file; see engine/business_basic.h. A walk that takes more
+// steps than the file has blocks raises 6, as does a tree of more than seven levels.
+void iKFind(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb);
+void iKNext(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb);
+void iKPrev(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb);
+void iKLast(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb);
+std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb);
+std::int32_t iKLength(const cLogicalFile& LogicalFile, bool& Orb);
+
+/// Byte-wise comparison of unsigned bytes, the longer being greater when one begins the other; only
+/// the sign counts.
+int compareKeys(std::string_view a, std::string_view b);
+
+}  // namespace dg

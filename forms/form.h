@@ -1,0 +1,133 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+#include "forms/grid.h"
+#include "forms/label.h"
+#include "forms/simple_controls.h"
+
+namespace dg {
+
+/// Where a control stands on its sheet: a cell of a grid of rows and columns, and how many it
+/// spans. Rows that hold grids or text areas take the room there is.
+struct Place {
+  std::string_view control;  ///< its name, "name(index)" for an element of an array
+  int row = 0;
+  int column = 0;
+  int rowSpan = 1;
+  int columnSpan = 1;
+  std::string_view frame = {};  ///< name of the frame that holds it; empty: the form itself
+};
+
+/// A box with a caption around other controls.
+class Frame final : public Control {
+ public:
+  Frame(std::string name, std::string caption)
+      : Control(std::move(name)), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed.emit();
+  }
+
+ private:
+  std::string caption_;
+};
+
+/// A window: a caption and the controls on it.
+class Form {
+ public:
+  Form(std::string name, std::string caption);
+  virtual ~Form() = default;
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  void appendCaption(std::string_view text) { setCaption(caption_ + std::string(text)); }
+
+  /// All controls in the order of their making.
+  const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
+  /// A control by name, or null.
+  Control* find(std::string_view name) const;
+  /// A control by name and kind; raises 91 when there is none.
+  template <class T>
+  T& get(std::string_view name) const {
+    T* control = dynamic_cast<T*>(find(name));
+    if (control == nullptr) throw RunTimeError(kObjectNotSet);
+    return *control;
+  }
+
+  /// Where the controls stand. Controls without a place are drawn one below the other.
+  std::span<const Place> sheet() const { return sheet_; }
+
+  /// Whether the form is on show.
+  bool visible() const { return visible_; }
+  void Show();
+  void Hide();
+  /// Shows the form and returns when the user has closed it; see Presenter.
+  void ShowModal();
+  /// Closes the form as a button of its own does it.
+  void Unload();
+
+  void setMousePointer(int pointer);  ///< kDefaultPointer or kHourglass
+  int mousePointer() const { return mousePointer_; }
+  void Refresh() const { refreshed.emit(); }
+
+  Signal<> changed;    ///< caption, pointer or set of controls
+  Signal<> refreshed;  ///< draw at once
+  Signal<> unloaded;
+
+ protected:
+  /// Makes a control and keeps it; the reference lives as long as the form.
+  template <class T, class... Args>
+  T& add(Args&&... args) {
+    auto control = std::make_unique<T>(std::forward<Args>(args)...);
+    T& reference = *control;
+    byName_[reference.name()] = control.get();
+    controls_.push_back(std::move(control));
+    return reference;
+  }
+  void setSheet(std::span<const Place> sheet) { sheet_ = sheet; }
+
+ private:
+  std::string name_;
+  std::string caption_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::map<std::string, Control*, std::less<>> byName_;
+  std::span<const Place> sheet_;
+  bool visible_ = false;
+  int mousePointer_ = 0;
+};
+
+inline constexpr int kDefaultPointer = 0;
+inline constexpr int kHourglass = 11;
+
+/// "name(index)": the name of an element of a control array.
+std::string elementName(std::string_view array, int index);
+
+/// What shows forms: dialogs on the desktop, a recorder in the command-line tool, nothing in tests.
+class Presenter {
+ public:
+  virtual ~Presenter() = default;
+  virtual void show(Form&) {}
+  virtual void hide(Form&) {}
+  /// Returns when the user has closed the form.
+  virtual void showModal(Form&) {}
+  virtual void unload(Form&) {}
+  /// The whole screen's pointer, kDefaultPointer or kHourglass.
+  virtual void setMousePointer(int) {}
+};
+
+/// The presenter in use; never null. setPresenter(nullptr) restores the one that does nothing.
+Presenter& presenter();
+void setPresenter(Presenter* presenter);
+
+}  // namespace dg

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/control.h"
+
+namespace dg {
+
+/// How prominently a label is drawn.
+enum class LabelRole { kValue, kCaption, kHeading, kTitle, kHint };
+
+/// A text on a form. Captions are Windows-1252 bytes; "&&" stands for one "&".
+class Label final : public Control {
+ public:
+  explicit Label(std::string name, std::string caption = {}, LabelRole role = LabelRole::kValue)
+      : Control(std::move(name)), caption_(std::move(caption)), role_(role) {}
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed.emit();
+  }
+  std::int32_t foreColor() const { return foreColor_; }
+  void setForeColor(std::int32_t color) {
+    foreColor_ = color;
+    changed.emit();
+  }
+  LabelRole role() const { return role_; }
+
+  std::function<void()> onClick;  ///< empty: a click does nothing
+  void click() {
+    if (onClick) dispatchEvent(onClick);
+  }
+
+ private:
+  std::string caption_;
+  LabelRole role_;
+  std::int32_t foreColor_ = kBlack;
+};
+
+}  // namespace dg

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/date.h"
+
+namespace dg {
+
+/// The local date and time, or the fixed moment that setClock gave.
+Date now();
+/// Replaces the clock for the whole process; nothing restores the system's.
+void setClock(std::optional<Date> moment);
+
+}  // namespace dg

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace dg {
+
+/// A date and time of day, to the second. Days count from 30 December 1899, which is the value of
+/// a default-constructed date (the run-time's zero date).
+class Date {
+ public:
+  constexpr Date() = default;
+  constexpr explicit Date(std::int32_t days, std::int32_t seconds = 0)
+      : days_(days), seconds_(seconds) {}
+
+  /// A calendar day; nothing when there is no such day.
+  static std::optional<Date> fromCalendar(int year, int month, int day);
+  /// Month-first text such as "12/31/99", "1/5/1999", "11 24 2006 14:38:23", or a time alone.
+  /// Separators are "/", "-" and blanks; month names count as months. Two-digit years: 30 to 99
+  /// are 19yy, 00 to 29 are 20yy. Nothing when the text is no date.
+  static std::optional<Date> parse(std::string_view text);
+  /// As parse, but raises error 13 when the text is no date.
+  static Date fromText(std::string_view text);
+
+  constexpr std::int32_t days() const { return days_; }
+  constexpr std::int32_t secondOfDay() const { return seconds_; }
+  int year() const;
+  int month() const;
+  int day() const;
+
+  constexpr Date plusDays(std::int32_t count) const { return Date(days_ + count, seconds_); }
+
+  /// "M/d/yy": the short date form that every text of the program uses.
+  std::string shortDateText() const;
+  /// "h:mm:ss AM" or "h:mm:ss PM".
+  std::string longTimeText() const;
+  /// The run-time's plain text: the date, the time, or both, as far as they are not zero.
+  std::string text() const;
+  /// "yyyy-mm-dd".
+  std::string isoText() const;
+
+  constexpr auto operator<=>(const Date&) const = default;
+
+ private:
+  std::int32_t days_ = 0;
+  std::int32_t seconds_ = 0;
+};
+
+/// The day from which the suite's day numbers count: 31 December 1967.
+inline constexpr Date kDayZero{24837};
+/// The suite's empty date: 1 January 1968.
+inline constexpr Date kEmptyDate{24838};
+
+}  // namespace dg

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace dg {
+
+/// Where this process finds what lies outside it. Filled once at start-up from the environment, and
+/// changed only by options that stand in for the variables.
+struct Environment {
+  std::string temp;          ///< value of "TEMP": directory of the log and the catalog file
+  std::string shareRoot;     ///< folder that holds server/share/...; unused on Windows
+  std::string computerName;  ///< this workstation's name
+  std::string settingsFile;  ///< ini file of the per-user settings; empty on Windows: the registry
+};
+
+/// The process's environment. The first call fills it from the variables and the system: `temp`
+/// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `computerName` from
+/// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config.
+Environment& environment();
+
+/// A path that the program composed with backslashes, as this platform's: UNC paths are mapped
+/// below the share root, a backslash is a separator. Each name below the share root is tried as it
+/// is written, then without regard to case. Names that would lead out of the share (".."), or that
+/// hold a NUL, a separator or a drive letter where a name stands, give nothing.
+std::optional<std::string> nativePath(const std::string& path);
+
+/// The IPv4 address of a host name or dotted text, its four bytes in network order read as one
+/// little-endian integer; -1 when it does not resolve.
+std::int32_t resolveHost(const std::string& name);
+
+/// Whether the root of a share, such as "\\server\share\", can be reached.
+bool shareIsReachable(const std::string& root);
+
+}  // namespace dg

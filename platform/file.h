@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace dg {
+
+/// An open file, read and written at byte offsets. Other processes may change it meanwhile.
+class File {
+ public:
+  virtual ~File() = default;
+  File() = default;
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+
+  /// Reads up to `count` bytes at `offset` into `buffer`; returns how many there were.
+  /// Raises 57 when the system's read fails.
+  virtual std::size_t read(std::int64_t offset, char* buffer, std::size_t count) = 0;
+  /// Writes all of `data` at `offset`. Raises 57, 61 or 70.
+  virtual void write(std::int64_t offset, std::string_view data) = 0;
+  /// The file's length in bytes at this moment.
+  virtual std::int64_t size() = 0;
+};
+
+enum class FileAccess { kRead, kReadWrite };
+
+/// Where files are: the operating system, or a map in memory for tests and fuzzing. Paths are the
+/// program's own, with backslashes; see nativePath.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+  FileSystem() = default;
+  FileSystem(const FileSystem&) = delete;
+  FileSystem& operator=(const FileSystem&) = delete;
+
+  /// Opens an existing file, shared with all other users. Raises 53, 70, 75 or 76.
+  virtual std::unique_ptr<File> open(const std::string& path, FileAccess access) = 0;
+  virtual bool fileExists(const std::string& path) = 0;
+  virtual bool directoryExists(const std::string& path) = 0;
+};
+
+/// The file system of the process: the operating system's unless a test replaced it.
+FileSystem& fileSystem();
+/// Replaces it; an empty pointer restores the operating system's. Returns the former.
+std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement);
+
+/// Files held in memory, by path without regard to case. For tests and fuzzing.
+class MemoryFileSystem final : public FileSystem {
+ public:
+  void add(const std::string& path, std::string content);
+  std::unique_ptr<File> open(const std::string& path, FileAccess access) override;
+  bool fileExists(const std::string& path) override;
+  bool directoryExists(const std::string& path) override;
+
+ private:
+  std::map<std::string, std::shared_ptr<std::string>> files_;
+};
+
+/// How much the process has read so far, for the benchmarks. Counts system calls, not blocks.
+struct ReadStatistics {
+  std::uint64_t calls = 0;
+  std::uint64_t bytes = 0;
+};
+ReadStatistics& readStatistics();
+
+// --- Numbered files, as the run-time has them ---------------------------------------------------
+
+/// The lowest file number not in use, from 1.
+std::int32_t FreeFile();
+/// Opens `path` under `number`, which FreeFile gave. Errors as FileSystem::open.
+void openNumbered(std::int32_t number, const std::string& path, FileAccess access);
+/// `count` bytes at the 0-based `offset`: those beyond the file's end are NUL. Raises 52 for a
+/// number that is not open, 63 for a negative offset.
+std::string readNumbered(std::int32_t number, std::int64_t offset, std::size_t count);
+/// As readNumbered, into a buffer of `count` bytes.
+void readNumbered(std::int32_t number, std::int64_t offset, char* buffer, std::size_t count);
+void writeNumbered(std::int32_t number, std::int64_t offset, std::string_view data);
+/// Length in bytes. Raises 52.
+std::int64_t fileLength(std::int32_t number);
+/// Closes a number; one that is not open is no error.
+void closeNumbered(std::int32_t number);
+
+}  // namespace dg

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "platform/run_time_error.h"
+
+namespace dg {
+
+/// Where a record class tells a failure that it traps itself: the shell connects it with the
+/// operation log, which lies above this layer.
+using FailureLog = std::function<void(std::string_view phrase, const RunTimeError& error)>;
+
+void setFailureLog(FailureLog log);
+/// Passes a failure on; does nothing while no log is connected.
+void reportFailure(std::string_view phrase, const RunTimeError& error);
+
+}  // namespace dg

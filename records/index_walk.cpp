@@ -1,0 +1,55 @@
+#include "records/index_walk.h"
+
+#include <utility>
+
+#include "engine/codec.h"
+#include "engine/state.h"
+#include "platform/checked.h"
+
+namespace dg {
+
+namespace {
+
+/// More entries than this no block can hold: an entry has at least a one-byte key and its pointer.
+constexpr std::int64_t kMaxEntriesPerBlock = 508 / 5;
+
+std::int64_t entryLimit(const std::shared_ptr<cLogicalFile>& index) {
+  return (std::int64_t{index->LastRecord} + 1) * kMaxEntriesPerBlock;
+}
+
+}  // namespace
+
+std::string integerKey(char opcode, std::int32_t value) {
+  std::string key(static_cast<std::size_t>(opcodeWidth(opcode)), '\0');
+  Pack(opcode, key, value, 1);
+  return key;
+}
+
+std::int32_t findExact(const char* index, std::string key) {
+  std::string cursor;
+  std::int32_t record = 0;
+  bool orb = true;
+  sharedEngine().KFind(index, cursor, key, record, orb);
+  return record > 0 ? record : 0;
+}
+
+IndexWalk::IndexWalk(const char* index, std::string key)
+    : index_(LogicalFileArgument(index).resolve()),
+      key_(std::move(key)),
+      guard_(entryLimit(index_)) {
+  bool orb = true;
+  sharedEngine().KFind(index_, cursor_, key_, record_, orb);
+  record_ = checkedAbs(record_);
+}
+
+std::int32_t IndexWalk::keyField(char opcode, std::int32_t position) const {
+  return Unpack(opcode, key_, position);
+}
+
+void IndexWalk::next() {
+  guard_.step();
+  bool orb = true;
+  sharedEngine().KNext(index_, cursor_, key_, record_, orb);
+}
+
+}  // namespace dg

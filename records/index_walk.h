@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "engine/business_basic.h"
+#include "engine/step_guard.h"
+
+namespace dg {
+
+/// An integer packed by its opcode into a key of just that width.
+std::string integerKey(char opcode, std::int32_t value);
+
+/// The record of the key met exactly, or 0: for look-ups of one customer, vendor, part or ticket.
+std::int32_t findExact(const char* index, std::string key);
+
+/// A walk over an index of the shared engine from a key on, in key order. It begins at the key
+/// itself or, when that is not met, at the next greater one.
+///
+///     for (IndexWalk walk(files::kLineIndex, integerKey('C', 1)); !walk.atEnd(); walk.next()) ...
+///
+/// Raises what the engine raises, and 6 when the index yields more entries than its blocks can
+/// hold.
+class IndexWalk {
+ public:
+  IndexWalk(const char* index, std::string key);
+
+  /// Whether the walk has run past the last entry (or met one that points to no record).
+  bool atEnd() const { return record_ <= 0; }
+  std::int32_t record() const { return record_; }
+  const std::string& key() const { return key_; }
+  /// An integer of the current key.
+  std::int32_t keyField(char opcode, std::int32_t position) const;
+  void next();
+
+ private:
+  std::shared_ptr<cLogicalFile> index_;
+  std::string cursor_;
+  std::string key_;
+  std::int32_t record_ = 0;
+  StepGuard guard_;
+};
+
+}  // namespace dg

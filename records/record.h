@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/currency.h"
+#include "platform/date.h"
+
+namespace dg {
+
+/// One member of a record class with its value, for tools that show any record.
+struct MemberValue {
+  using Scalar = std::variant<std::int32_t, Currency, Date, std::string>;
+  std::string name;
+  std::variant<Scalar, std::vector<Scalar>> value;
+};
+
+/// What all record classes share: members filled from a record's bytes and written back to them.
+///
+/// The record a class unpacks is the main record and, where the file has one, the extension record
+/// of the same number behind it. An instance holds the last record unpacked: a member that the next
+/// record does not reach keeps its value.
+class Record {
+ public:
+  virtual ~Record() = default;
+  /// Fills the members from the record's bytes. An error in a field leaves that member alone.
+  virtual void Unpack(const std::string& record) = 0;
+  /// Writes the members back into a string that is long enough; what does not fit is left out.
+  virtual void Pack(std::string& record) const = 0;
+  /// The members in the class's order.
+  virtual std::vector<MemberValue> members() const = 0;
+
+ protected:
+  Record() = default;
+  Record(const Record&) = default;
+  Record& operator=(const Record&) = default;
+};
+
+}  // namespace dg

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "shell/main_window.h"
+
+namespace dg {
+
+/// What the suite's main menu passes on the command line.
+inline constexpr const char* kLaunchToken = "7Q809R21T";
+
+/// Sets gsLogFile from the environment's "TEMP".
+void setLogFile();
+
+/// The process's entry: checks the launch token (`commandTail` is everything behind the program's
+/// name as one text), shows the splash, loads and shows the main window. Empty when the token
+/// differs: a message has been shown and nothing has been touched.
+std::unique_ptr<frmTRVN> Main(const std::string& commandTail, const ViewCatalogue& catalogue);
+
+}  // namespace dg

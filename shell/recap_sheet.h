@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "forms/label.h"
+
+namespace dg {
+
+/// Number of labels on the recap.
+inline constexpr int kRecapLabels = 22;
+/// What a recap label shows when its view failed.
+inline constexpr const char* kDataError = "Data Error !";
+
+/// The recap's labels, for the views that write them. Implemented by frmRecap.
+class RecapSheet {
+ public:
+  virtual ~RecapSheet() = default;
+  /// Label 0 to kRecapLabels - 1.
+  virtual Label& lblRecap(int index) = 0;
+};
+
+/// The recap that is loaded; raises 91 when none is.
+RecapSheet& recapSheet();
+void setRecapSheet(RecapSheet* sheet);
+
+/// Writes a view's total and repaints it.
+void writeRecap(int index, const std::string& caption);
+/// Marks a view's label: "Data Error !" in red.
+void markRecapError(int index);
+
+}  // namespace dg

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <new>
+#include <string_view>
+
+#include "platform/run_time_error.h"
+
+namespace dg {
+
+/// Runs the body of a routine that traps all run-time errors; `handler` gets the error. Returns
+/// whether the body ran to its end. Running out of memory counts as run-time error 7.
+bool trapErrors(const std::function<void()>& body,
+                const std::function<void(const RunTimeError&)>& handler);
+
+/// The trap of a view: on an error the phrase, number and description go to the log with a leading
+/// "*", after `failed` has run (which marks the view's recap label). Returns whether all went well.
+bool trapView(std::string_view phrase, const std::function<void()>& body,
+              const std::function<void()>& failed = {});
+
+/// Runs one statement or a few whose errors the program ignores; keep what is inside small.
+template <class Body>
+void suppressErrors(Body&& body) {
+  try {
+    body();
+  } catch (const RunTimeError&) {  // NOLINT(bugprone-empty-catch): that is the purpose
+  }
+}
+
+}  // namespace dg

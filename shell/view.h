@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/form.h"
+
+namespace dg {
+
+/// A view of the main window: a form that reads its files when it is loaded.
+class View : public Form {
+ public:
+  using Form::Form;
+  /// Reads the files, fills the grids, writes the recap labels. Traps its own errors.
+  virtual void Form_Load() = 0;
+};
+
+/// The views there are, by form name: how the shell makes them without knowing their classes.
+class ViewCatalogue {
+ public:
+  using Factory = std::function<std::unique_ptr<View>()>;
+  void add(std::string name, Factory factory) {
+    entries_.emplace_back(std::move(name), std::move(factory));
+  }
+  /// A new view that is not loaded yet; empty when the catalogue has none of that name.
+  std::unique_ptr<View> make(std::string_view name) const;
+
+ private:
+  std::vector<std::pair<std::string, Factory>> entries_;
+};
+
+}  // namespace dg
