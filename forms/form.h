@@ -11,6 +11,7 @@
 #include "forms/grid.h"
 #include "forms/label.h"
 #include "forms/simple_controls.h"
+#include "platform/run_time_error.h"
 
 namespace dg {
 
