@@ -75,7 +75,8 @@ class Form {
   void Hide();
   /// Shows the form and returns when the user has closed it; see Presenter.
   void ShowModal();
-  /// Closes the form as a button of its own does it.
+  /// Closes the form as a button of its own does it. The form may be gone afterwards: an observer
+  /// of `unloaded` can drop it.
   void Unload();
 
   void setMousePointer(int pointer);  ///< kDefaultPointer or kHourglass

@@ -52,7 +52,6 @@ class Grid final : public Control {
   void setHeading(std::string heading);
 
   // --- Columns
-  // ------------------------------------------------------------------------------------
   const std::vector<Column>& columns() const { return columns_; }
   int Cols() const { return static_cast<int>(columns_.size()); }
   /// The column's position, found by name, then by caption, with regard to case. Raises 9.
@@ -61,7 +60,6 @@ class Grid final : public Control {
   int columnIndex(int index) const;
 
   // --- Rows
-  // ---------------------------------------------------------------------------------------
   int Rows() const { return static_cast<int>(rows_.size()); }
   const std::vector<Row>& rows() const { return rows_; }
   void RemoveAll();
@@ -75,19 +73,23 @@ class Grid final : public Control {
   void MoveLast();
   /// The current row, -1 when there is none.
   int Bookmark() const { return current_; }
+  /// Makes a row the current one, -1 for none. Raises 9.
   void setBookmark(int row);
   int RowBookmark(int row) const { return row; }
   int AddItemBookmark(int row) const { return row; }
   void removeRow(int row);
-  /// Puts all rows in a new order, as SortGrid found it. `order` holds each old row once.
+  /// Removes the selected rows.
+  void DeleteSelected();
+  /// Puts all rows in a new order, as SortGrid found it. `order` holds each old row once, else 5.
+  /// The current row and the selection go with their rows.
   void reorder(const std::vector<int>& order);
 
-  /// Whether changes show at once. While off, `changed` is held back; turning it on emits it.
+  /// Whether changes show at once. While off, `changed` is held back; turning it on emits it once
+  /// for all that has changed.
   bool Redraw() const { return redraw_; }
   void setRedraw(bool redraw);
 
   // --- Cells
-  // --------------------------------------------------------------------------------------
   /// Sets a cell of the current row. Raises 9 for an unknown column, 91 without a current row.
   template <class Key>
   void set(Key column, const Variant& value) {
@@ -100,7 +102,6 @@ class Grid final : public Control {
   }
 
   // --- The user
-  // -----------------------------------------------------------------------------------
   std::vector<int> SelBookmarks;  ///< selected rows, where a grid allows several
   bool multiSelect = false;
 
@@ -121,6 +122,9 @@ class Grid final : public Control {
  private:
   void setCell(int column, const Variant& value);
   const std::string& cell(int column, int row) const;
+  void removeRows(const std::vector<int>& doomed);
+  /// Follows rows to their new places, -1 for those that are gone.
+  void moveSelection(const std::vector<int>& newPlace);
   void notify();
 
   std::string heading_;
@@ -128,6 +132,7 @@ class Grid final : public Control {
   std::vector<Row> rows_;
   int current_ = -1;
   bool redraw_ = true;
+  bool pending_ = false;  // something has changed while redraw was off
   int sortedColumn_ = -1;
   bool sortedDescending_ = false;
 };

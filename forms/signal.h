@@ -56,6 +56,7 @@ class Signal {
   }
 
   void emit(Args... args) const {
+    if (observers_->empty()) return;
     const List snapshot = *observers_;
     for (const Entry& entry : snapshot)
       entry.observer(args...);

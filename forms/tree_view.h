@@ -25,6 +25,7 @@ class TreeView final : public Control {
   /// Appends a node below its parent. Raises 35601 for an unknown parent, 35602 for a taken key.
   void add(Node node);
   const std::vector<Node>& nodes() const { return nodes_; }
+  bool contains(const std::string& key) const;
   void setExpanded(std::size_t index, bool expanded);
 
   const std::string& selected() const { return selected_; }
