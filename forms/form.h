@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <memory>
 #include <span>
@@ -25,6 +26,9 @@ struct Place {
   int columnSpan = 1;
   std::string_view frame = {};  ///< name of the frame that holds it; empty: the form itself
 };
+
+/// "name(index)": the name of an element of a control array.
+std::string elementName(std::string_view array, int index);
 
 /// A box with a caption around other controls.
 class Frame final : public Control {
@@ -97,6 +101,15 @@ class Form {
     controls_.push_back(std::move(control));
     return reference;
   }
+  /// Makes the labels "array(0)" to "array(N - 1)" of a control array.
+  template <std::size_t N>
+  std::array<Label*, N> addLabels(std::string_view array) {
+    std::array<Label*, N> labels{};
+    for (std::size_t i = 0; i < N; ++i) {
+      labels[i] = &add<Label>(elementName(array, static_cast<int>(i)));
+    }
+    return labels;
+  }
   void setSheet(std::span<const Place> sheet) { sheet_ = sheet; }
 
  private:
@@ -111,9 +124,6 @@ class Form {
 
 inline constexpr int kDefaultPointer = 0;
 inline constexpr int kHourglass = 11;
-
-/// "name(index)": the name of an element of a control array.
-std::string elementName(std::string_view array, int index);
 
 /// What shows forms: dialogs on the desktop, a recorder in the command-line tool, nothing in tests.
 class Presenter {

@@ -65,6 +65,8 @@ struct Field {
   int scaleOrBit = 1;
   NamedMember<R> member = {};
   std::string_view head = {};
+  bool reads = true;
+  bool writes = true;
   void (*unpackRule)(R& self, const std::string& record) = nullptr;
   void (*packRule)(const R& self, std::string& record) = nullptr;
 };
@@ -163,6 +165,18 @@ constexpr Field<R> member(NamedMember<R> named) {
   return {.encoding = Encoding::kMember, .member = named};
 }
 
+/// The field in one direction only, where a class writes other bytes than it reads.
+template <class R>
+constexpr Field<R> readOnly(Field<R> field) {
+  field.writes = false;
+  return field;
+}
+template <class R>
+constexpr Field<R> writeOnly(Field<R> field) {
+  field.reads = false;
+  return field;
+}
+
 /// Bytes of a text field: those there are, perhaps fewer than `width` or none.
 inline std::string textField(std::string_view record, int position, int width) {
   return std::string(
@@ -176,6 +190,7 @@ void putTextField(std::string& record, int position, int width, std::string_view
 /// Reads one field. Raises what the codec raises.
 template <class R>
 void unpackField(const Field<R>& field, R& self, const std::string& record) {
+  if (!field.reads) return;
   const auto& access = field.member.access;
   switch (field.encoding) {
     case Encoding::kInteger: {
@@ -216,6 +231,7 @@ void unpackField(const Field<R>& field, R& self, const std::string& record) {
 /// Writes one field. Raises what the codec raises.
 template <class R>
 void packField(const Field<R>& field, const R& constSelf, std::string& record) {
+  if (!field.writes) return;
   R& self = const_cast<R&>(constSelf);  // the accessors serve both directions
   const auto& access = field.member.access;
   switch (field.encoding) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "forms/label.h"
@@ -17,6 +18,9 @@ class RecapSheet {
   virtual ~RecapSheet() = default;
   /// Label 0 to kRecapLabels - 1.
   virtual Label& lblRecap(int index) = 0;
+
+  /// Opens the log viewer; a click on a label in error asks for it. Set by the main window.
+  std::function<void()> onViewLog;
 };
 
 /// The recap that is loaded; raises 91 when none is.
