@@ -17,10 +17,10 @@ class File {
   File(const File&) = delete;
   File& operator=(const File&) = delete;
 
-  /// Reads up to `count` bytes at `offset` into `buffer`; returns how many there were.
-  /// Raises 57 when the system's read fails.
+  /// Reads up to `count` bytes at `offset` into `buffer`; returns how many there were: fewer only
+  /// at the file's end. Raises 57 when the system's read fails, 63 for a negative offset.
   virtual std::size_t read(std::int64_t offset, char* buffer, std::size_t count) = 0;
-  /// Writes all of `data` at `offset`. Raises 57, 61 or 70.
+  /// Writes all of `data` at `offset`. Raises 57, 61, 63 or 70.
   virtual void write(std::int64_t offset, std::string_view data) = 0;
   /// The file's length in bytes at this moment.
   virtual std::int64_t size() = 0;
@@ -37,7 +37,9 @@ class FileSystem {
   FileSystem(const FileSystem&) = delete;
   FileSystem& operator=(const FileSystem&) = delete;
 
-  /// Opens an existing file, shared with all other users. Raises 53, 70, 75 or 76.
+  /// Opens an existing file, shared with all other users; a directory is no file. Opening for
+  /// reading and writing fails where writing is not granted, whether or not anything is written.
+  /// Raises 53, 57, 67, 70, 75 or 76.
   virtual std::unique_ptr<File> open(const std::string& path, FileAccess access) = 0;
   virtual bool fileExists(const std::string& path) = 0;
   virtual bool directoryExists(const std::string& path) = 0;
@@ -48,19 +50,25 @@ FileSystem& fileSystem();
 /// Replaces it; an empty pointer restores the operating system's. Returns the former.
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement);
 
-/// Files held in memory, by path without regard to case. For tests and fuzzing.
+/// Files held in memory, by path without regard to case. For tests and fuzzing. A directory exists
+/// when a file lies below it. All openings of a path see one content.
 class MemoryFileSystem final : public FileSystem {
  public:
+  /// Puts a file there in place of one of that name; what has that one open keeps it.
   void add(const std::string& path, std::string content);
+  /// Behaves as a share that grants reading only: opening for writing raises 75.
+  void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override;
   bool fileExists(const std::string& path) override;
   bool directoryExists(const std::string& path) override;
 
  private:
   std::map<std::string, std::shared_ptr<std::string>> files_;
+  bool readOnly_ = false;
 };
 
-/// How much the process has read so far, for the benchmarks. Counts system calls, not blocks.
+/// How much the process has read so far, for the benchmarks. Counts system calls, not blocks; a
+/// read of a file in memory counts as one.
 struct ReadStatistics {
   std::uint64_t calls = 0;
   std::uint64_t bytes = 0;
@@ -69,15 +77,17 @@ ReadStatistics& readStatistics();
 
 // --- Numbered files, as the run-time has them ---------------------------------------------------
 
-/// The lowest file number not in use, from 1.
+/// The lowest file number not in use, from 1. Raises 67 when all 511 are.
 std::int32_t FreeFile();
-/// Opens `path` under `number`, which FreeFile gave. Errors as FileSystem::open.
+/// Opens `path` under `number`, which FreeFile gave. Errors as FileSystem::open; 55 for a number
+/// that is open, 52 for one that cannot be.
 void openNumbered(std::int32_t number, const std::string& path, FileAccess access);
 /// `count` bytes at the 0-based `offset`: those beyond the file's end are NUL. Raises 52 for a
 /// number that is not open, 63 for a negative offset.
 std::string readNumbered(std::int32_t number, std::int64_t offset, std::size_t count);
 /// As readNumbered, into a buffer of `count` bytes.
 void readNumbered(std::int32_t number, std::int64_t offset, char* buffer, std::size_t count);
+/// Writes all of `data` at the 0-based `offset`. Errors as readNumbered and File::write.
 void writeNumbered(std::int32_t number, std::int64_t offset, std::string_view data);
 /// Length in bytes. Raises 52.
 std::int64_t fileLength(std::int32_t number);

@@ -1,0 +1,112 @@
+#include "platform/file.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <utility>
+
+#include "platform/posix/descriptor.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/system_error.h"
+#include "platform/run_time_error.h"
+#include "platform/system_file.h"
+
+namespace dg {
+
+namespace {
+
+class SystemFile final : public File {
+ public:
+  explicit SystemFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+
+  std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
+    if (offset < 0) throw RunTimeError(kBadRecordNumber);
+    std::size_t done = 0;
+    while (done < count) {
+      const ssize_t got = ::pread(descriptor_.get(), buffer + done, count - done,
+                                  static_cast<off_t>(offset) + static_cast<off_t>(done));
+      if (got < 0 && errno == EINTR) continue;
+      ReadStatistics& statistics = readStatistics();
+      ++statistics.calls;
+      if (got < 0) throw RunTimeError(kDeviceIoError);
+      if (got == 0) break;
+      statistics.bytes += static_cast<std::uint64_t>(got);
+      done += static_cast<std::size_t>(got);
+    }
+    return done;
+  }
+
+  void write(std::int64_t offset, std::string_view data) override {
+    if (offset < 0) throw RunTimeError(kBadRecordNumber);
+    auto position = static_cast<off_t>(offset);
+    while (!data.empty()) {
+      const ssize_t written = ::pwrite(descriptor_.get(), data.data(), data.size(), position);
+      if (written < 0 && errno == EINTR) continue;
+      if (written < 0) throw RunTimeError(transferErrorNumber(errno));
+      if (written == 0) throw RunTimeError(kDiskFull);
+      data.remove_prefix(static_cast<std::size_t>(written));
+      position += static_cast<off_t>(written);
+    }
+  }
+
+  std::int64_t size() override {
+    struct stat status = {};
+    if (::fstat(descriptor_.get(), &status) != 0) throw RunTimeError(kDeviceIoError);
+    return status.st_size;
+  }
+
+ private:
+  Descriptor descriptor_;
+};
+
+/// A file that is not there raises 53, a directory on the way to it 76.
+[[noreturn]] void raiseMissing(const std::string& native) {
+  const std::size_t end = native.rfind('/');
+  if (end == std::string::npos || end == 0) throw RunTimeError(kFileNotFound);
+  struct stat status = {};
+  const bool inDirectory = ::stat(native.substr(0, end).c_str(), &status) == 0;
+  throw RunTimeError(inDirectory ? kFileNotFound : kPathNotFound);
+}
+
+class SystemFileSystem final : public FileSystem {
+ public:
+  std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
+    const Location location = locate(path);
+    if (location.error != 0) throw RunTimeError(location.error);
+    return openSystemFile(location.native, access);
+  }
+
+  bool fileExists(const std::string& path) override { return isOfType(path, S_IFREG); }
+  bool directoryExists(const std::string& path) override { return isOfType(path, S_IFDIR); }
+
+ private:
+  static bool isOfType(const std::string& path, mode_t type) {
+    const Location location = locate(path);
+    struct stat status = {};
+    return location.error == 0 && ::stat(location.native.c_str(), &status) == 0 &&
+           (status.st_mode & S_IFMT) == type;
+  }
+};
+
+}  // namespace
+
+FileSystem& systemFileSystem() {
+  static SystemFileSystem system;
+  return system;
+}
+
+std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess access) {
+  struct stat status = {};
+  if (::stat(nativeFile.c_str(), &status) != 0) {
+    if (errno == ENOENT) raiseMissing(nativeFile);
+    throw RunTimeError(pathErrorNumber(errno));
+  }
+  // Asked before the open, which would wait for ever for the other end of a pipe.
+  if (!S_ISREG(status.st_mode)) throw RunTimeError(kPathFileAccess);
+  Descriptor descriptor =
+      openDescriptor(nativeFile.c_str(), access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY);
+  if (!descriptor.isOpen()) throw RunTimeError(pathErrorNumber(errno));
+  return std::make_unique<SystemFile>(std::move(descriptor));
+}
+
+}  // namespace dg

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/file.h"
+
+namespace dg {
+
+/// The operating system's files, behind fileSystem() unless a test replaced it.
+FileSystem& systemFileSystem();
+
+/// Opens an existing file by a path of the platform's own form. Errors as FileSystem::open.
+std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess access);
+
+/// All bytes from the file's start to its end as it is now. Raises 57, or 7 for more than a text
+/// of the run-time can hold.
+std::string readAll(File& file);
+
+}  // namespace dg
