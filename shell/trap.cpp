@@ -4,12 +4,6 @@
 
 namespace dg {
 
-namespace {
-
-constexpr int kOutOfMemory = 7;
-
-}  // namespace
-
 bool trapErrors(const std::function<void()>& body,
                 const std::function<void(const RunTimeError&)>& handler) {
   try {
