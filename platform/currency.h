@@ -2,7 +2,10 @@
 
 #include <compare>
 #include <cstdint>
+#include <limits>
 #include <string>
+
+#include "platform/run_time_error.h"
 
 namespace dg {
 
@@ -37,8 +40,12 @@ class Currency {
   /// Plain text: no trailing zeros, no separators ("12.5", "-.05" is "-0.05").
   std::string text() const;
 
-  constexpr Currency abs() const { return fromTenThousandths(value_ < 0 ? -value_ : value_); }
-  constexpr Currency operator-() const { return fromTenThousandths(-value_); }
+  constexpr Currency abs() const { return value_ < 0 ? -*this : *this; }
+  /// The lowest value has no counterpart and raises error 6.
+  constexpr Currency operator-() const {
+    if (value_ == std::numeric_limits<std::int64_t>::min()) throw RunTimeError(kOverflow);
+    return fromTenThousandths(-value_);
+  }
   Currency& operator+=(Currency other);
   Currency& operator-=(Currency other);
   friend Currency operator+(Currency a, Currency b) { return a += b; }

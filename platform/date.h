@@ -16,14 +16,17 @@ class Date {
   constexpr explicit Date(std::int32_t days, std::int32_t seconds = 0)
       : days_(days), seconds_(seconds) {}
 
-  /// A calendar day; nothing when there is no such day.
+  /// A calendar day of the years 100 to 9999; nothing when there is no such day.
   static std::optional<Date> fromCalendar(int year, int month, int day);
   /// Month-first text such as "12/31/99", "1/5/1999", "11 24 2006 14:38:23", or a time alone.
-  /// Separators are "/", "-" and blanks; month names count as months. Two-digit years: 30 to 99
-  /// are 19yy, 00 to 29 are 20yy. Nothing when the text is no date.
+  /// Separators are "/", "-", "," and blanks; a month's name may stand first or second. Times are
+  /// "14:38", "14:38:23", "2:38:23 PM" or "2 PM". Two-digit years: 30 to 99 are 19yy, 00 to 29 are
+  /// 20yy. Nothing when the text is no date: month and day never change places.
   static std::optional<Date> parse(std::string_view text);
   /// As parse, but raises error 13 when the text is no date.
   static Date fromText(std::string_view text);
+  /// "2026-11-24" or "2026-11-24T10:30:00", and nothing else.
+  static std::optional<Date> fromIso(std::string_view text);
 
   constexpr std::int32_t days() const { return days_; }
   constexpr std::int32_t secondOfDay() const { return seconds_; }
@@ -31,13 +34,16 @@ class Date {
   int month() const;
   int day() const;
 
-  constexpr Date plusDays(std::int32_t count) const { return Date(days_ + count, seconds_); }
+  /// The day `count` days later at the same time of day. Raises error 6 when that lies outside the
+  /// years 100 to 9999.
+  Date plusDays(std::int32_t count) const;
 
   /// "M/d/yy": the short date form that every text of the program uses.
   std::string shortDateText() const;
   /// "h:mm:ss AM" or "h:mm:ss PM".
   std::string longTimeText() const;
-  /// The run-time's plain text: the date, the time, or both, as far as they are not zero.
+  /// The run-time's plain text: the date, the time, or both, as far as they are not zero; of the
+  /// zero date the time.
   std::string text() const;
   /// "yyyy-mm-dd".
   std::string isoText() const;

@@ -13,7 +13,8 @@ namespace dg {
 /// places thousands separators, "%" multiplies by 100; every other character is a literal and keeps
 /// its place between the digit places. Rounds half away from zero at the mask's last decimal. The
 /// sign of a negative number stands before everything, and a number that rounds to zero shows none.
-/// Digits beyond the mask's are shown. A double is first taken to its 15 significant digits.
+/// Digits beyond the mask's are shown. A double is first taken to its 15 significant digits; one
+/// that is no number or infinite raises error 6. The empty mask gives the plain text.
 std::string Format(double value, std::string_view mask);
 std::string Format(Currency value, std::string_view mask);
 inline std::string Format(std::int32_t value, std::string_view mask) {
