@@ -147,9 +147,7 @@ clsLines::clsLines() {
 }
 
 void clsLines::Read(std::int32_t number, bool& lock) {
-  bool orb = true;
-  const std::int32_t highest = lines_ ? lines_->HighUsedRecord(orb) : 0;
-  if (number < 1 || number > highest) {
+  if (number < 1 || !lines_ || number > lines_->LastRecord) {
     throw RunTimeError(kIllegalRecordNumber, "", "Illegal Record Number");
   }
   std::string record = sharedEngine().LreadFile(lines_, number, lock);
