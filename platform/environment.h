@@ -7,27 +7,31 @@
 namespace dg {
 
 /// Where this process finds what lies outside it. Filled once at start-up from the environment, and
-/// changed only by options that stand in for the variables.
+/// changed only by options that stand in for the variables. Folders have no closing separator.
 struct Environment {
   std::string temp;          ///< value of "TEMP": directory of the log and the catalog file
   std::string shareRoot;     ///< folder that holds server/share/...; unused on Windows
   std::string computerName;  ///< this workstation's name
-  std::string settingsFile;  ///< ini file of the per-user settings; empty on Windows: the registry
+  std::string settingsFile;  ///< ini file of the per-user settings; empty: the system's own store
 };
 
 /// The process's environment. The first call fills it from the variables and the system: `temp`
 /// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `computerName` from
-/// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config.
+/// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config. On
+/// Windows the user's temporary directory, the system's computer name, and the registry.
 Environment& environment();
 
 /// A path that the program composed with backslashes, as this platform's: UNC paths are mapped
 /// below the share root, a backslash is a separator. Each name below the share root is tried as it
 /// is written, then without regard to case. Names that would lead out of the share (".."), or that
-/// hold a NUL, a separator or a drive letter where a name stands, give nothing.
+/// hold a NUL, a separator or a drive letter where a name stands, or that are a device's of
+/// Windows, give nothing; so does a UNC path while there is no share root. On Windows a path that
+/// is not refused stays as it is.
 std::optional<std::string> nativePath(const std::string& path);
 
 /// The IPv4 address of a host name or dotted text, its four bytes in network order read as one
-/// little-endian integer; -1 when it does not resolve.
+/// little-endian integer; -1 when it does not resolve within a few seconds. A dotted text needs no
+/// look-up.
 std::int32_t resolveHost(const std::string& name);
 
 /// Whether the root of a share, such as "\\server\share\", can be reached.

@@ -8,6 +8,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+#include "platform/network_bytes.h"
 #include "platform/posix/descriptor.h"
 
 namespace dg {
@@ -51,11 +52,8 @@ SocketHandle connectSocket(std::int32_t networkAddress, std::uint16_t port) {
   sockaddr_in peer = {};
   peer.sin_family = AF_INET;
   peer.sin_port = htons(port);
-  const auto address = static_cast<std::uint32_t>(networkAddress);
-  const unsigned char bytes[] = {
-      static_cast<unsigned char>(address), static_cast<unsigned char>(address >> 8),
-      static_cast<unsigned char>(address >> 16), static_cast<unsigned char>(address >> 24)};
-  std::memcpy(&peer.sin_addr, bytes, sizeof bytes);
+  const auto bytes = networkBytesFromInteger(networkAddress);
+  std::memcpy(&peer.sin_addr, bytes.data(), bytes.size());
   if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&peer), sizeof peer) != 0 &&
       !(errno == EINTR && finishConnecting(socket.get()))) {
     return -1;

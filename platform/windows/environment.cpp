@@ -1,0 +1,66 @@
+#include "platform/environment.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <windows.h>
+
+#include "platform/file.h"
+
+namespace dg {
+
+namespace {
+
+/// The user's temporary directory in its long form, without a closing separator.
+std::string temporaryFolder() {
+  std::string path(MAX_PATH + 1, '\0');
+  const DWORD length = ::GetTempPathA(static_cast<DWORD>(path.size()), path.data());
+  if (length == 0 || length >= path.size()) return {};
+  path.resize(length);
+
+  std::string longForm(32768, '\0');
+  const DWORD longLength =
+      ::GetLongPathNameA(path.c_str(), longForm.data(), static_cast<DWORD>(longForm.size()));
+  if (longLength > 0 && longLength < longForm.size()) path = longForm.substr(0, longLength);
+  while (!path.empty() && path.back() == '\\')
+    path.pop_back();
+  return path;
+}
+
+std::string systemComputerName() {
+  std::array<char, MAX_COMPUTERNAME_LENGTH + 1> name = {};
+  DWORD size = static_cast<DWORD>(name.size());
+  return ::GetComputerNameA(name.data(), &size) ? std::string(name.data(), size) : std::string();
+}
+
+Environment fromSystem() {
+  Environment found;
+  found.temp = temporaryFolder();
+  found.computerName = systemComputerName();
+  return found;
+}
+
+}  // namespace
+
+Environment& environment() {
+  static Environment current = fromSystem();
+  return current;
+}
+
+bool shareIsReachable(const std::string& root) {
+  if (!nativePath(root)) return false;
+  std::array<char, 255> volume = {};
+  std::array<char, 255> system = {};
+  DWORD serial = 0;
+  DWORD longestName = 0;
+  DWORD flags = 0;
+  if (::GetVolumeInformationA(root.c_str(), volume.data(), static_cast<DWORD>(volume.size()),
+                              &serial, &longestName, &flags, system.data(),
+                              static_cast<DWORD>(system.size()))) {
+    return true;
+  }
+  // Some servers tell nothing of the volume behind a share that can be read all the same.
+  return fileSystem().directoryExists(root);
+}
+
+}  // namespace dg

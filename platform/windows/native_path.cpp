@@ -1,0 +1,24 @@
+#include "platform/environment.h"
+#include "platform/share_path.h"
+
+namespace dg {
+
+namespace {
+
+bool isSeparator(char c) {
+  return c == '\\' || c == '/';
+}
+
+}  // namespace
+
+std::optional<std::string> nativePath(const std::string& path) {
+  if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
+  // The system takes two separators of either kind as the beginning of a network path or of a
+  // device's; the program composes the former only, with backslashes.
+  if (path.size() >= 2 && isSeparator(path[0]) && isSeparator(path[1]) && !sharePathNames(path)) {
+    return std::nullopt;
+  }
+  return path;
+}
+
+}  // namespace dg
