@@ -1,7 +1,74 @@
 #include "tools/sample/sample_store.h"
 
+#include <string_view>
+
+#include "engine/state.h"
+#include "platform/run_time_error.h"
+#include "tools/sample/families/families.h"
+#include "tools/sample/folder_swap.h"
+#include "tools/sample/random.h"
+#include "tools/sample/sample_world.h"
+#include "tools/sample/store_builder.h"
+#include "tools/sample/store_layout.h"
+
 namespace dg {
 
-void writeSampleStore(const std::string&, const SampleOptions&) {}
+namespace {
+
+using namespace sample;
+
+struct Family {
+  std::string_view name;  // seeds its random stream
+  FamilyFunction* add;
+};
+
+/// In the order in which they are made: a family reads what those before it left in the world.
+constexpr Family kFamilies[] = {
+    {"company", &addCompany},
+    {"receivables", &addReceivables},
+    {"lines", &addLines},
+};
+
+constexpr int kGreatestScale = 1000;
+
+void requireUsable(const SampleOptions& options) {
+  const bool usable = options.scale >= 1 && options.scale <= kGreatestScale &&
+                      options.indexFill >= 1 && options.indexFill <= 100 &&
+                      options.asOf.year() >= 1970 && options.asOf.year() <= 2099;
+  if (!usable) throw RunTimeError(kInvalidProcedureCall);
+}
+
+/// Writing sets the engine's packed-text table; a caller's engine must not notice.
+class MaskTableGuard {
+ public:
+  MaskTableGuard() : former_(MaskTable) { MaskTable = kDefaultMaskTable; }
+  ~MaskTableGuard() { MaskTable = former_; }
+  MaskTableGuard(const MaskTableGuard&) = delete;
+  MaskTableGuard& operator=(const MaskTableGuard&) = delete;
+
+ private:
+  std::string former_;
+};
+
+}  // namespace
+
+std::vector<SampleFile> composeSampleStore(const SampleOptions& options) {
+  requireUsable(options);
+  const MaskTableGuard guard;
+  StoreBuilder builder(options);
+  SampleWorld world;
+  for (const Family& family : kFamilies) {
+    Random random(options.seed, family.name);
+    family.add(builder, random, options, world);
+  }
+  return builder.finish();
+}
+
+void writeSampleStore(const std::string& folder, const SampleOptions& options) {
+  FolderSwap swap(folder);
+  for (const SampleFile& file : composeSampleStore(options))
+    swap.write(file.path, file.content);
+  swap.commit();
+}
 
 }  // namespace dg
