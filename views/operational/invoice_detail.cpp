@@ -1,0 +1,37 @@
+#include "views/operational/invoice_detail.h"
+
+#include "records/catalogue.h"
+#include "records/invoice_history_detail.h"
+
+namespace dg {
+
+namespace {
+
+constexpr DetailFormat::Code kCodes[] = {
+    {"500", DetailTotal::kLabor},
+    {"502", DetailTotal::kFreight},
+    {"550", DetailTotal::kMisc},
+};
+
+// The tag is the shop builder's: readers of the log know these words for both.
+constexpr DetailFormat kFormat = {.file = files::kInvoices,
+                                  .tag = "clsShopDetail",
+                                  .codes = kCodes,
+                                  .hasRequest = false,
+                                  .remarkClears = true};
+
+}  // namespace
+
+clsInvDetail::clsInvDetail() : DetailBuilder(kFormat) {}
+
+void clsInvDetail::GetDetail() {
+  runTrapped("GetDetail", [this] {
+    // Nothing reads this line's members, but decoding it sets the table that the lines need.
+    clsInvoiceHistoryDetail first;
+    first.Unpack(PageRecord::read(files::kInvoices, invoiceRec_).bytes());
+    BuildPage(invoiceRec_);
+    BuildDetail();
+  });
+}
+
+}  // namespace dg
