@@ -44,10 +44,19 @@ void Form::ShowModal() {
   visible_ = false;
 }
 
+void Form::SetFocus() {
+  presenter().setFocus(*this);
+}
+
 void Form::Unload() {
   visible_ = false;
   presenter().unload(*this);
   unloaded.emit();
+}
+
+void Form::setBounds(const Bounds& bounds) {
+  bounds_ = bounds;
+  changed.emit();
 }
 
 void Form::setMousePointer(int pointer) {

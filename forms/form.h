@@ -30,6 +30,16 @@ struct Place {
 /// "name(index)": the name of an element of a control array.
 std::string elementName(std::string_view array, int index);
 
+/// Where a window stands inside its frame, in twips (1/1440 inch).
+struct Bounds {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const Bounds&) const = default;
+};
+
 /// A box with a caption around other controls.
 class Frame final : public Control {
  public:
@@ -79,15 +89,20 @@ class Form {
   void Hide();
   /// Shows the form and returns when the user has closed it; see Presenter.
   void ShowModal();
+  void SetFocus();
   /// Closes the form as a button of its own does it. The form may be gone afterwards: an observer
   /// of `unloaded` can drop it.
   void Unload();
+
+  /// The place and size that the program gives the form; all zero: wherever it fits.
+  const Bounds& bounds() const { return bounds_; }
+  void setBounds(const Bounds& bounds);
 
   void setMousePointer(int pointer);  ///< kDefaultPointer or kHourglass
   int mousePointer() const { return mousePointer_; }
   void Refresh() const { refreshed.emit(); }
 
-  Signal<> changed;    ///< caption, pointer or set of controls
+  Signal<> changed;    ///< caption, pointer, bounds or set of controls
   Signal<> refreshed;  ///< draw at once
   Signal<> unloaded;
 
@@ -118,6 +133,7 @@ class Form {
   std::vector<std::unique_ptr<Control>> controls_;
   std::map<std::string, Control*, std::less<>> byName_;
   std::span<const Place> sheet_;
+  Bounds bounds_;
   bool visible_ = false;
   int mousePointer_ = 0;
 };
@@ -134,6 +150,7 @@ class Presenter {
   /// Returns when the user has closed the form.
   virtual void showModal(Form&) {}
   virtual void unload(Form&) {}
+  virtual void setFocus(Form&) {}
   /// The whole screen's pointer, kDefaultPointer or kHourglass.
   virtual void setMousePointer(int) {}
 };

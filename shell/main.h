@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "shell/main_window.h"
 
@@ -12,6 +13,14 @@ inline constexpr const char* kLaunchToken = "7Q809R21T";
 
 /// Sets gsLogFile from the environment's "TEMP".
 void setLogFile();
+
+/// Lets failures that record classes trap themselves go to the operation log.
+void connectFailureLog();
+
+/// The start behind the launch check, for programs that need no token: shows the splash, loads and
+/// shows the main window. `only`: names of the views to load, all when empty.
+std::unique_ptr<frmTRVN> startProgram(const ViewCatalogue& catalogue,
+                                      std::vector<std::string> only = {});
 
 /// The process's entry: checks the launch token (`commandTail` is everything behind the program's
 /// name as one text), shows the splash, loads and shows the main window. Empty when the token

@@ -10,24 +10,32 @@ class frmSplash final : public Form {
   frmSplash();
   /// Sets version, progress and notice.
   void Form_Load();
-  /// A key or a click on the frame closes it; the load goes on.
+  /// A key or a click on the frame closes it; the load goes on, and the next progress text loads it
+  /// again, out of sight.
   void dismiss();
+  /// Whether its texts stand, on show or not.
+  bool loaded() const { return loaded_; }
 
   Label& lblProductName;
   Label& Label2;
   Label& lblVersion;
   Label& lblProgress;
   Label& Label3;
+
+ private:
+  bool loaded_ = false;
+  Connection unloadWatch_;
 };
 
-/// The splash of this run; made at the first use.
+/// The splash of this run, made at the first use and loaded when it is not.
 frmSplash& splash();
+/// Unloads and drops it, at the very end.
 void releaseSplash();
 
 /// Sets the splash's progress text and repaints it at once.
 void showProgress(const std::string& text);
 
-/// "2.5.3"
+/// Major, minor and revision number: "2.5.3".
 std::string versionText();
 inline constexpr const char* kProgramName = "Dealer Gauge 2";
 

@@ -16,8 +16,11 @@ extern std::string gsLogLine;  ///< the line about to be logged, or the last one
 void WriteLog(const std::string& path, const std::string& text);
 
 /// Puts `line` into gsLogLine and writes it to the operation log, control characters other than
-/// CR LF as blanks. A log that cannot be written loses the line: for traps, which have no caller to
-/// tell.
+/// CR LF as blanks. Raises as WriteLog: for the lines that start and end a run.
+void writeOperationLog(const std::string& line);
+
+/// As writeOperationLog, but a log that cannot be written loses the line: for traps, which have no
+/// caller to tell.
 void logLine(const std::string& line);
 
 /// The two forms of a failure text: phrase, "error # :" and the number, a separator, description.

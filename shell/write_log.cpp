@@ -1,0 +1,73 @@
+#include "shell/write_log.h"
+
+#include <utility>
+
+#include "platform/text.h"
+#include "platform/text_file.h"
+#include "shell/trap.h"
+
+namespace dg {
+
+std::string gsLogFile;
+std::string gsLogLine;
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+bool logEnabled = true;
+
+std::function<void(const std::string&)>& logObserver() {
+  static std::function<void(const std::string&)> observer;
+  return observer;
+}
+
+/// An entry may itself hold line ends; any other control character comes from a damaged record and
+/// would break the log's lines.
+std::string cleaned(std::string_view line) {
+  std::string result;
+  result.reserve(line.size());
+  while (true) {
+    const std::size_t end = line.find(kLineEnd);
+    result += withoutControls(line.substr(0, end));
+    if (end == std::string_view::npos) return result;
+    result += kLineEnd;
+    line.remove_prefix(end + kLineEnd.size());
+  }
+}
+
+}  // namespace
+
+void WriteLog(const std::string& path, const std::string& text) {
+  appendText(path, text + std::string(kLineEnd));
+}
+
+void writeOperationLog(const std::string& line) {
+  gsLogLine = cleaned(line);
+  if (logObserver()) logObserver()(gsLogLine);
+  if (logEnabled) WriteLog(gsLogFile, gsLogLine);
+}
+
+void logLine(const std::string& line) {
+  suppressErrors([&] { writeOperationLog(line); });
+}
+
+std::string shellFailureText(std::string_view phrase, const RunTimeError& error) {
+  return std::string(phrase) + "error # :" + std::to_string(error.number()) +
+         std::string(kLineEnd) + error.description();
+}
+
+std::string viewFailureText(std::string_view phrase, const RunTimeError& error) {
+  return std::string(phrase) + "error # :  " + std::to_string(error.number()) + "  " +
+         error.description();
+}
+
+void setLogEnabled(bool enabled) {
+  logEnabled = enabled;
+}
+
+void setLogObserver(std::function<void(const std::string&)> observer) {
+  logObserver() = std::move(observer);
+}
+
+}  // namespace dg
