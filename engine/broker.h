@@ -8,8 +8,9 @@
 namespace dg {
 
 /// The data request broker's four messages, over the socket of the module state. No time-outs, no
-/// retries. Each raises as its caller's description in engine/business_basic.h says; a receive that
-/// fails or ends early raises 5.
+/// retries. A path without the marker from which the server knows it ("\QTS", for reads also
+/// "\DB") raises 5, as does a receive that fails. A stream that ends before the reply is whole, or
+/// a reply that is longer than it can be, raises 6.
 namespace broker {
 
 /// Returns 0 and fills `data` with `length` bytes; raises -1 "WSRead" on a status other than 0.

@@ -57,10 +57,12 @@ struct DirectoryEntry {
 std::shared_ptr<cLogicalFile> iLogicalOpen(const std::string& FileName);
 std::string iLreadFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t RecordNumber,
                        bool& Orb);
+/// Asks for the broker by itself: the caller's wish is not handed down to writes of records.
 void iLwriteFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t RecordNumber,
-                 const std::string& Data, bool& Orb);
+                 const std::string& Data);
 
-/// The paths of the directory file and of the data file that a resolution name stands for.
+/// The paths of the directory file and of the data file that a resolution name stands for. Raise 91
+/// without module state, and 5 for a path that is too short.
 std::string directoryFilePath(const std::string& ResolutionFile);
 std::string dataFilePath(const std::string& directoryFile);
 

@@ -1,0 +1,236 @@
+#include "engine/keyed_index.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "engine/codec.h"
+#include "engine/step_guard.h"
+#include "platform/checked.h"
+#include "platform/message_box.h"
+#include "platform/run_time_error.h"
+
+namespace dg {
+
+namespace {
+
+using namespace index_cursor;
+
+/// Bytes of an entry behind its key.
+constexpr std::int32_t kPointerSize = 4;
+/// Node numbers have two bytes: no chain is longer, whatever capacity the directory tells.
+constexpr std::int64_t kMaxBlocks = 65536;
+
+std::int32_t blockOffset(const cLogicalFile& file, std::int32_t block) {
+  return checkedMultiply(checkedAdd(file.Position, block), kBlockSize);
+}
+
+std::int32_t chainLimit(const cLogicalFile& file) {
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t{file.LastRecord} + 1, 1,
+                                                            kMaxBlocks));
+}
+
+std::uint32_t bigEndian16(const char* bytes) {
+  const auto* byte = reinterpret_cast<const unsigned char*>(bytes);
+  return static_cast<std::uint32_t>(byte[0] << 8 | byte[1]);
+}
+
+std::int32_t bigEndian32(const char* bytes) {
+  return static_cast<std::int32_t>(bigEndian16(bytes) << 16 | bigEndian16(bytes + 2));
+}
+
+/// A caller's cursor, in place. It is read and changed at the positions of its layout; what lies
+/// beyond its end raises what the codec raises.
+class Cursor {
+ public:
+  /// For the start of a walk: the header block over positions 1 to 512.
+  Cursor(const cLogicalFile& file, std::string& buff, const char* header)
+      : file_(file), buff_(buff) {
+    if (buff.size() < static_cast<std::size_t>(kSize)) buff.resize(kSize, '\0');
+    std::memcpy(buff.data(), header, kBlockSize);
+    readEntryLength();
+  }
+  /// For going on with a walk: raises 31 for a text that is no cursor.
+  Cursor(const cLogicalFile& file, std::string& buff) : file_(file), buff_(buff) {
+    Unpack('B', buff, kSize);
+    readEntryLength();
+  }
+
+  std::int32_t keyLength() const { return entryLength_ - kPointerSize; }
+  std::int32_t rootNode() const { return field16(kRootNode); }
+  std::int32_t currentEntry() const { return byteAt(kCurrentEntry); }
+  std::int32_t pathDepth() const { return byteAt(kPathDepth); }
+  std::int32_t entryCount() const { return field16(kEntryCount); }
+  std::int32_t nextLeaf() const { return field16(kNextLeaf); }
+  std::int32_t nodeAt(std::int32_t level) const { return field16(pathPosition(level)); }
+
+  void setCurrentEntry(std::int32_t entry) { buff_[kCurrentEntry - 1] = static_cast<char>(entry); }
+  void setPathDepth(std::int32_t depth) { buff_[kPathDepth - 1] = static_cast<char>(depth); }
+  void setNodeAt(std::int32_t level, std::int32_t node) {
+    const auto at = static_cast<std::size_t>(pathPosition(level)) - 1;
+    buff_[at] = static_cast<char>(node >> 8);
+    buff_[at + 1] = static_cast<char>(node);
+  }
+
+  void readNode(std::int32_t node, bool& orb) {
+    iReadFileInto(file_.OpenFile, buff_.data() + kNode - 1, kBlockSize, blockOffset(file_, node),
+                  orb);
+  }
+  /// Reads a node one level below `level`, which it counts up, and notes it in the path.
+  void descend(std::int32_t node, std::int32_t& level, bool& orb) {
+    if (level >= kMaxDepth) throw RunTimeError(kOverflow);
+    readNode(node, orb);
+    setNodeAt(++level, node);
+  }
+  /// Reads the next leaf and notes it in the path at `level`.
+  void moveRight(std::int32_t level, bool& orb) {
+    if (level > kMaxDepth) throw RunTimeError(kOverflow);
+    const std::int32_t node = nextLeaf();
+    readNode(node, orb);
+    setNodeAt(level, node);
+  }
+
+  /// Key of a 1-based entry. Entry 0 lies in front of the first, inside the cursor or before it.
+  std::string_view key(std::int32_t entry) const {
+    const std::int32_t position = kEntries + (entry - 1) * entryLength_;
+    if (position < 1) throw RunTimeError(kInvalidProcedureCall);
+    return {buff_.data() + position - 1, static_cast<std::size_t>(keyLength())};
+  }
+  /// Pointer of an entry, as it stands. Read before the key: it proves that the entry is there.
+  std::int32_t pointer(std::int32_t entry) const {
+    return Unpack('L', buff_, kNode + entry * entryLength_);
+  }
+  /// An entry's key and its pointer, -1 as 0.
+  void fetch(std::int32_t entry, std::string& key_, std::int32_t& record) const {
+    const std::int32_t value = pointer(entry);
+    key_.assign(key(entry));
+    record = value == -1 ? 0 : value;
+  }
+
+  /// Entries of the node that lie within the cursor.
+  std::int32_t entriesWithin() const {
+    const auto room = static_cast<std::int32_t>(buff_.size()) - kEntries + 1;
+    return std::min(entryCount(), room / entryLength_);
+  }
+  /// The first entry whose key is not less than `key`, with the sign of their difference in
+  /// `order`; 0 when there is none.
+  std::int32_t firstNotLess(std::string_view key, int& order) const;
+
+  const char* entryBytes(std::int32_t entry) const {
+    return buff_.data() + kEntries - 1 + (entry - 1) * entryLength_;
+  }
+  std::int32_t entryLength() const { return entryLength_; }
+
+ private:
+  std::int32_t byteAt(std::int32_t position) const {
+    return static_cast<unsigned char>(buff_[static_cast<std::size_t>(position) - 1]);
+  }
+  std::int32_t field16(std::int32_t position) const {
+    return static_cast<std::int32_t>(bigEndian16(buff_.data() + position - 1));
+  }
+  static std::int32_t pathPosition(std::int32_t level) { return kNodePath + 2 * (level - 1); }
+
+  void readEntryLength() {
+    entryLength_ = field16(kEntryLength);
+    // A key of negative length.
+    if (entryLength_ < kPointerSize) throw RunTimeError(kInvalidProcedureCall);
+  }
+
+  const cLogicalFile& file_;
+  std::string& buff_;
+  std::int32_t entryLength_ = 0;
+};
+
+std::int32_t Cursor::firstNotLess(std::string_view key, int& order) const {
+  const std::int32_t count = entryCount();
+  const std::int32_t within = entriesWithin();
+  const auto stride = static_cast<std::size_t>(entryLength_);
+  const char* entry = buff_.data() + kEntries - 1;
+  for (std::int32_t i = 1; i <= within; ++i, entry += stride) {
+    order = std::memcmp(entry, key.data(), key.size());
+    if (order >= 0) return i;
+  }
+  // A count beyond the node's end: the codec says where.
+  if (within < count) pointer(within + 1);
+  return 0;
+}
+
+using Block = std::array<char, kBlockSize>;
+
+void readBlock(const cLogicalFile& file, std::int32_t block, Block& bytes, bool& orb) {
+  iReadFileInto(file.OpenFile, bytes.data(), kBlockSize, blockOffset(file, block), orb);
+}
+
+void showOutOfRange(const cLogicalFile& file) {
+  MsgBox("Index is returning information out of Range.  File: " + file.FileName +
+             " LastRec: " + std::to_string(file.LastRecord),
+         kCritical);
+}
+
+}  // namespace
+
+void iKFind(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb) {
+  Block header;
+  readBlock(LogicalFile, 0, header, Orb);
+  Cursor cursor(LogicalFile, Buff, header.data());
+  Key.resize(static_cast<std::size_t>(cursor.keyLength()), '\0');
+
+  StepGuard moves(chainLimit(LogicalFile));
+  std::int32_t level = 0;
+  for (std::int32_t node = cursor.rootNode();;) {
+    // What stands against a tree that is just being rewritten.
+    if (node > LogicalFile.LastRecord) {
+      showOutOfRange(LogicalFile);
+      Rec = 0;
+      return;
+    }
+    cursor.descend(node, level, Orb);
+
+    int order = 0;
+    std::int32_t entry = cursor.firstNotLess(Key, order);
+    while (entry == 0) {
+      if (cursor.nextLeaf() == kNoNextLeaf) {
+        Rec = 0;
+        return;
+      }
+      moves.step();
+      // The level is what the header left at the depth's place, not the one reached: consistent
+      // separators never lead here, and the suite's own search does the same.
+      cursor.moveRight(cursor.pathDepth(), Orb);
+      entry = cursor.firstNotLess(Key, order);
+    }
+
+    const std::int32_t pointer = cursor.pointer(entry);
+    const std::int32_t found = pointer == -1 ? 0 : pointer;
+    if (cursor.nextLeaf() == 0) {
+      node = found;
+      continue;
+    }
+    Rec = found;
+    if (order > 0) {
+      Rec = checkedSubtract(0, found);
+      Key.assign(cursor.key(entry));
+    }
+    cursor.setCurrentEntry(entry);
+    cursor.setPathDepth(level);
+    return;
+  }
+}
+
+void iKNext(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb) {
+  Cursor cursor(LogicalFile, Buff);
+  std::int32_t entry = cursor.currentEntry();
+  if (entry == cursor.entryCount()) {
+    if (cursor.nextLeaf() == kNoNextLeaf) {
+      Rec = 0;
+      return;
+    }
+    cursor.moveRight(cursor.pathDepth(), Orb);
+    entry = 0;
+  }
+  ++entry;
+  cursor.fetch(entry, Key, Rec);
+  cursor.setCurrentEntry(entry);
+}

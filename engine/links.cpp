@@ -1,0 +1,54 @@
+#include "engine/links.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "engine/text_utilities.h"
+#include "platform/file.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::size_t kEntrySize = 160;
+constexpr std::size_t kNameSize = 79;
+// Each name has one byte in front of it that nobody reads.
+constexpr std::size_t kLinkNamePosition = 2;
+constexpr std::size_t kResolutionNamePosition = 82;
+
+constexpr std::size_t kEntriesPerRead = 512;
+
+}  // namespace
+
+std::shared_ptr<cLink> cLinks::Add(const std::string& LinkFile, const std::string& ResolutionFile,
+                                   const std::string& sKey) {
+  auto link = std::make_shared<cLink>();
+  link->LinkFile = LinkFile;
+  link->ResolutionFile = ResolutionFile;
+  return insert(std::move(link), sKey);
+}
+
+void cLinks::load(const std::string& path) {
+  // Nothing is ever written on the share: where the suite's own open would leave a new, empty
+  // table, there simply are no links.
+  if (!fileSystem().fileExists(path)) return;
+  const auto file = fileSystem().open(path, FileAccess::kRead);
+
+  std::string block(kEntrySize * kEntriesPerRead, '\0');
+  std::int64_t offset = 0;
+  for (std::size_t count = block.size(); count == block.size();) {
+    count = file->read(offset, block.data(), block.size());
+    offset += static_cast<std::int64_t>(count);
+    const std::string_view table = std::string_view(block).substr(0, count);
+    for (std::size_t start = 0; start < table.size(); start += kEntrySize) {
+      const std::string_view entry = table.substr(start, kEntrySize);
+      const std::string link = Trun(middle(entry, kLinkNamePosition, kNameSize), true);
+      if (link.empty() || find(link)) continue;  // of a repeated name the first stays
+      Add(link, Trun(middle(entry, kResolutionNamePosition, kNameSize), true), link);
+    }
+  }
+}
+
+}  // namespace dg

@@ -1,0 +1,109 @@
+#include "engine/record_zero.h"
+
+#include <algorithm>
+
+#include "engine/codec.h"
+#include "engine/keyed_index.h"
+#include "platform/checked.h"
+#include "platform/run_time_error.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::int32_t kEntriesSize = kBlockSize - 4;
+
+std::int32_t headOffset(const cLogicalFile& file) {
+  return checkedMultiply(file.Position, kBlockSize);
+}
+
+void initialiseRecords(const std::shared_ptr<cLogicalFile>& file, bool& orb) {
+  std::string head(kBlockSize, '\0');
+  Pack('J', head, -2, record_zero::kMarker);
+  Pack('L', head, -1, record_zero::kFreeHead);
+  iWriteFile(file->OpenFile, head, headOffset(*file), orb);
+
+  if (file->RecordLength < 0) throw RunTimeError(kInvalidProcedureCall);
+  const std::string empty(static_cast<std::size_t>(file->RecordLength), '\0');
+  for (std::int64_t record = 1; record <= file->LastRecord; ++record)
+    iLwriteFile(file, static_cast<std::int32_t>(record), empty);
+}
+
+void initialiseIndex(const cLogicalFile& file, std::int32_t keyLength, bool duplicateKeys,
+                     std::int32_t blockingFactor, bool& orb) {
+  const std::int32_t entryLength = checkedAdd(keyLength, 4);
+  if (entryLength == 0) throw RunTimeError(kDivisionByZero);
+  const std::int32_t entries = kEntriesSize / entryLength;
+
+  std::string header(kBlockSize, '\0');
+  Pack('C', header, entryLength, 1);
+  Pack('C', header, entries, 3);
+  Pack('C', header, file.LastRecord, 5);
+  Pack('C', header, 2, 7);
+  Pack('C', header, 1, 9);
+  // The division by 100 comes first and rounds down: a factor below 100 stores 0.
+  Pack('C', header, checkedMultiply(entries, blockingFactor / 100), 11);
+  Pack('C', header, duplicateKeys ? -1 : 0, 13);
+  iWriteFile(file.OpenFile, header, headOffset(file), orb);
+
+  // One leaf, the last, with nothing but the sentinel.
+  std::string leaf(kBlockSize, '\xFF');
+  Pack('C', leaf, 1, 1);
+  iWriteFile(file.OpenFile, leaf, checkedMultiply(checkedAdd(file.Position, 1), kBlockSize), orb);
+}
+
+}  // namespace
+
+std::string readRecordZero(const cLogicalFile& LogicalFile, bool& Orb) {
+  return iReadFile(LogicalFile.OpenFile, record_zero::kSize, headOffset(LogicalFile), Orb);
+}
+
+std::int32_t allocateRecord(const cLogicalFile& LogicalFile, bool& Orb) {
+  std::string head = readRecordZero(LogicalFile, Orb);
+  std::int32_t record = Unpack('L', head, record_zero::kFreeHead);
+  if (record < 1) {
+    record = checkedAdd(Unpack('L', head, record_zero::kHighUsedRecord), 1);
+    Pack('L', head, record, record_zero::kHighUsedRecord);
+  } else {
+    const std::string data = iReadFile(LogicalFile.OpenFile, LogicalFile.RecordLength,
+                                       LogicalFile.recordOffset(record), Orb);
+    Pack('L', head, Unpack('L', data, kNextFreeRecord), record_zero::kFreeHead);
+  }
+  const std::int32_t active = Unpack('L', head, record_zero::kActiveCount);
+  Pack('L', head, checkedAdd(active, 1), record_zero::kActiveCount);
+  iWriteFile(LogicalFile.OpenFile, head, headOffset(LogicalFile), Orb);
+  return record;
+}
+
+void releaseRecord(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t RecordNumber,
+                   bool& Orb) {
+  if (!LogicalFile) throw RunTimeError(kObjectNotSet);
+  std::string head = readRecordZero(*LogicalFile, Orb);
+  const std::int32_t freeHead = Unpack('L', head, record_zero::kFreeHead);
+  const std::int32_t active = Unpack('L', head, record_zero::kActiveCount);
+  const std::string data = iLreadFile(LogicalFile, RecordNumber, Orb);
+  if (Unpack('J', data, kRecordInUse) <= 0) {
+    throw RunTimeError(81, "DelRec", "Attempt to delete a deleted record");
+  }
+  std::string cleared(data.size(), '\0');
+  Pack('L', cleared, freeHead, kNextFreeRecord);
+  iLwriteFile(LogicalFile, RecordNumber, cleared);
+  Pack('L', head, RecordNumber, record_zero::kFreeHead);
+  Pack('L', head, std::max(active, 1) - 1, record_zero::kActiveCount);
+  iWriteFile(LogicalFile->OpenFile, head, headOffset(*LogicalFile), Orb);
+}
+
+void initialiseFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t KeyLength,
+                    bool DuplicateKeys, std::int32_t BlockingFactor, bool& Orb) {
+  // The source names the write: this check was taken over from there with its text.
+  if (!LogicalFile) {
+    throw RunTimeError(-10, "iLwriteFile", "LogicalFile parameter is undefined");
+  }
+  if (LogicalFile->FileType == "L") {
+    initialiseRecords(LogicalFile, Orb);
+  } else if (LogicalFile->FileType == "I") {
+    initialiseIndex(*LogicalFile, KeyLength, DuplicateKeys, BlockingFactor, Orb);
+  }
+}
+
+}  // namespace dg
