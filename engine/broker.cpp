@@ -100,8 +100,7 @@ std::int32_t read(std::int32_t position, const std::string& path, std::int32_t l
   if (!succeeded(reply)) {
     throw RunTimeError(-1, "WSRead",
                        "Error trying to read " + Str(length) + " Characters from Position " +
-                           Str(position) + " in File: " + path +
-                           " and could not read full record");
+                           Str(position) + " in File: " + path + " and could not read full record");
   }
   data = reply.substr(kStatusSize);
   return 0;
@@ -139,8 +138,7 @@ Date time() {
   // Weekday, month, day, time, year.
   const std::vector<std::string> items = Split(Trun(text.substr(0, text.find('\0')), true), " ");
   if (items.size() < 5) throw RunTimeError(kSubscriptOutOfRange);
-  return Date::parse(items[1] + " " + items[2] + " " + items[4] + " " + items[3])
-      .value_or(Date());
+  return Date::parse(items[1] + " " + items[2] + " " + items[4] + " " + items[3]).value_or(Date());
 }
 
 }  // namespace dg::broker

@@ -24,6 +24,7 @@ class FileArgument {
 
   /// The open file; empty when there is none.
   std::shared_ptr<cOpenFile> resolve() const;
+  bool isObject() const { return isObject_; }
 
  private:
   std::shared_ptr<cOpenFile> file_;
@@ -109,6 +110,8 @@ class cBusinessBasic {
   /// variable then holds the full path. Empty when the file is missing or cannot be opened.
   std::shared_ptr<cOpenFile> OpenFile(std::string& FileName) const;
   std::shared_ptr<cOpenFile> OpenFile(std::string&& FileName) const { return OpenFile(FileName); }
+  /// Closes a file for all who hold it; one that is not open or not there is no error. Raises 91
+  /// for an empty object.
   void CloseFile(const FileArgument& OpenFile) const;
   /// BytesToRead bytes at a byte offset; raises 91 for no file, 63 for a negative offset.
   std::string ReadFile(const FileArgument& OpenFile, std::int32_t BytesToRead,

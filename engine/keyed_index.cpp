@@ -26,17 +26,13 @@ std::int32_t blockOffset(const cLogicalFile& file, std::int32_t block) {
 }
 
 std::int32_t chainLimit(const cLogicalFile& file) {
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t{file.LastRecord} + 1, 1,
-                                                            kMaxBlocks));
+  return static_cast<std::int32_t>(
+      std::clamp<std::int64_t>(std::int64_t{file.LastRecord} + 1, 1, kMaxBlocks));
 }
 
 std::uint32_t bigEndian16(const char* bytes) {
   const auto* byte = reinterpret_cast<const unsigned char*>(bytes);
   return static_cast<std::uint32_t>(byte[0] << 8 | byte[1]);
-}
-
-std::int32_t bigEndian32(const char* bytes) {
-  return static_cast<std::int32_t>(bigEndian16(bytes) << 16 | bigEndian16(bytes + 2));
 }
 
 /// A caller's cursor, in place. It is read and changed at the positions of its layout; what lies
@@ -92,36 +88,33 @@ class Cursor {
 
   /// Key of a 1-based entry. Entry 0 lies in front of the first, inside the cursor or before it.
   std::string_view key(std::int32_t entry) const {
-    const std::int32_t position = kEntries + (entry - 1) * entryLength_;
+    const std::int32_t position = checkedAdd(kEntries, checkedMultiply(entry - 1, entryLength_));
     if (position < 1) throw RunTimeError(kInvalidProcedureCall);
     return {buff_.data() + position - 1, static_cast<std::size_t>(keyLength())};
   }
   /// Pointer of an entry, as it stands. Read before the key: it proves that the entry is there.
   std::int32_t pointer(std::int32_t entry) const {
-    return Unpack('L', buff_, kNode + entry * entryLength_);
+    return Unpack('L', buff_, checkedAdd(kNode, checkedMultiply(entry, entryLength_)));
   }
   /// An entry's key and its pointer, -1 as 0.
-  void fetch(std::int32_t entry, std::string& key_, std::int32_t& record) const {
+  void fetch(std::int32_t entry, std::string& entryKey, std::int32_t& record) const {
     const std::int32_t value = pointer(entry);
-    key_.assign(key(entry));
+    entryKey.assign(key(entry));
     record = value == -1 ? 0 : value;
   }
 
+  /// The node's first entry whose key is not less than `sought`, with the sign of their difference
+  /// in `order`; 0 when there is none.
+  std::int32_t firstNotLess(std::string_view sought, int& order) const;
+  /// The node's last entry that has this key and this pointer; 0 when there is none.
+  std::int32_t lastIdentical(std::string_view entryKey, std::int32_t entryPointer) const;
+
+ private:
   /// Entries of the node that lie within the cursor.
   std::int32_t entriesWithin() const {
     const auto room = static_cast<std::int32_t>(buff_.size()) - kEntries + 1;
     return std::min(entryCount(), room / entryLength_);
   }
-  /// The first entry whose key is not less than `key`, with the sign of their difference in
-  /// `order`; 0 when there is none.
-  std::int32_t firstNotLess(std::string_view key, int& order) const;
-
-  const char* entryBytes(std::int32_t entry) const {
-    return buff_.data() + kEntries - 1 + (entry - 1) * entryLength_;
-  }
-  std::int32_t entryLength() const { return entryLength_; }
-
- private:
   std::int32_t byteAt(std::int32_t position) const {
     return static_cast<unsigned char>(buff_[static_cast<std::size_t>(position) - 1]);
   }
@@ -141,13 +134,13 @@ class Cursor {
   std::int32_t entryLength_ = 0;
 };
 
-std::int32_t Cursor::firstNotLess(std::string_view key, int& order) const {
+std::int32_t Cursor::firstNotLess(std::string_view sought, int& order) const {
   const std::int32_t count = entryCount();
   const std::int32_t within = entriesWithin();
   const auto stride = static_cast<std::size_t>(entryLength_);
   const char* entry = buff_.data() + kEntries - 1;
   for (std::int32_t i = 1; i <= within; ++i, entry += stride) {
-    order = std::memcmp(entry, key.data(), key.size());
+    order = std::memcmp(entry, sought.data(), sought.size());
     if (order >= 0) return i;
   }
   // A count beyond the node's end: the codec says where.
@@ -155,10 +148,32 @@ std::int32_t Cursor::firstNotLess(std::string_view key, int& order) const {
   return 0;
 }
 
+std::int32_t Cursor::lastIdentical(std::string_view entryKey, std::int32_t entryPointer) const {
+  for (std::int32_t i = entriesWithin(); i > 0; --i) {
+    if (pointer(i) == entryPointer && key(i) == entryKey) return i;
+  }
+  return 0;
+}
+
 using Block = std::array<char, kBlockSize>;
 
 void readBlock(const cLogicalFile& file, std::int32_t block, Block& bytes, bool& orb) {
   iReadFileInto(file.OpenFile, bytes.data(), kBlockSize, blockOffset(file, block), orb);
+}
+
+/// Leads the path down to the parent of the leaf at `depth` whose highest key is `highest`, and
+/// leaves the parent in the cursor.
+void restorePath(Cursor& cursor, std::int32_t depth, std::string_view highest, bool& orb) {
+  std::int32_t level = 0;
+  std::int32_t node = cursor.rootNode();
+  for (;;) {
+    cursor.descend(node, level, orb);
+    if (level == depth - 1) return;
+    int order = 0;
+    const std::int32_t entry = cursor.firstNotLess(highest, order);
+    if (entry == 0) throw RunTimeError(kOverflow);
+    node = cursor.pointer(entry);
+  }
 }
 
 void showOutOfRange(const cLogicalFile& file) {
@@ -234,3 +249,91 @@ void iKNext(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key
   cursor.fetch(entry, Key, Rec);
   cursor.setCurrentEntry(entry);
 }
+
+void iKPrev(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb) {
+  Cursor cursor(LogicalFile, Buff);
+  const std::string saved = Buff;
+  const std::int32_t depth = cursor.pathDepth();
+  if (depth > kMaxDepth) throw RunTimeError(kOverflow);
+  std::int32_t entry = cursor.currentEntry();
+  std::int32_t level = depth;
+
+  while (entry == 1) {
+    --level;
+    if (level < 1) {
+      Buff = saved;
+      Rec = 0;
+      return;
+    }
+    // The parent's entry for the current node: the node's highest key and its number.
+    const std::int32_t last = cursor.entryCount();
+    cursor.pointer(last);
+    const std::string highest(cursor.key(last));
+    const std::int32_t node = cursor.nodeAt(level + 1);
+    cursor.readNode(cursor.nodeAt(level), Orb);
+    entry = cursor.lastIdentical(highest, node);
+    if (entry == 0 && level == depth - 1) {
+      // A walk forwards keeps only the leaf of its path up to date: its parent may be another one
+      // by now.
+      restorePath(cursor, depth, highest, Orb);
+      entry = cursor.lastIdentical(highest, node);
+    }
+    // The search for an entry that no parent holds would never end.
+    if (entry == 0) throw RunTimeError(kOverflow);
+  }
+  while (level < depth) {
+    cursor.descend(cursor.pointer(entry - 1), level, Orb);
+    entry = cursor.entryCount() + 1;
+  }
+  --entry;
+  cursor.fetch(entry, Key, Rec);
+  cursor.setCurrentEntry(entry);
+}
+
+void iKLast(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
+            bool& Orb) {
+  Block header;
+  readBlock(LogicalFile, 0, header, Orb);
+  Cursor cursor(LogicalFile, Buff, header.data());
+  std::int32_t level = 0;
+  // At first the place of NextLeaf holds the header's bytes at 34, which are 0.
+  for (std::int32_t node = cursor.rootNode(); cursor.nextLeaf() == 0;) {
+    cursor.descend(node, level, Orb);
+    node = cursor.pointer(cursor.entryCount());
+  }
+  // The one before the sentinel. In an empty index that is none: callers must not ask there.
+  const std::int32_t entry = cursor.entryCount() - 1;
+  cursor.fetch(entry, Key, Rec);
+  cursor.setCurrentEntry(entry);
+  cursor.setPathDepth(level);
+}
+
+std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb) {
+  std::string buff;
+  std::string key;
+  std::int32_t record = 0;
+  bool askForBroker = true;  // the first descent asks for itself, whatever the caller wishes
+  iKFind(LogicalFile, buff, key, record, askForBroker);
+
+  Cursor cursor(LogicalFile, buff);
+  std::int32_t entries = cursor.entryCount();
+  for (StepGuard leaves(chainLimit(LogicalFile)); cursor.nextLeaf() != kNoNextLeaf;) {
+    leaves.step();
+    cursor.readNode(cursor.nextLeaf(), Orb);
+    entries = checkedAdd(entries, cursor.entryCount());
+  }
+  return checkedSubtract(entries, 1);  // the sentinel
+}
+
+std::int32_t iKLength(const cLogicalFile& LogicalFile, bool& Orb) {
+  Block header;
+  readBlock(LogicalFile, 0, header, Orb);
+  return static_cast<std::int32_t>(bigEndian16(header.data())) - kPointerSize;
+}
+
+int compareKeys(std::string_view a, std::string_view b) {
+  return a.compare(b);
+}
+
+}  // namespace dg

@@ -15,6 +15,12 @@ std::string place(const cOpenFile& file, std::int32_t offset, std::size_t length
   return file.Path + "@" + Str(offset) + " " + Str(static_cast<std::int32_t>(length)) + "bytes";
 }
 
+void checkRead(const std::shared_ptr<cOpenFile>& file, std::int32_t count, bool& orb) {
+  if (!UseTCP) orb = false;
+  if (!file) throw RunTimeError(kObjectNotSet);
+  if (count < 0) throw RunTimeError(kInvalidProcedureCall);
+}
+
 std::string brokerRead(cOpenFile& file, std::int32_t count, std::int32_t position) {
   if (position > -1) file.Position = position;
   const std::int32_t offset = file.Position;
@@ -84,19 +90,17 @@ void iCloseFile(const std::string& Path) {
 
 std::string iReadFile(const std::shared_ptr<cOpenFile>& OpenFile, std::int32_t BytesToRead,
                       std::int32_t Position, bool& Orb) {
-  if (BytesToRead < 0) throw RunTimeError(kInvalidProcedureCall);
-  std::string data(static_cast<std::size_t>(BytesToRead), ' ');
-  iReadFileInto(OpenFile, data.data(), BytesToRead, Position, Orb);
-  return data;
+  checkRead(OpenFile, BytesToRead, Orb);
+  if (Orb) return brokerRead(*OpenFile, BytesToRead, Position);
+  return readNumbered(OpenFile->vbFileNumber, Position, static_cast<std::size_t>(BytesToRead));
 }
 
 void iReadFileInto(const std::shared_ptr<cOpenFile>& OpenFile, char* buffer,
                    std::int32_t BytesToRead, std::int32_t Position, bool& Orb) {
-  if (!UseTCP) Orb = false;
-  if (!OpenFile) throw RunTimeError(kObjectNotSet);
-  if (BytesToRead < 0) throw RunTimeError(kInvalidProcedureCall);
+  checkRead(OpenFile, BytesToRead, Orb);
   if (Orb) {
-    brokerRead(*OpenFile, BytesToRead, Position).copy(buffer, static_cast<std::size_t>(BytesToRead));
+    brokerRead(*OpenFile, BytesToRead, Position)
+        .copy(buffer, static_cast<std::size_t>(BytesToRead));
   } else {
     readNumbered(OpenFile->vbFileNumber, Position, buffer, static_cast<std::size_t>(BytesToRead));
   }
@@ -113,8 +117,9 @@ void iWriteFile(const std::shared_ptr<cOpenFile>& OpenFile, const std::string& D
   }
   const auto length = static_cast<std::int32_t>(Data.size());
   if (broker::write(OpenFile->Position, OpenFile->Path, length, Data) != 0) {
-    throw RunTimeError(81, "iWriteFile",
-                       "Couldn't Write to File: " + place(*OpenFile, OpenFile->Position, Data.size()));
+    throw RunTimeError(
+        81, "iWriteFile",
+        "Couldn't Write to File: " + place(*OpenFile, OpenFile->Position, Data.size()));
   }
   OpenFile->Position = checkedAdd(OpenFile->Position, length);
 }

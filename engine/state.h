@@ -26,12 +26,12 @@ extern std::string MaskTable;      ///< packed-text table, kMaskTableSize charac
 extern bool UseTCP;                ///< broker transport; no code of the program raises it
 extern SocketHandle BrokerSocket;  ///< connection to the broker; no code of the program sets it
 
-extern std::shared_ptr<cSystem> SystemInfo;  ///< dropped at an engine object's end
-extern std::shared_ptr<cEpcInfo> EpcInfo;
-extern std::shared_ptr<cBusinessBasic> SharedEngine;  ///< serves all views; empty when it failed
-extern std::shared_ptr<cLinks> Links;                 ///< dropped at an engine object's end
-extern std::shared_ptr<cOpenFiles> OpenFiles;         ///< dropped at an engine object's end
-extern std::shared_ptr<cLogicalFiles> LogicalFiles;   ///< dropped at an engine object's end
+extern std::shared_ptr<cSystem>& SystemInfo;  ///< dropped at an engine object's end
+extern std::shared_ptr<cEpcInfo>& EpcInfo;
+extern std::shared_ptr<cBusinessBasic>& SharedEngine;  ///< serves all views; empty when it failed
+extern std::shared_ptr<cLinks>& Links;                 ///< dropped at an engine object's end
+extern std::shared_ptr<cOpenFiles>& OpenFiles;         ///< dropped at an engine object's end
+extern std::shared_ptr<cLogicalFiles>& LogicalFiles;   ///< dropped at an engine object's end
 
 /// The engine object that serves all views; raises 91 when there is none.
 cBusinessBasic& sharedEngine();
