@@ -25,7 +25,7 @@ class clsWarrDetail final : public DetailBuilder {
 
  private:
   std::int32_t shopRef_ = 0;
-  bool dDisplay_ = false;
+  [[maybe_unused]] bool dDisplay_ = false;
 };
 
 }  // namespace dg
