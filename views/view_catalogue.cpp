@@ -3,8 +3,11 @@
 #include <memory>
 
 #include "views/financial/inventory.h"
+#include "views/financial/ledger_accounts.h"
+#include "views/financial/profit.h"
 #include "views/financial/recap.h"
 #include "views/financial/receivables.h"
+#include "views/financial/sales.h"
 
 namespace dg {
 
@@ -21,8 +24,12 @@ const ViewCatalogue& viewCatalogue() {
   static const ViewCatalogue catalogue = [] {
     ViewCatalogue views;
     views.add("frmAR", &make<frmAR>);
+    views.add("frmGLA", &make<frmGLA>);
+    views.add("frmGLL", &make<frmGLL>);
     views.add("frmInv", &make<frmInv>);
+    views.add("frmProfit", &make<frmProfit>);
     views.add("frmRecap", &make<frmRecap>);
+    views.add("frmSales", &make<frmSales>);
     return views;
   }();
   return catalogue;
