@@ -13,8 +13,8 @@ class TreeView final : public Control {
  public:
   struct Node {
     std::string key;
-    std::string parent;  ///< key of the parent; empty for a root
-    std::string text;
+    std::string parent = {};  ///< key of the parent; empty for a root
+    std::string text = {};
     int image = 0;          ///< index into the tree's image list, from 1
     int selectedImage = 0;  ///< the same while selected
     bool expanded = false;

@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "records/failure_log.h"
+#include "shell/main.h"
+#include "shell/options.h"
+#include "shell/recap_sheet.h"
+#include "shell/splash.h"
+#include "shell/trap.h"
+#include "shell/write_log.h"
+#include "tests/support/program_run.h"
+
+namespace dg {
+namespace {
+
+TEST(LaunchTest, AnyOtherCommandLineIsRefusedAndTouchesNothing) {
+  ProgramRun run;
+  run.openStore();
+  const ViewCatalogue none;
+  for (const char* tail :
+       {"", "7q809r21t", "7Q809R21T ", " 7Q809R21T", "7Q809R21T x", "x 7Q809R21T"}) {
+    run.messages.clear();
+    EXPECT_EQ(Main(tail, none), nullptr) << tail;
+    ASSERT_EQ(run.messages.size(), 1U);
+    EXPECT_EQ(run.messages[0].text,
+              " This application can only be started \n     from the Velmora main menu.    ");
+    EXPECT_EQ(run.messages[0].style, kInformation);
+    EXPECT_EQ(run.messages[0].title, "");
+  }
+  EXPECT_TRUE(run.shown.empty());
+  EXPECT_FALSE(run.folder.has("dgoperation.log"));
+}
+
+TEST(LogTest, EntriesAreAppendedWithTheirLineEnds) {
+  ProgramRun run;
+  logLine("one");
+  WriteLog(gsLogFile, "two");
+  logLine("three\r\nmore");
+  EXPECT_EQ(run.log(), "one\r\ntwo\r\nthree\r\nmore\r\n");
+  EXPECT_EQ(gsLogLine, "three\r\nmore");
+}
+
+TEST(LogTest, ControlCharactersOfRecordsDoNotBreakLines) {
+  ProgramRun run;
+  logLine(std::string("a\nb\rc\td\0e\x7f\xe4\r\nf", 14));
+  EXPECT_EQ(run.log(), "a b c d e \xe4\r\nf\r\n");
+}
+
+TEST(LogTest, ALogThatCannotBeWrittenLosesTheLineOfATrapOnly) {
+  ProgramRun run;
+  gsLogFile = environment().temp + "\\no such folder\\dgoperation.log";
+  logLine("*lost");
+  EXPECT_EQ(run.logged, (std::vector<std::string>{"*lost"}));
+  EXPECT_THROW(writeOperationLog("start"), RunTimeError);
+}
+
+TEST(LogTest, ASilencedLogIsStillObserved) {
+  ProgramRun run;
+  setLogEnabled(false);
+  logLine("*one");
+  EXPECT_EQ(run.log(), "");
+  EXPECT_EQ(run.logged, (std::vector<std::string>{"*one"}));
+}
+
+TEST(LogTest, FailuresAreToldInTheFormOfTheirLayer) {
+  ProgramRun run;
+  const RunTimeError error(kTypeMismatch);
+  EXPECT_EQ(shellFailureText("Error in GetOption function ", error),
+            "Error in GetOption function error # :13\r\nType mismatch");
+  EXPECT_EQ(viewFailureText("Error in frmAr GetAR routine ", error),
+            "Error in frmAr GetAR routine error # :  13  Type mismatch");
+
+  connectFailureLog();
+  reportFailure("Error in clsPart ", error);
+  EXPECT_EQ(run.log(), "*Error in clsPart error # :  13  Type mismatch\r\n");
+}
+
+TEST(TrapTest, AViewsTrapMarksAndLogsAndTellsTheCaller) {
+  ProgramRun run;
+  bool marked = false;
+  EXPECT_FALSE(trapView(
+      "Error in frmX GetX routine ", [] { throw std::bad_alloc(); },
+      [&] {
+        marked = true;
+        EXPECT_TRUE(run.logged.empty()) << "the label turns red before the log is written";
+      }));
+  EXPECT_TRUE(marked);
+  EXPECT_EQ(run.logged,
+            (std::vector<std::string>{"*Error in frmX GetX routine error # :  7  Out of memory"}));
+  EXPECT_TRUE(trapView("", [] {}));
+}
+
+TEST(SplashTest, ItsTextsStandAfterTheLoadAndComeBackAfterAKey) {
+  ProgramRun run;
+  splash().Show();
+  EXPECT_EQ(splash().lblProductName.caption(), "Dealer");
+  EXPECT_EQ(splash().Label2.caption(), "Gauge 2");
+  EXPECT_EQ(splash().lblVersion.caption(), "Version 2.5.3");
+  EXPECT_EQ(splash().lblProgress.caption(), "Connecting to Server...");
+  const std::string notice = splash().Label3.caption();
+  EXPECT_EQ(std::count(notice.begin(), notice.end(), '\n'), 2);
+  EXPECT_TRUE(notice.ends_with('\n'));
+
+  splash().dismiss();
+  EXPECT_FALSE(splash().visible());
+  int repaints = 0;
+  const Connection watch = splash().lblProgress.refreshed.connect([&] { ++repaints; });
+  showProgress("Loading A/R...");
+  EXPECT_EQ(splash().lblProgress.caption(), "Loading A/R...");
+  EXPECT_EQ(repaints, 1);
+  EXPECT_FALSE(splash().visible()) << "loaded again, but out of sight";
+}
+
+TEST(RecapSheetTest, TotalsAndErrorsAreWrittenAndRepainted) {
+  class Sheet final : public RecapSheet {
+   public:
+    Label& lblRecap(int index) override { return index == 4 ? label : other; }
+    Label label{"lblRecap(4)"};
+    Label other{"lblRecap(5)"};
+  };
+  EXPECT_THROW(writeRecap(4, ""), RunTimeError);
+  Sheet sheet;
+  setRecapSheet(&sheet);
+  int repaints = 0;
+  const Connection watch = sheet.label.refreshed.connect([&] { ++repaints; });
+  markRecapError(4);
+  EXPECT_EQ(sheet.label.caption(), "Data Error !");
+  EXPECT_EQ(sheet.label.foreColor(), 255);
+  writeRecap(4, "$1.00");
+  EXPECT_EQ(sheet.label.caption(), "$1.00");
+  EXPECT_EQ(sheet.label.foreColor(), kBlack);
+  EXPECT_EQ(repaints, 2);
+  EXPECT_EQ(sheet.other.caption(), "");
+  setRecapSheet(nullptr);
+}
+
+TEST(OptionTest, AnOptionIsACapitalYAtItsPlace) {
+  ProgramRun run;
+  std::string options = run.builder.controlFile().block(401);
+  options.replace(0, 3, "Yy ");
+  options[511] = 'Y';
+  run.builder.controlFile().setBlock(401, options);
+  run.openEngine();
+  EXPECT_TRUE(GetOption(1));
+  EXPECT_FALSE(GetOption(2));
+  EXPECT_FALSE(GetOption(3));
+  EXPECT_TRUE(GetOption(512));
+  EXPECT_FALSE(GetOption(513));
+  EXPECT_TRUE(run.logged.empty());
+  EXPECT_FALSE(GetOption(0));
+  EXPECT_EQ(run.logged, (std::vector<std::string>{"*Error in GetOption function error # :5\r\n"
+                                                  "Invalid procedure call or argument"}));
+}
+
+TEST(OptionTest, WithoutAControlFileEveryOptionIsOffAndLogged) {
+  ProgramRun run;
+  run.missing = {"FILE0"};
+  run.openEngine();
+  EXPECT_FALSE(GetOption(320));
+  EXPECT_EQ(run.log(),
+            "*Error in GetOption function error # :91\r\n"
+            "Object variable or With block variable not set\r\n");
+  EXPECT_TRUE(run.messages.empty());
+}
+
+TEST(PartNumberTest, DashesStandWhereTheMaskNamesThem) {
+  const auto formatted = [](std::string part, const std::string& mask) {
+    const std::string result = FormatPartNumber(part, mask);
+    EXPECT_EQ(part, result) << "the argument is changed as well";
+    return result;
+  };
+  EXPECT_EQ(formatted("ABCDEF", ""), "ABCDEF");
+  EXPECT_EQ(formatted("ABCDEF", "3  "), "AB-CDEF");
+  EXPECT_EQ(formatted("ABCDEF", "36"), "AB-CD-EF");
+  EXPECT_EQ(formatted("ABCDEFGHIJKLMNOPQRSTUV", "IJ"), "ABCDEFGHIJKLMNOPQ-RSTUV");
+}
+
+}  // namespace
+}  // namespace dg

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <unistd.h>
+
+namespace dg {
+
+/// A folder of a test's own, removed with all that is in it at the test's end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    static int count = 0;
+    path_ = std::filesystem::temp_directory_path() /
+            ("dg_tests-" + std::to_string(::getpid()) + "-" + std::to_string(++count));
+    std::filesystem::create_directories(path_);
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  std::string file(const std::string& name) const { return (path_ / name).string(); }
+  bool has(const std::string& name) const { return std::filesystem::exists(path_ / name); }
+
+  /// The bytes of a file in it; empty when there is none.
+  std::string read(const std::string& name) const {
+    std::ifstream stream(path_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+  void write(const std::string& name, const std::string& content) const {
+    std::ofstream(path_ / name, std::ios::binary) << content;
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace dg
