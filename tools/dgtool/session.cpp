@@ -1,0 +1,101 @@
+#include "tools/dgtool/session.h"
+
+#include <filesystem>
+
+#include "engine/catalog_configuration.h"
+#include "engine/state.h"
+#include "platform/clock.h"
+#include "shell/main.h"
+#include "shell/splash.h"
+#include "shell/write_log.h"
+
+namespace dg {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void applyOptions(const StoreOptions& options) {
+  Environment& place = environment();
+  if (!options.store.empty()) {
+    const fs::path store = fs::path(options.store);
+    if (!fs::is_directory(store)) {
+      throw UsageError("no such store: " + options.store + " is not a folder");
+    }
+    place.shareRoot = (store / "share").string();
+    place.temp = (store / "temp").string();
+    place.settingsFile = (store / "config" / "DealerGauge.ini").string();
+  }
+  if (!options.temp.empty()) place.temp = options.temp;
+  if (!options.shareRoot.empty()) place.shareRoot = options.shareRoot;
+  if (!options.computer.empty()) place.computerName = options.computer;
+  if (!options.settings.empty()) place.settingsFile = options.settings;
+  if (options.asOf) setClock(options.asOf);
+}
+
+}  // namespace
+
+Session::Session(const StoreOptions& options, const Console& console)
+    : console_(console), formerEnvironment_(environment()) {
+  applyOptions(options);
+  resetEngineState();
+  setLogFile();
+  setLogEnabled(!options.noLog);
+  setLogObserver([this](const std::string& line) {
+    if (line.starts_with('*')) failures_.push_back(line);
+  });
+  formerHandler_ =
+      setMessageBoxHandler([this](const MessageBox& box) { messages_.push_back(box); });
+}
+
+Session::~Session() {
+  if (main_) {
+    main_->Form_Unload();
+    main_.reset();
+  }
+  progress_.disconnect();
+  resetEngineState();
+  setLogObserver({});
+  setLogEnabled(true);
+  setMessageBoxHandler(std::move(formerHandler_));
+  environment() = formerEnvironment_;
+}
+
+void Session::openEngine() {
+  ReadCatalogConfiguration();
+  if (storeReachable()) return;
+  complain();
+  throw UsageError("the store cannot be reached");
+}
+
+frmTRVN& Session::load(const ViewCatalogue& catalogue, const std::vector<std::string>& views) {
+  splash().Form_Load();
+  if (console_.errIsTerminal) {
+    progress_ = splash().lblProgress.refreshed.connect([this] {
+      clearProgress();
+      console_.err << terminalText(splash().lblProgress.caption()) << std::flush;
+    });
+  }
+  main_ = std::make_unique<frmTRVN>(catalogue, views);
+  main_->Form_Load();
+  clearProgress();
+  return *main_;
+}
+
+bool Session::storeReachable() const {
+  return SharedEngine != nullptr;
+}
+
+void Session::complain() const {
+  for (const MessageBox& box : messages_) {
+    console_.complain(box.title.empty() ? box.text : box.title + ": " + box.text);
+  }
+  for (const std::string& line : failures_)
+    console_.complain(std::string_view(line).substr(1));
+}
+
+void Session::clearProgress() const {
+  if (console_.errIsTerminal) console_.err << "\r\x1B[K" << std::flush;
+}
+
+}  // namespace dg
