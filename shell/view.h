@@ -27,6 +27,13 @@ class ViewCatalogue {
   }
   /// A new view that is not loaded yet; empty when the catalogue has none of that name.
   std::unique_ptr<View> make(std::string_view name) const;
+  /// The names, in the order in which they were added.
+  std::vector<std::string> names() const {
+    std::vector<std::string> result;
+    for (const auto& entry : entries_)
+      result.push_back(entry.first);
+    return result;
+  }
 
  private:
   std::vector<std::pair<std::string, Factory>> entries_;

@@ -1,0 +1,48 @@
+#include "tools/dgtool/csv.h"
+
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "tools/dgtool/console.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::string_view kFormulaStarts = "=+-@\t\r";
+
+template <class TextOf>
+void writeRecord(std::ostream& out, const Grid& grid, TextOf&& textOf) {
+  const char* separator = "";
+  for (std::size_t i = 0; i < grid.columns().size(); ++i) {
+    if (grid.columns()[i].hidden) continue;
+    out << separator << csvCell(textOf(i));
+    separator = ",";
+  }
+  out << "\r\n";
+}
+
+}  // namespace
+
+std::string csvCell(std::string_view bytes) {
+  const bool formula = !bytes.empty() &&
+                       kFormulaStarts.find(bytes.front()) != std::string_view::npos &&
+                       !parseNumber(bytes);
+  std::string text = terminalText(bytes);
+  if (formula) text.insert(0, "'");
+  if (text.find_first_of("\",") == std::string::npos && text == trim(text)) return text;
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+void writeCsv(std::ostream& out, const Grid& grid) {
+  writeRecord(out, grid, [&](std::size_t i) { return grid.columns()[i].caption; });
+  for (const Grid::Row& row : grid.rows()) {
+    writeRecord(out, grid, [&](std::size_t i) { return row[i]; });
+  }
+}
+
+}  // namespace dg

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/form.h"
+
+namespace dg {
+
+/// A label on the sheet of a form.
+struct SheetLabel {
+  const Label* label;
+  int row;
+  int column;
+  int columnSpan;
+};
+
+/// A strip of a form from its left edge to its right: either labels in rows and columns, or one
+/// grid. Windows are written as their bands from top to bottom.
+struct Band {
+  std::string heading;  ///< caption of the frame that begins here; empty for none
+  std::vector<SheetLabel> labels;
+  const Grid* grid = nullptr;
+};
+
+/// The visible labels and grids of a form as bands. What stands nowhere on the form's sheet comes
+/// last, each label in a row of its own.
+std::vector<Band> bandsOf(const Form& form);
+
+/// A label's caption without its mnemonic doubling: "&&" is one "&". Still bytes of the code page.
+std::string labelText(const Label& label);
+
+/// What the user reads as the name of a window: the text of its title label, else its caption.
+std::string titleOf(const Form& form);
+
+}  // namespace dg

@@ -1,0 +1,146 @@
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "engine/business_basic.h"
+#include "engine/state.h"
+#include "engine/step_guard.h"
+#include "platform/checked.h"
+#include "platform/file.h"
+#include "tools/dgtool/inspect.h"
+#include "tools/dgtool/session.h"
+#include "tools/dgtool/window_json.h"
+
+namespace dg {
+
+namespace {
+
+struct KeyEntry {
+  std::string key;
+  std::int32_t record = 0;
+};
+
+/// What a walk over an index found, as far as it came.
+struct KeyList {
+  std::optional<std::int32_t> keyLength;
+  std::optional<std::int32_t> count;
+  std::vector<KeyEntry> entries;
+  std::string error;  ///< what ended the walk early; empty: nothing
+};
+
+/// More entries than this an index cannot have, whatever its damaged nodes say: those of all the
+/// blocks of its physical file.
+StepGuard guardFor(const cLogicalFile& index, std::int32_t keyLength) {
+  const std::int64_t blocks = fileLength(index.OpenFile->vbFileNumber) / kBlockSize + 1;
+  const std::int64_t perBlock = kBlockSize / (std::int64_t{std::max(keyLength, 0)} + 4) + 1;
+  return StepGuard(blocks * perBlock);
+}
+
+class KeyWalk {
+ public:
+  KeyWalk(std::shared_ptr<cLogicalFile> index, const InspectOptions& options)
+      : index_(std::move(index)), options_(options) {}
+
+  KeyList run() {
+    try {
+      bool orb = true;
+      list_.keyLength = sharedEngine().KLength(index_, orb);
+      list_.count = sharedEngine().KCount(index_, orb);
+      walk();
+    } catch (const RunTimeError& error) {
+      list_.error = error.description();
+    }
+    return std::move(list_);
+  }
+
+ private:
+  bool backwards() const { return options_.reverse; }
+
+  /// Where the walk begins. Backwards without a place to begin at is from the end.
+  void start() {
+    bool orb = true;
+    if (options_.find) {
+      key_ = *options_.find;
+      sharedEngine().KFind(index_, cursor_, key_, record_, orb);
+    } else if (options_.last || backwards()) {
+      // The last entry is looked for before the end mark, so an empty index must not be asked.
+      if (*list_.count > 0) sharedEngine().KLast(index_, cursor_, key_, record_, orb);
+    } else {
+      sharedEngine().KFind(index_, cursor_, key_, record_, orb);
+      record_ = checkedAbs(record_);
+    }
+  }
+
+  void walk() {
+    StepGuard guard = guardFor(*index_, *list_.keyLength);
+    start();
+    while (record_ != 0) {
+      if (options_.limit && std::cmp_greater_equal(list_.entries.size(), *options_.limit)) return;
+      guard.step();
+      list_.entries.push_back({key_, record_});
+      bool orb = true;
+      if (backwards()) {
+        sharedEngine().KPrev(index_, cursor_, key_, record_, orb);
+      } else {
+        sharedEngine().KNext(index_, cursor_, key_, record_, orb);
+      }
+    }
+  }
+
+  std::shared_ptr<cLogicalFile> index_;
+  const InspectOptions& options_;
+  KeyList list_;
+  std::string cursor_;
+  std::string key_;
+  std::int32_t record_ = 0;
+};
+
+template <class T>
+Json numberOrNull(const std::optional<T>& value) {
+  return value ? Json(*value) : Json(nullptr);
+}
+
+void writeJsonKeys(std::ostream& out, const std::string& name, const KeyList& list) {
+  Json entries = Json::array();
+  for (const KeyEntry& entry : list.entries) {
+    entries.push_back({{"key", hexText(entry.key)}, {"record", entry.record}});
+  }
+  Json document = {{"name", jsonText(name)},
+                   {"keyLength", numberOrNull(list.keyLength)},
+                   {"count", numberOrNull(list.count)},
+                   {"entries", std::move(entries)}};
+  if (!list.error.empty()) document["error"] = jsonText(list.error);
+  writeJson(out, document);
+}
+
+void writeTextKeys(std::ostream& out, const std::string& name, const KeyList& list) {
+  out << terminalText(name);
+  if (list.count) out << ": " << *list.count << " keys";
+  if (list.keyLength) out << " of " << *list.keyLength << " bytes";
+  out << '\n';
+  for (const KeyEntry& entry : list.entries) {
+    out << hexText(entry.key) << "  " << entry.record << "  " << terminalText(entry.key) << '\n';
+  }
+}
+
+}  // namespace
+
+int inspectKeys(const InspectOptions& options, const Console& console) {
+  Session session(options.store, console);
+  session.openEngine();
+  const auto index = openLogicalFile(options.name);
+  if (index->FileType == "L") {
+    throw UsageError(options.name + " is a file of records, not an index");
+  }
+  const KeyList list = KeyWalk(index, options).run();
+  if (options.json) {
+    writeJsonKeys(console.out, options.name, list);
+  } else {
+    writeTextKeys(console.out, options.name, list);
+  }
+  if (!list.error.empty()) console.complain(options.name + ": " + list.error);
+  session.complain();
+  return list.error.empty() && session.messages().empty() ? 0 : 1;
+}
+
+}  // namespace dg

@@ -1,0 +1,77 @@
+#include "tools/dgtool/text_report.h"
+
+#include <string>
+
+#include "platform/text.h"
+#include "shell/splash.h"
+#include "tools/dgtool/console.h"
+#include "tools/dgtool/detail_recorder.h"
+#include "tools/dgtool/form_bands.h"
+#include "tools/dgtool/form_text.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::size_t kPageWidth = 78;
+constexpr std::size_t kIndent = 4;
+
+/// "== title =====": what begins a view.
+void writeTitle(std::ostream& out, std::string_view title) {
+  const std::string text = printableBytes(title);
+  const std::size_t used = text.size() + 4;
+  out << "\n== " << utf8FromBytes(text) << ' '
+      << std::string(kPageWidth > used ? kPageWidth - used : 0, '=') << "\n\n";
+}
+
+/// Writes each window under the row that opens it.
+class DetailWriter final : public DetailVisitor {
+ public:
+  explicit DetailWriter(std::ostream& out) : out_(out) {}
+
+  void enter(const Form& window, const std::string& control, int row) override {
+    ++depth_;
+    const std::string blanks(depth_ * kIndent, ' ');
+    out_ << '\n' << blanks << "-- " << terminalText(control);
+    if (row >= 0) out_ << ", row " << row + 1;
+    out_ << ": " << terminalText(titleOf(window)) << "\n\n";
+    if (const auto caption = trim(window.caption());
+        !caption.empty() && caption != titleOf(window)) {
+      out_ << blanks << terminalText(caption) << '\n';
+    }
+    writeFormText(out_, window, depth_ * kIndent);
+  }
+  void leave() override { --depth_; }
+
+ private:
+  std::ostream& out_;
+  std::size_t depth_ = 0;
+};
+
+void writeHead(std::ostream& out, const frmTRVN& main) {
+  out << kProgramName << ' ' << versionText() << '\n';
+  const std::string store = printableBytes(main.lblStoreName.caption());
+  if (!trim(store).empty()) out << utf8FromBytes(trim(store)) << '\n';
+  std::string place;
+  for (const std::string& panel : main.sb1.panels()) {
+    if (!place.empty()) place += "   ";
+    place += panel;
+  }
+  out << terminalText(trimRight(place)) << '\n';
+}
+
+}  // namespace
+
+void writeTextReport(std::ostream& out, const frmTRVN& main, const std::vector<View*>& views,
+                     bool details) {
+  writeHead(out, main);
+  DetailWriter detailWriter(out);
+  DetailRecorder recorder(detailWriter);
+  for (View* view : views) {
+    writeTitle(out, titleOf(*view));
+    writeFormText(out, *view);
+    if (details) recorder.clickThrough(*view);
+  }
+}
+
+}  // namespace dg
