@@ -69,15 +69,13 @@ void Session::openEngine() {
 }
 
 frmTRVN& Session::load(const ViewCatalogue& catalogue, const std::vector<std::string>& views) {
-  splash().Form_Load();
   if (console_.errIsTerminal) {
     progress_ = splash().lblProgress.refreshed.connect([this] {
       clearProgress();
       console_.err << terminalText(splash().lblProgress.caption()) << std::flush;
     });
   }
-  main_ = std::make_unique<frmTRVN>(catalogue, views);
-  main_->Form_Load();
+  main_ = startProgram(catalogue, views);
   clearProgress();
   return *main_;
 }
