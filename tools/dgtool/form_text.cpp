@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <vector>
 
 #include "platform/text.h"
@@ -75,7 +76,10 @@ class LabelSheet {
       if (!box.lines.empty()) rows_[place.row].push_back(std::move(box));
     }
     measure();
+    alignCaptions();
   }
+
+  bool empty() const { return rows_.empty(); }
 
   void write(std::ostream& out, std::size_t indent) const {
     for (const auto& [row, boxes] : rows_) {
@@ -102,6 +106,20 @@ class LabelSheet {
           widths_[box.column + box.columnSpan - 1] += box.width - width;
         }
       }
+    }
+  }
+
+  /// A caption above figures stands at their edge of the column.
+  void alignCaptions() {
+    std::set<std::size_t> figures;
+    for (const auto& [row, boxes] : rows_) {
+      for (const LabelBox& box : boxes) {
+        if (box.right && box.columnSpan == 1) figures.insert(box.column);
+      }
+    }
+    for (auto& [row, boxes] : rows_) {
+      for (LabelBox& box : boxes)
+        box.right = box.right || (box.columnSpan == 1 && figures.contains(box.column));
     }
   }
 
@@ -211,12 +229,14 @@ void writeTable(std::ostream& out, const Grid& grid, std::size_t indent) {
 void writeFormText(std::ostream& out, const Form& form, std::size_t indent) {
   bool first = true;
   for (const Band& band : bandsOf(form)) {
+    const LabelSheet labels(band.labels);
+    if (band.grid == nullptr && labels.empty()) continue;
     if (!std::exchange(first, false)) out << '\n';
     if (!band.heading.empty()) writeLine(out, indent, band.heading);
     if (band.grid != nullptr) {
       writeTable(out, *band.grid, indent);
     } else {
-      LabelSheet(band.labels).write(out, indent);
+      labels.write(out, indent);
     }
   }
 }

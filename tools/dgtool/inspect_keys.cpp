@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <iomanip>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -113,13 +115,16 @@ void writeJsonKeys(std::ostream& out, const std::string& name, const KeyList& li
   writeJson(out, document);
 }
 
+constexpr int kRecordWidth = 10;
+
 void writeTextKeys(std::ostream& out, const std::string& name, const KeyList& list) {
   out << terminalText(name);
   if (list.count) out << ": " << *list.count << " keys";
   if (list.keyLength) out << " of " << *list.keyLength << " bytes";
   out << '\n';
   for (const KeyEntry& entry : list.entries) {
-    out << hexText(entry.key) << "  " << entry.record << "  " << terminalText(entry.key) << '\n';
+    out << hexText(entry.key) << std::setw(kRecordWidth) << entry.record << "  |"
+        << terminalText(entry.key) << "|\n";
   }
 }
 

@@ -42,7 +42,6 @@ class Workbook {
     header_ = workbook_add_format(book_);
     format_set_bold(header_);
     format_set_bottom(header_, LXW_BORDER_THIN);
-    format_set_text_wrap(header_);
     title_ = workbook_add_format(book_);
     format_set_bold(title_);
     failure_ = workbook_add_format(book_);
@@ -139,47 +138,77 @@ void writeCell(Workbook& book, lxw_worksheet* sheet, std::size_t row, std::size_
   writeText(sheet, row, column, text);
 }
 
-/// Captions that repeat under several group headings, told apart.
-std::string headerText(const std::string& group, const std::string& caption) {
-  return group.empty() || group == caption ? caption : group + "\n" + caption;
-}
+struct SheetColumn {
+  int index;          ///< in the grid
+  std::string group;  ///< heading over it; empty: that of the column before
+};
 
-void writeGridSheet(Workbook& book, const std::string& title, const Grid& grid) {
-  if (grid.rows().size() >= kMaxRows) {
-    throw UsageError(grid.name() + " has more rows than a sheet can hold; use --csv");
-  }
-  lxw_worksheet* sheet = book.addSheet(title);
-  std::size_t at = 0;
+std::vector<SheetColumn> sheetColumns(const Grid& grid) {
+  std::vector<SheetColumn> columns;
   std::string group;
-  bool groups = false;
   for (int i = 0; i < grid.Cols(); ++i) {
     const Grid::Column& column = grid.columns()[static_cast<std::size_t>(i)];
     if (!column.group.empty()) group = column.group;
-    if (column.hidden) continue;
-    groups = groups || !group.empty();
-    std::size_t width = std::max({kMinWidth, column.caption.size(), group.size()});
-    const std::string header =
-        utf8FromBytes(headerText(printableBytes(group), printableBytes(column.caption)));
-    worksheet_write_string(sheet, 0, static_cast<lxw_col_t>(at), header.c_str(), book.header());
-    lxw_format* numberFormat = book.number(columnLook(grid, i).format());
-    for (std::size_t row = 0; row < grid.rows().size(); ++row) {
-      const std::string& cell = grid.rows()[row][static_cast<std::size_t>(i)];
-      width = std::max(width, cell.size());
-      writeCell(book, sheet, row + 1, at, cell, column.kind, numberFormat);
-    }
-    const auto place = static_cast<lxw_col_t>(at);
-    worksheet_set_column(sheet, place, place, static_cast<double>(std::min(width, kMaxWidth) + 2),
-                         nullptr);
-    ++at;
+    if (!column.hidden) columns.push_back({i, std::exchange(group, {})});
   }
-  constexpr double kTwoLines = 30;
-  if (groups) worksheet_set_row(sheet, 0, kTwoLines, nullptr);
-  worksheet_freeze_panes(sheet, 1, 0);
-  if (at > 0 && !grid.rows().empty()) {
-    worksheet_autofilter(sheet, 0, 0, static_cast<lxw_row_t>(grid.rows().size()),
-                         static_cast<lxw_col_t>(at - 1));
+  return columns;
+}
+
+/// The headings over groups of columns, each over all of its columns.
+void writeGroups(const Workbook& book, lxw_worksheet* sheet,
+                 const std::vector<SheetColumn>& columns) {
+  for (std::size_t first = 0; first < columns.size(); ++first) {
+    if (columns[first].group.empty()) continue;
+    std::size_t last = first;
+    while (last + 1 < columns.size() && columns[last + 1].group.empty())
+      ++last;
+    writeText(sheet, 0, first, columns[first].group, book.header());
+    if (last == first) continue;
+    const std::string text = terminalText(columns[first].group);
+    worksheet_merge_range(sheet, 0, static_cast<lxw_col_t>(first), 0, static_cast<lxw_col_t>(last),
+                          text.c_str(), book.header());
   }
-  worksheet_repeat_rows(sheet, 0, 0);
+}
+
+/// Writes a column from the row of its caption on.
+void writeColumn(Workbook& book, lxw_worksheet* sheet, const Grid& grid, int index,
+                 std::size_t captionRow, std::size_t at) {
+  const Grid::Column& column = grid.columns()[static_cast<std::size_t>(index)];
+  std::size_t width = std::max(kMinWidth, column.caption.size());
+  writeText(sheet, captionRow, at, column.caption, book.header());
+  lxw_format* numberFormat = book.number(columnLook(grid, index).format());
+  std::size_t row = captionRow;
+  for (const Grid::Row& cells : grid.rows()) {
+    const std::string& cell = cells[static_cast<std::size_t>(index)];
+    width = std::max(width, cell.size());
+    writeCell(book, sheet, ++row, at, cell, column.kind, numberFormat);
+  }
+  const auto place = static_cast<lxw_col_t>(at);
+  worksheet_set_column(sheet, place, place, static_cast<double>(std::min(width, kMaxWidth) + 2),
+                       nullptr);
+}
+
+void writeGridSheet(Workbook& book, const std::string& title, const Grid& grid) {
+  if (grid.rows().size() + 2 > kMaxRows) {
+    throw UsageError(grid.name() + " has more rows than a sheet can hold; use --csv");
+  }
+  lxw_worksheet* sheet = book.addSheet(title);
+  const std::vector<SheetColumn> columns = sheetColumns(grid);
+  const bool groups =
+      std::ranges::any_of(columns, [](const SheetColumn& column) { return !column.group.empty(); });
+  if (groups) writeGroups(book, sheet, columns);
+
+  const std::size_t captionRow = groups ? 1 : 0;
+  for (std::size_t at = 0; at < columns.size(); ++at)
+    writeColumn(book, sheet, grid, columns[at].index, captionRow, at);
+
+  const auto top = static_cast<lxw_row_t>(captionRow);
+  worksheet_freeze_panes(sheet, top + 1, 0);
+  if (!columns.empty() && !grid.rows().empty()) {
+    worksheet_autofilter(sheet, top, 0, top + static_cast<lxw_row_t>(grid.rows().size()),
+                         static_cast<lxw_col_t>(columns.size() - 1));
+  }
+  worksheet_repeat_rows(sheet, 0, top);
   worksheet_set_landscape(sheet);
   worksheet_fit_to_pages(sheet, 1, 0);
 }
