@@ -5,8 +5,10 @@
 #include "views/financial/inventory.h"
 #include "views/financial/ledger_accounts.h"
 #include "views/financial/profit.h"
+#include "views/financial/purchase_orders.h"
 #include "views/financial/recap.h"
 #include "views/financial/receivables.h"
+#include "views/financial/returns.h"
 #include "views/financial/sales.h"
 
 namespace dg {
@@ -27,8 +29,10 @@ const ViewCatalogue& viewCatalogue() {
     views.add("frmGLA", &make<frmGLA>);
     views.add("frmGLL", &make<frmGLL>);
     views.add("frmInv", &make<frmInv>);
+    views.add("frmPo", &make<frmPo>);
     views.add("frmProfit", &make<frmProfit>);
     views.add("frmRecap", &make<frmRecap>);
+    views.add("frmReturn", &make<frmReturn>);
     views.add("frmSales", &make<frmSales>);
     return views;
   }();

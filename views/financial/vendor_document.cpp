@@ -1,0 +1,81 @@
+#include "views/financial/vendor_document.h"
+
+#include "engine/business_basic.h"
+#include "engine/codec.h"
+#include "engine/state.h"
+#include "platform/format.h"
+#include "platform/text.h"
+#include "records/catalogue.h"
+#include "records/index_walk.h"
+#include "shell/trap.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::int32_t kRecordLength = 38;
+constexpr std::string_view kDateMask = "##/##/##";
+
+constexpr std::size_t kKeyNameWidth = 10;
+constexpr std::int32_t kKeyStatus = 16;
+
+constexpr std::size_t kHeaderNumber = 3;
+constexpr std::size_t kHeaderNumberWidth = 8;
+constexpr std::int32_t kHeaderVendor = 11;
+constexpr std::int32_t kHeaderDate = 13;
+constexpr std::int32_t kHeaderDropShip = 17;
+constexpr std::int32_t kTotalAmount = 22;  ///< cents
+
+constexpr std::size_t kVendorName = 6;
+constexpr std::size_t kVendorNameWidth = 20;
+
+}  // namespace
+
+std::optional<VendorDocument> VendorDocument::open(const std::string& name) {
+  std::int32_t lastRecord = 0;
+  auto file = sharedEngine().PhysLogicalOpen(name, "L", kRecordLength, lastRecord);
+  if (!file) return std::nullopt;
+  return VendorDocument(std::move(file));
+}
+
+VendorDocument::~VendorDocument() {
+  if (!file_ || !SharedEngine) return;
+  suppressErrors([this] { SharedEngine->CloseFile(file_->OpenFile); });
+}
+
+std::string VendorDocument::record(std::int32_t number) const {
+  bool orb = true;
+  return sharedEngine().LreadFile(file_, number, orb);
+}
+
+VendorDocumentKey VendorDocumentKey::decode(const std::string& key) {
+  return {.kind = key.empty() ? '\0' : key.front(),
+          .name = Trun(middle(key, 1, kKeyNameWidth), true),
+          .status = Unpack('B', key, kKeyStatus)};
+}
+
+VendorDocumentHeader VendorDocumentHeader::decode(const std::string& record) {
+  return {.number = Trun(middle(record, kHeaderNumber, kHeaderNumberWidth), true),
+          .vendor = Unpack('C', record, kHeaderVendor),
+          .date = UnPackDate("D", record, kHeaderDate),
+          .dateDigits = Unpack('D', record, kHeaderDate),
+          .dropShipInvoice = Unpack('L', record, kHeaderDropShip)};
+}
+
+std::int32_t VendorDocumentHeader::dayNumber() const {
+  return Date::fromText(Format(dateDigits, kDateMask)).days() - kDayZero.days();
+}
+
+Currency vendorDocumentTotal(const std::string& record) {
+  return Currency::fromScaled(Unpack('L', record, kTotalAmount), 100);
+}
+
+std::string vendorName(std::int32_t vendor) {
+  const std::int32_t found = findExact(files::kVendorIndex, integerKey('L', vendor));
+  if (found == 0) return "Vendor not found";
+  bool orb = true;
+  const std::string record = sharedEngine().LreadFile(files::kVendors, found, orb);
+  return unpackText(middle(record, kVendorName, kVendorNameWidth));
+}
+
+}  // namespace dg

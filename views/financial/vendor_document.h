@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "engine/logical_file.h"
+#include "platform/currency.h"
+#include "platform/date.h"
+
+namespace dg {
+
+/// A purchase order or return: a small file of its own in the store directory, of 38-byte records.
+/// Record 1 is the header, 2 to 5 are comments, 6 is the total, 7 and on are lines. Closed at the
+/// object's end.
+class VendorDocument {
+ public:
+  static constexpr std::int32_t kHeaderRecord = 1;
+  static constexpr std::int32_t kFirstComment = 2;
+  static constexpr std::int32_t kLastComment = 5;
+  static constexpr std::int32_t kTotalRecord = 6;
+  static constexpr std::int32_t kFirstLine = 7;
+
+  /// Nothing when the file is missing or cannot be opened.
+  static std::optional<VendorDocument> open(const std::string& name);
+  VendorDocument(VendorDocument&&) noexcept = default;
+  VendorDocument& operator=(VendorDocument&&) noexcept = default;
+  ~VendorDocument();
+
+  /// Highest record number, from the file's length.
+  std::int32_t lastRecord() const { return file_->LastRecord; }
+  /// A record's bytes; raises 81 beyond the file's length.
+  std::string record(std::int32_t number) const;
+
+ private:
+  explicit VendorDocument(std::shared_ptr<cLogicalFile> file) : file_(std::move(file)) {}
+
+  std::shared_ptr<cLogicalFile> file_;
+};
+
+/// An entry of the index over all documents of a kind, decoded from its 16-byte key.
+struct VendorDocumentKey {
+  char kind = '\0';         ///< first letter of the name: "V" purchase order, "R" return
+  std::string name;         ///< of the document's file
+  std::int32_t status = 0;  ///< 0 to 255
+
+  static VendorDocumentKey decode(const std::string& key);
+};
+
+/// The header of a document, decoded from its record 1.
+struct VendorDocumentHeader {
+  std::string number;  ///< order or return number
+  std::int32_t vendor = 0;
+  Date date;                         ///< the empty date when the digits are none
+  std::int32_t dateDigits = 0;       ///< MMDDYY, as stored
+  std::int32_t dropShipInvoice = 0;  ///< 0 for none
+
+  static VendorDocumentHeader decode(const std::string& record);
+  /// Days from the suite's day zero to the date that the digits show; raises 13 when they are none.
+  std::int32_t dayNumber() const;
+};
+
+/// The total in a document's record 6.
+Currency vendorDocumentTotal(const std::string& record);
+
+/// A vendor's name from "VNDRL", or "Vendor not found". Raises what the engine raises.
+std::string vendorName(std::int32_t vendor);
+
+}  // namespace dg
