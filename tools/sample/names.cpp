@@ -90,8 +90,9 @@ std::string digits(Random& random, int count) {
 }  // namespace
 
 std::string dealershipName(Random& random) {
-  return joined(random.pick(kLastNames), random.pick(kBusinesses)) + " OF " +
-         std::string(random.pick(kTowns));
+  const Words owner = lastName(random);
+  const std::string business = joined(owner, random.pick(kBusinesses));
+  return joined(business + " OF", townName(random));
 }
 
 std::string_view firstName(Random& random) {
@@ -130,7 +131,8 @@ std::string zipCode(Random& random) {
 }
 
 std::string phoneNumber(Random& random) {
-  return std::to_string(random.between(201, 989)) + "55501" + digits(random, 2);
+  const std::string area = std::to_string(random.between(201, 989));
+  return area + "55501" + digits(random, 2);
 }
 
 std::string partDescription(Random& random) {

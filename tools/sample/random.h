@@ -10,6 +10,9 @@ namespace dg::sample {
 
 /// A stream of random numbers that is the same on every machine: splitmix64, and helpers that use
 /// integers only. The library's own distributions differ from one library to the next.
+///
+/// Draw once in an expression: the order in which a call's arguments are worked out is the
+/// compiler's choice.
 class Random {
  public:
   /// The stream of a seed and a name. Streams of different names have nothing to do with each

@@ -49,14 +49,32 @@ std::vector<std::string> lineCodes(Random& random) {
   return codes;
 }
 
-/// An amount in cents of stock: most lines hold some thousands, a few nothing, a few more than the
-/// mask has places for, and a few are negative.
-std::int32_t merchandise(Random& random) {
-  const int kind = random.between(1, 100);
-  if (kind <= 8) return 0;
-  if (kind <= 12) return -random.between(1, 250'000);
-  if (kind <= 15) return random.between(100'000'000, 900'000'000);
-  return random.between(25'000, 9'000'000);
+/// Kinds of stock and of a period's sales. The first lines go through all of them, so that every
+/// store has each; later ones draw from a list in which the usual kind stands most often.
+enum class Stock { kNone, kNegative, kLarge, kUsual };
+enum class Sales { kNone, kReturns, kAtLoss, kUsual };
+constexpr std::size_t kKinds = 4;
+constexpr int kUsualPercent = 80;
+
+template <class Kind>
+Kind kindFor(Random& random, std::size_t line) {
+  if (line < kKinds) return static_cast<Kind>(line);
+  if (random.chance(kUsualPercent)) return Kind::kUsual;
+  return static_cast<Kind>(random.below(kKinds));
+}
+
+/// The cost of what is in stock, in cents.
+std::int32_t merchandise(Random& random, Stock kind) {
+  switch (kind) {
+    case Stock::kNone:
+      return 0;
+    case Stock::kNegative:
+      return -random.between(1, 250'000);
+    case Stock::kLarge:
+      return random.between(100'000'000, 900'000'000);
+    default:
+      return random.between(25'000, 9'000'000);
+  }
 }
 
 struct Period {
@@ -65,15 +83,15 @@ struct Period {
   std::int32_t cost;
 };
 
-/// Sales of a period with their cost: mostly at a profit, some at a loss, some none or returns.
-Period period(Random& random, std::int32_t most) {
-  const int kind = random.between(1, 100);
-  if (kind <= 8) return {0, 0, 0};
+/// Sales of a period with their cost, in cents.
+Period period(Random& random, Sales kind, std::int32_t most) {
+  if (kind == Sales::kNone) return {0, 0, 0};
   std::int32_t sales = random.between(500, most);
-  if (kind <= 11) sales = -sales / 20;
-  const std::int32_t costPercent = kind <= 16 ? random.between(101, 140) : random.between(55, 95);
+  if (kind == Sales::kReturns) sales = -sales / 20;
+  const std::int32_t costPercent =
+      kind == Sales::kAtLoss ? random.between(101, 140) : random.between(55, 95);
   const auto cost = static_cast<std::int32_t>(std::int64_t{sales} * costPercent / 100);
-  return {random.between(1, 400), sales, cost + random.between(0, 9)};
+  return {random.between(1, 400), sales, cost};
 }
 
 void putPeriod(RecordWriter& record, int position, const Period& period) {
@@ -99,8 +117,9 @@ void putPriceDefinitions(RecordWriter& record, Random& random) {
   }
 }
 
+/// `place` counts the lines in the order in which they are made.
 std::string lineRecord(Random& random, const SampleOptions& options, const SampleLine& line,
-                       std::string_view commodities, int length) {
+                       std::size_t place, std::string_view commodities, int length) {
   RecordWriter record(length);
   record.integer(1, 'J', 1)
       .integer(3, 'C', line.number)
@@ -111,11 +130,11 @@ std::string lineRecord(Random& random, const SampleOptions& options, const Sampl
       .raw(39, 6, "ANAN")
       .raw(45, 6, "PRIOR");
   putPriceDefinitions(record, random);
-  const std::int32_t stock = merchandise(random);
+  const std::int32_t stock = merchandise(random, kindFor<Stock>(random, place));
   record.integer(75, 'L', stock).integer(79, 'L', stock / 50);
-  putPeriod(record, 83, period(random, 1'500'000));
-  putPeriod(record, 95, period(random, 15'000'000));
-  putPeriod(record, 107, period(random, 18'000'000));
+  putPeriod(record, 83, period(random, kindFor<Sales>(random, place), 1'500'000));
+  putPeriod(record, 95, period(random, kindFor<Sales>(random, place), 15'000'000));
+  putPeriod(record, 107, period(random, kindFor<Sales>(random, place), 18'000'000));
   record.integer(119, 'C', random.between(0, 60))
       .raw(121, 1, "Y")
       .integer(122, 'C', random.between(0, 15))
@@ -171,7 +190,7 @@ void addLines(StoreBuilder& builder, Random& random, const SampleOptions& option
     if (i < kKnownTypes.size()) line.type = kKnownTypes[i];
     const std::string commodities = commodityCodes(random);
     line.record =
-        records.add(lineRecord(random, options, line, commodities, records.recordLength()));
+        records.add(lineRecord(random, options, line, i, commodities, records.recordLength()));
     byNumber.add(integerKey('C', line.number, 2), line.record);
     // The first code stands in the record and comes from there; the index holds the others.
     for (const char code : commodities.substr(1)) {
