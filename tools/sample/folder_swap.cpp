@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPathAccessError = 75;
-
 [[noreturn]] void raise(const std::error_code& error) {
   if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
       error == std::errc::read_only_file_system) {
@@ -22,7 +20,7 @@ constexpr int kPathAccessError = 75;
   if (error == std::errc::no_such_file_or_directory) throw RunTimeError(kPathNotFound);
   if (error == std::errc::no_space_on_device) throw RunTimeError(kDiskFull);
   if (error == std::errc::io_error) throw RunTimeError(kDeviceIoError);
-  throw RunTimeError(kPathAccessError);
+  throw RunTimeError(kPathFileAccess);
 }
 
 void requireNone(const std::error_code& error) {
@@ -69,7 +67,7 @@ FolderSwap::FolderSwap(const std::string& folder) {
   if (fs::exists(status)) {
     const bool replaceable =
         fs::is_directory(status) && (fs::is_empty(target_, error) || isExampleStore(target_));
-    if (!replaceable || !target_.has_relative_path()) throw RunTimeError(kPathAccessError);
+    if (!replaceable || !target_.has_relative_path()) throw RunTimeError(kPathFileAccess);
   }
   staging_ = unusedSibling(target_, ".part");
   fs::create_directories(staging_, error);

@@ -12,6 +12,8 @@ class Random;
 struct IndexEntry {
   std::string key;
   std::int32_t record = 0;
+
+  bool operator==(const IndexEntry&) const = default;
 };
 
 /// What the shape of an index depends on.
