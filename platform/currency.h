@@ -50,7 +50,10 @@ class Currency {
   Currency& operator-=(Currency other);
   friend Currency operator+(Currency a, Currency b) { return a += b; }
   friend Currency operator-(Currency a, Currency b) { return a -= b; }
-  constexpr auto operator<=>(const Currency&) const = default;
+  constexpr bool operator==(const Currency&) const = default;
+  constexpr std::strong_ordering operator<=>(const Currency& other) const {
+    return value_ <=> other.value_;
+  }
 
  private:
   std::int64_t value_ = 0;

@@ -48,7 +48,10 @@ class Date {
   /// "yyyy-mm-dd".
   std::string isoText() const;
 
-  constexpr auto operator<=>(const Date&) const = default;
+  constexpr bool operator==(const Date&) const = default;
+  constexpr std::strong_ordering operator<=>(const Date& other) const {
+    return days_ != other.days_ ? days_ <=> other.days_ : seconds_ <=> other.seconds_;
+  }
 
  private:
   std::int32_t days_ = 0;

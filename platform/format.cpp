@@ -109,7 +109,7 @@ std::string formatDecimal(Decimal value, const Mask& mask) {
   return out;
 }
 
-std::string currencyStyle(Decimal value) {
+std::string currencyStyle(const Decimal& value) {
   std::string text = formatDecimal(value, Mask("$#,##0.00"));
   if (text.front() != '-') return text;
   text.front() = '(';
