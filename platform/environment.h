@@ -7,7 +7,7 @@
 namespace dg {
 
 /// Where this process finds what lies outside it. Filled once at start-up from the environment, and
-/// changed only by options that stand in for the variables. Folders have no closing separator.
+/// changed only by options that stand in for the variables.
 struct Environment {
   std::string temp;          ///< value of "TEMP": directory of the log and the catalog file
   std::string shareRoot;     ///< folder that holds server/share/...; unused on Windows

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "platform/file.h"
@@ -22,7 +21,7 @@ class MemoryFile final : public File {
     if (offset < 0) throw RunTimeError(kBadRecordNumber);
     const std::size_t begin = std::min(static_cast<std::size_t>(offset), content_->size());
     const std::size_t available = std::min(count, content_->size() - begin);
-    if (available > 0) std::memcpy(buffer, content_->data() + begin, available);
+    content_->copy(buffer, available, begin);
     ReadStatistics& statistics = readStatistics();
     ++statistics.calls;
     statistics.bytes += available;
@@ -39,7 +38,7 @@ class MemoryFile final : public File {
     if (data.empty()) return;
     const auto begin = static_cast<std::size_t>(offset);
     if (content_->size() < begin + data.size()) content_->resize(begin + data.size(), '\0');
-    std::memcpy(content_->data() + begin, data.data(), data.size());
+    content_->replace(begin, data.size(), data);
   }
 
   std::int64_t size() override { return static_cast<std::int64_t>(content_->size()); }

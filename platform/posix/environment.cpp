@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "platform/file.h"
+#include "platform/system_environment.h"
 
 namespace dg {
 
@@ -27,7 +28,7 @@ std::string hostName() {
 }
 
 std::string homeFolder() {
-  const std::string home = variable("HOME");
+  std::string home = variable("HOME");
   if (!home.empty()) return home;
   const passwd* user = ::getpwuid(::getuid());
   return user && user->pw_dir ? user->pw_dir : "";
@@ -44,20 +45,15 @@ std::string settingsFile() {
   return folder + "/DealerGauge.ini";
 }
 
-Environment fromSystem() {
+}  // namespace
+
+Environment environmentFromSystem() {
   Environment found;
   found.temp = firstSet(firstSet(variable("TEMP"), variable("TMPDIR")), "/tmp");
   found.shareRoot = variable("DG_SHARE_ROOT");
   found.computerName = firstSet(variable("COMPUTERNAME"), hostName());
   found.settingsFile = settingsFile();
   return found;
-}
-
-}  // namespace
-
-Environment& environment() {
-  static Environment current = fromSystem();
-  return current;
 }
 
 bool shareIsReachable(const std::string& root) {

@@ -23,18 +23,22 @@ bool exists(const std::string& native) {
 }
 
 /// The directory's entry of that name without regard to case; of several the first in byte order,
-/// so that the answer does not depend on the directory's own order. The name itself when there is
+/// so that the answer does not depend on the directory's own order. The program's names are bytes
+/// of the code page, a directory's usually UTF-8, so either is met. The name itself when there is
 /// none.
 std::string entryIgnoringCase(const std::string& directory, const std::string& name) {
   struct Closer {
     void operator()(DIR* open) const { ::closedir(open); }
   };
   const std::unique_ptr<DIR, Closer> open(::opendir(directory.c_str()));
+  const std::string unicodeName = utf8FromBytes(name);
   std::optional<std::string> found;
   if (open) {
     while (const dirent* entry = ::readdir(open.get())) {
       const std::string_view candidate = entry->d_name;
-      if (!equalIgnoringCase(candidate, name)) continue;
+      if (!equalIgnoringCase(candidate, name) && !equalIgnoringCase(candidate, unicodeName)) {
+        continue;
+      }
       if (!found || candidate < *found) found = candidate;
     }
   }
@@ -49,9 +53,9 @@ std::string resolveNames(const std::string& root, const std::vector<std::string>
 
   std::string resolved = root;
   for (const std::string& name : names) {
-    std::string next = resolved + "/" + name;
-    if (!exists(next)) next = resolved + "/" + entryIgnoringCase(resolved, name);
-    resolved = std::move(next);
+    const bool isThere = exists(resolved + "/" + name);
+    const std::string entry = isThere ? name : entryIgnoringCase(resolved, name);
+    resolved.append("/").append(entry);
   }
   return resolved;
 }

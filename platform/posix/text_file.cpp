@@ -84,13 +84,15 @@ void appendText(const std::string& path, std::string_view text) {
   const std::optional<std::string> native = nativePath(path);
   if (!native) throw RunTimeError(kPathNotFound);
 
-  // Without waiting: a pipe that nobody reads is refused.
-  const Descriptor descriptor =
-      openDescriptor(native->c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK, 0666);
-  if (!descriptor.isOpen()) throw RunTimeError(creationErrorNumber(errno));
+  // Asked before the open, which would wait for ever for the other end of a pipe.
   struct stat status = {};
-  if (::fstat(descriptor.get(), &status) != 0) throw RunTimeError(kDeviceIoError);
-  if (!S_ISREG(status.st_mode) && !S_ISCHR(status.st_mode)) throw RunTimeError(kPathFileAccess);
+  if (::stat(native->c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
+      !S_ISCHR(status.st_mode)) {
+    throw RunTimeError(kPathFileAccess);
+  }
+  const Descriptor descriptor =
+      openDescriptor(native->c_str(), O_WRONLY | O_APPEND | O_CREAT, 0666);
+  if (!descriptor.isOpen()) throw RunTimeError(creationErrorNumber(errno));
   writeFully(descriptor.get(), text);
 }
 

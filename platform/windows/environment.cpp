@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "platform/file.h"
+#include "platform/system_environment.h"
 
 namespace dg {
 
@@ -33,18 +34,13 @@ std::string systemComputerName() {
   return ::GetComputerNameA(name.data(), &size) ? std::string(name.data(), size) : std::string();
 }
 
-Environment fromSystem() {
+}  // namespace
+
+Environment environmentFromSystem() {
   Environment found;
   found.temp = temporaryFolder();
   found.computerName = systemComputerName();
   return found;
-}
-
-}  // namespace
-
-Environment& environment() {
-  static Environment current = fromSystem();
-  return current;
 }
 
 bool shareIsReachable(const std::string& root) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace dg {
 
@@ -33,8 +35,20 @@ class TemporaryFolder {
     std::ifstream stream(path_ / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
   }
-  void write(const std::string& name, const std::string& content) const {
+  /// Writes a file, with the folders on the way to it; returns its path.
+  std::string write(const std::string& name, const std::string& content) const {
+    std::filesystem::create_directories((path_ / name).parent_path());
     std::ofstream(path_ / name, std::ios::binary) << content;
+    return file(name);
+  }
+  /// The names in it, or in a folder below it, sorted.
+  std::vector<std::string> names(const std::string& folder = ".") const {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(path_ / folder)) {
+      found.push_back(entry.path().filename().string());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
   }
 
  private:
