@@ -13,7 +13,6 @@ namespace dg {
 namespace {
 
 using namespace std::string_literals;
-using testing::errorNumber;
 
 constexpr char kFile[] = "\\\\srv\\VLMRLNK\\lnk\\FILE0";
 
@@ -29,13 +28,13 @@ class Files : public ::testing::TestWithParam<bool> {
       memory = std::make_unique<MemoryFileSystem>();
       memory->add(kFile, kContent);
     }
-    files_ = std::make_unique<testing::FileSystemScope>(std::move(memory));
+    files_ = std::make_unique<FileSystemScope>(std::move(memory));
   }
 
   const std::string kContent = "0123456789";
-  testing::EnvironmentScope environment_;
+  EnvironmentScope environment_;
   TemporaryFolder folder_;
-  std::unique_ptr<testing::FileSystemScope> files_;
+  std::unique_ptr<FileSystemScope> files_;
 };
 
 INSTANTIATE_TEST_SUITE_P(Both, Files, ::testing::Bool(),
@@ -138,7 +137,7 @@ TEST_P(Files, NumbersAreGivenOutAndTakenBack) {
 TEST(NumberedFiles, EndAfter511) {
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(kFile, "");
-  const testing::FileSystemScope scope(std::move(memory));
+  const FileSystemScope scope(std::move(memory));
   for (std::int32_t number = 1; number <= 511; ++number) {
     ASSERT_EQ(FreeFile(), number);
     openNumbered(number, kFile, FileAccess::kRead);
@@ -168,7 +167,7 @@ TEST(MemoryFiles, ADamagedOffsetDoesNotFillTheMemory) {
 TEST(FaultyFiles, OneReadFailsThenTheLineIsBack) {
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(kFile, "0123");
-  testing::FaultyFileSystem faulty(std::move(memory));
+  FaultyFileSystem faulty(std::move(memory));
   const auto file = faulty.open(kFile, FileAccess::kRead);
   char buffer[4];
   faulty.failAfter(1);

@@ -16,7 +16,6 @@ namespace dg {
 namespace {
 
 using namespace std::string_literals;
-using testing::errorNumber;
 
 class SharePaths : public ::testing::Test {
  protected:
@@ -33,7 +32,7 @@ class SharePaths : public ::testing::Test {
     return number == 0 ? content : "!" + std::to_string(number);
   }
 
-  testing::EnvironmentScope environment_;
+  EnvironmentScope environment_;
   TemporaryFolder folder_;
 };
 

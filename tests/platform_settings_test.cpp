@@ -15,7 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
-using testing::errorNumber;
 
 TEST(IniValue, FollowsTheRulesOfPrivateProfiles) {
   struct Case {
@@ -107,7 +106,7 @@ TEST(GetPrivateProfileString, CutsAtTheBufferAndGivesNothingForWhatIsAbsent) {
   const std::string path = "/tmp\\cQTCatalog.ini";
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(path, "[eZ-Lines]\r\nServer=" + std::string(150, 's') + "\r\nDirectory=lnk001\r\n");
-  const testing::FileSystemScope scope(std::move(memory));
+  const FileSystemScope scope(std::move(memory));
   EXPECT_EQ(GetPrivateProfileString("eZ-Lines", "Server", 100, path), std::string(99, 's'));
   EXPECT_EQ(GetPrivateProfileString("EZ-LINES", "directory", 100, path), "lnk001");
   EXPECT_EQ(GetPrivateProfileString("eZ-Lines", "Directory", 7, path), "lnk001");
@@ -127,7 +126,7 @@ class Settings : public ::testing::Test {
     return errorNumber([&] { SaveSetting("DealerGauge", "Asset", "Accounts", value); });
   }
 
-  testing::EnvironmentScope environment_;
+  EnvironmentScope environment_;
   TemporaryFolder folder_;
 };
 

@@ -17,14 +17,13 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
-using testing::errorNumber;
 
 constexpr char kPath[] = "\\\\srv\\VLMRLNK\\ttymap";
 
 std::vector<std::string> linesOf(const std::string& content) {
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(kPath, content);
-  const testing::FileSystemScope scope(std::move(memory));
+  const FileSystemScope scope(std::move(memory));
   TextReader reader(kPath);
   std::vector<std::string> lines;
   while (!reader.AtEndOfStream())
@@ -46,9 +45,9 @@ TEST(TextReader, SplitsAtEveryKindOfLineEnd) {
 TEST(TextReader, RaisesWhenTheFileCannotBeReadWhole) {
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(kPath, "PC7 12\n");
-  auto faulty = std::make_unique<testing::FaultyFileSystem>(std::move(memory));
+  auto faulty = std::make_unique<FaultyFileSystem>(std::move(memory));
   faulty->failAfter(0);
-  const testing::FileSystemScope scope(std::move(faulty));
+  const FileSystemScope scope(std::move(faulty));
   EXPECT_EQ(errorNumber([] { TextReader reader(kPath); }), 57);
   EXPECT_EQ(errorNumber([] { TextReader reader("\\\\srv\\VLMRLNK\\none"); }), 53);
 }
@@ -78,7 +77,7 @@ TEST(AppendText, CreatesThenAppends) {
 }
 
 TEST(AppendText, FailsWhereThereIsNoPlaceForTheFile) {
-  const testing::EnvironmentScope environmentScope;
+  const EnvironmentScope environmentScope;
   const TemporaryFolder folder;
   folder.write("file", "kept");
   folder.write("root/srv/VLMRLNK/lnk/FILE0", "kept");

@@ -2,7 +2,7 @@
 
 #include "platform/run_time_error.h"
 
-namespace dg::testing {
+namespace dg {
 
 /// The number of the run-time error that `action` raises; 0 when it raises none.
 template <typename Action>
@@ -15,4 +15,4 @@ int errorNumber(Action&& action) {
   return 0;
 }
 
-}  // namespace dg::testing
+}  // namespace dg

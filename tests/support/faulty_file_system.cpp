@@ -4,7 +4,7 @@
 
 #include "platform/run_time_error.h"
 
-namespace dg::testing {
+namespace dg {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::unique_ptr<File> FaultyFileSystem::open(const std::string& path, FileAccess
   return std::make_unique<FaultyFile>(inner_->open(path, access), state_);
 }
 
-}  // namespace dg::testing
+}  // namespace dg

@@ -5,7 +5,7 @@
 
 #include "platform/file.h"
 
-namespace dg::testing {
+namespace dg {
 
 /// Passes everything on to another file system, and lets one read fail as a broken line to the
 /// share does: the n-th from now, over all files.
@@ -35,4 +35,4 @@ class FaultyFileSystem final : public FileSystem {
   std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
-}  // namespace dg::testing
+}  // namespace dg

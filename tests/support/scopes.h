@@ -6,7 +6,7 @@
 #include "platform/environment.h"
 #include "platform/file.h"
 
-namespace dg::testing {
+namespace dg {
 
 /// Puts the process's environment back at the end of a test that changes it.
 class EnvironmentScope {
@@ -33,4 +33,4 @@ class FileSystemScope {
   std::unique_ptr<FileSystem> former_;
 };
 
-}  // namespace dg::testing
+}  // namespace dg
