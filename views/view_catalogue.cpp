@@ -10,6 +10,11 @@
 #include "views/financial/receivables.h"
 #include "views/financial/returns.h"
 #include "views/financial/sales.h"
+#include "views/operational/floor_plan.h"
+#include "views/operational/open_sales.h"
+#include "views/operational/shop.h"
+#include "views/operational/units.h"
+#include "views/operational/warranty.h"
 
 namespace dg {
 
@@ -26,14 +31,20 @@ const ViewCatalogue& viewCatalogue() {
   static const ViewCatalogue catalogue = [] {
     ViewCatalogue views;
     views.add("frmAR", &make<frmAR>);
+    views.add("frmFp", &make<frmFp>);
     views.add("frmGLA", &make<frmGLA>);
     views.add("frmGLL", &make<frmGLL>);
     views.add("frmInv", &make<frmInv>);
+    views.add("frmOpenSales", &make<frmOpenSales>);
     views.add("frmPo", &make<frmPo>);
     views.add("frmProfit", &make<frmProfit>);
     views.add("frmRecap", &make<frmRecap>);
     views.add("frmReturn", &make<frmReturn>);
     views.add("frmSales", &make<frmSales>);
+    views.add("frmShop", &make<frmShop>);
+    views.add("frmUnits", &make<frmUnits>);
+    views.add("frmWarSeg", &make<frmWarSeg>);
+    views.add("frmWarranty", &make<frmWarranty>);
     return views;
   }();
   return catalogue;

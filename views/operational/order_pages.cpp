@@ -1,0 +1,47 @@
+#include "views/operational/order_pages.h"
+
+#include <utility>
+
+#include "engine/step_guard.h"
+#include "platform/checked.h"
+#include "platform/format.h"
+#include "records/catalogue.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::int32_t kFirstFollowingPage = 2;
+constexpr std::string_view kDateMask = "##/##/##";
+
+PageRecord nextPage(const PageRecord& page) {
+  return PageRecord::read(files::kInvoices, checkedAbs(page.link()));
+}
+
+}  // namespace
+
+PageRecord firstPage(PageRecord page) {
+  StepGuard guard(recordCount(files::kInvoices));
+  while (page.pageNumber() >= kFirstFollowingPage) {
+    guard.step();
+    page = nextPage(page);
+  }
+  return page;
+}
+
+std::int32_t ItemCount(PageRecord page) {
+  StepGuard guard(recordCount(files::kInvoices));
+  std::int32_t count = page.lineCount();
+  while (page.pageNumber() >= kFirstFollowingPage) {
+    guard.step();
+    page = nextPage(page);
+    count = checkedAdd(count, page.lineCount());
+  }
+  return count;
+}
+
+std::string orderDateText(std::int32_t number) {
+  return Format(number, kDateMask);
+}
+
+}  // namespace dg

@@ -1,0 +1,185 @@
+#include "views/operational/shop.h"
+
+#include <string_view>
+
+#include "engine/business_basic.h"
+#include "engine/codec.h"
+#include "engine/state.h"
+#include "platform/convert.h"
+#include "platform/format.h"
+#include "platform/text.h"
+#include "records/catalogue.h"
+#include "shell/main_window.h"
+#include "shell/options.h"
+#include "shell/recap_sheet.h"
+#include "shell/sort_grid.h"
+#include "shell/splash.h"
+#include "shell/trap.h"
+#include "views/operational/customer_lookup.h"
+#include "views/operational/shop_window.h"
+
+namespace dg {
+
+namespace {
+
+constexpr int kRecapShop = 3;
+constexpr std::string_view kTotalMask = "$#,###,###.00";
+constexpr std::string_view kSubTotalMask = "$##,###.00";
+
+// The job table: two ranges of blocks of the control file, 128 four-byte slots in each.
+constexpr std::int32_t kFirstBlock = 451;
+constexpr std::int32_t kEndOfFirstRange = 459;
+constexpr std::int32_t kSecondRange = 501;
+constexpr std::int32_t kLastBlock = 571;
+constexpr std::int32_t kSlotsPerBlock = 128;
+constexpr std::int32_t kSlotWidth = 4;
+constexpr std::int32_t kFirstJobOfSecondRange = 1000;
+
+// The names of the open statuses "1" to "5".
+constexpr std::int32_t kStatusNameBlock = 450;
+constexpr std::size_t kStatusNamePosition = 432;
+constexpr std::size_t kStatusNameWidth = 15;
+
+constexpr std::string_view kBilled = "B";
+constexpr std::string_view kComplete = "C";
+
+// Raw day numbers of the job record, for the hidden sort columns.
+constexpr std::int32_t kDateCompletedPosition = 93;
+constexpr std::int32_t kDateInPosition = 95;
+
+constexpr ColumnSpec kColumns[] = {
+    {.name = "Job #", .kind = ColumnKind::kNumber, .button = true},
+    {.name = "Status", .caption = "Status - Cat"},
+    {.name = "Shop Ref #", .kind = ColumnKind::kNumber},
+    {.name = "Request", .kind = ColumnKind::kNumber},
+    {.name = "Account", .caption = "Cust #", .kind = ColumnKind::kNumber},
+    {.name = "Name"},
+    {.name = "CM", .kind = ColumnKind::kNumber},
+    {.name = "Date In", .kind = ColumnKind::kDate},
+    {.name = "Date Comp", .kind = ColumnKind::kDate},
+    {.name = "Sub-Total", .kind = ColumnKind::kMoney},
+    {.name = "Warranty"},
+    {.name = "Brand"},
+    {.name = "ndateIn", .caption = "ndate", .kind = ColumnKind::kNumber, .hidden = true},
+    {.name = "ndateComp", .kind = ColumnKind::kNumber, .hidden = true},
+};
+
+// Made before the column "Request" stood at index 3: from there on a click sorts by the column to
+// the left of the one that was clicked.
+constexpr HeadSort kHeadSorts[] = {
+    {"Job #"},   {"Status", true}, {"Shop Ref #"}, {"Account"},        {"Name", true},  {"CM"},
+    {"ndateIn"}, {"ndateComp"},    {"Sub-Total"},  {"Warranty", true}, {"Brand", true},
+};
+
+constexpr Place kSheet[] = {
+    {.control = "lblTitle", .row = 0},
+    {.control = "grdShop", .row = 1},
+};
+
+std::string readControlBlock(std::int32_t block) {
+  bool orb = true;
+  return sharedEngine().BlockReadFile(files::kControlFile, block, orb);
+}
+
+std::int32_t slot(const std::string& block, std::int32_t index) {
+  return Unpack('L', block, 1 + kSlotWidth * index);
+}
+
+/// The status column's text for a job's status byte.
+std::string statusText(const std::string& status, const std::string& names) {
+  if (status >= "1" && status <= "5") {
+    const auto number = static_cast<std::size_t>(status.front() - '1');
+    const std::string_view name =
+        middle(names, kStatusNamePosition + number * kStatusNameWidth, kStatusNameWidth);
+    return name.empty() ? "Open" : "Open-" + std::string(name);
+  }
+  if (status == "O") return "Open";
+  if (status == "S") return "Scratch";
+  if (status == kComplete) return "Complete";
+  if (status == kBilled) return "Billed";
+  return "No status";
+}
+
+}  // namespace
+
+frmShop::frmShop()
+    : View("frmShop", "Open Shop Jobs"),
+      grdShop((add<Label>("lblTitle", "Open Shop Jobs", LabelRole::kTitle),
+               add<Grid>("grdShop", kColumns))) {
+  grdShop.onHeadClick = [this](int column) { sortByHead(grdShop, column, kHeadSorts); };
+  grdShop.onRowClick = [this](int row) { grdShop_BtnClick(row); };
+  setSheet(kSheet);
+}
+
+void frmShop::Form_Load() {
+  trapView(
+      "Error in frmShop GetShopData routine ", [this] { GetShopData(); },
+      [] { markRecapError(kRecapShop); });
+}
+
+void frmShop::GetShopData() {
+  showProgress("Loading Open Shop Jobs...");
+  WarrantySegments = GetOption(kWarrantyOption);
+  const std::string statusNames = readControlBlock(kStatusNameBlock);
+  Currency total;
+  clsShop job;  // used for all jobs: what it keeps from one record shows in the next
+  for (std::int32_t block = kFirstBlock; block <= kLastBlock; ++block) {
+    if (block == kEndOfFirstRange) block = kSecondRange;
+    const std::string slots = readControlBlock(block);
+    for (std::int32_t index = 0; index < kSlotsPerBlock; ++index) {
+      const std::int32_t recordNumber = slot(slots, index);
+      if (recordNumber < 1) continue;
+      bool orb = true;
+      const std::string record = sharedEngine().LreadFile(files::kInvoices, recordNumber, orb);
+      job.Unpack(record);
+      if (job.Status == kBilled) continue;
+      grdShop.AddNew();
+      addJob(job, record, statusNames);
+      total += job.Sub_Total;
+      grdShop.Update();
+    }
+  }
+  grdShop.MoveFirst();
+  writeRecap(kRecapShop, Format(total, kTotalMask));
+}
+
+void frmShop::addJob(const clsShop& job, const std::string& record,
+                     const std::string& statusNames) {
+  grdShop.set("Job #", job.JobNumber);
+  grdShop.set("Shop Ref #", job.ShopReference);
+  grdShop.set("Account", job.Account);
+  grdShop.set("Name", customerName(job.Account));
+  grdShop.set("CM", job.Counterman);
+  grdShop.set("Date In", job.DateCheckedIn);
+  grdShop.set("ndateIn", Unpack('C', record, kDateInPosition));
+  grdShop.set("Sub-Total", Format(job.Sub_Total, kSubTotalMask));
+  grdShop.set("Status", statusText(job.Status, statusNames));
+  grdShop.set("Brand", job.RepairBrand);
+  if (job.Status == kBilled || job.Status == kComplete) {
+    grdShop.set("Date Comp", job.DateCompleted);
+    grdShop.set("ndateComp", Unpack('C', record, kDateCompletedPosition));
+  } else {
+    grdShop.set("Date Comp", std::string());
+    grdShop.set("ndateComp", std::string("0"));
+  }
+  if (job.Warranty == "Y") grdShop.set("Warranty", std::string("Y"));
+  if (job.LastRequest != 0) {
+    grdShop.set("Request", job.LastRequest + 1);
+  } else {
+    grdShop.set("Request", std::string());
+  }
+}
+
+/// The second range counts its blocks from job 999 and its slots from 0: the table is addressed so.
+std::int32_t GetJob(std::int32_t job) {
+  const std::int32_t block = job < kFirstJobOfSecondRange
+                                 ? kFirstBlock + job / kSlotsPerBlock
+                                 : kSecondRange + (job - 999) / kSlotsPerBlock;
+  return slot(readControlBlock(block), job % kSlotsPerBlock);
+}
+
+void frmShop::grdShop_BtnClick(int row) {
+  showShopDetail(CLng(grdShop.CellValue("Job #", row)));
+}
+
+}  // namespace dg

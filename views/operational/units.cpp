@@ -1,0 +1,267 @@
+#include "views/operational/units.h"
+
+#include <string_view>
+
+#include "engine/business_basic.h"
+#include "engine/state.h"
+#include "engine/step_guard.h"
+#include "platform/convert.h"
+#include "platform/format.h"
+#include "platform/text.h"
+#include "records/catalogue.h"
+#include "records/index_walk.h"
+#include "records/lines.h"
+#include "shell/recap_sheet.h"
+#include "shell/sort_grid.h"
+#include "shell/splash.h"
+#include "shell/trap.h"
+
+namespace dg {
+
+namespace {
+
+constexpr int kRecapUnits = 12;
+constexpr std::string_view kTotalMask = "$###,###,###.00";
+constexpr std::string_view kAmountMask = "###,###,###.00";
+constexpr std::string_view kMeterMask = "######0.0";
+
+/// The list ends at the first line number that is no product line.
+constexpr std::int32_t kFirstForeignLine = 1000;
+constexpr std::string_view kUnitLine = "U";
+
+/// The user's own captions stand in this block of the control file.
+constexpr std::int32_t kCaptionBlock = 4;
+constexpr std::size_t kCaptionPositions[] = {433, 453, 473, 493};
+constexpr std::size_t kCaptionWidth = 8;
+
+constexpr ColumnSpec kColumns[] = {
+    {.name = "Line", .kind = ColumnKind::kNumber, .button = true},
+    {.name = "Name"},
+    {.name = "Total", .kind = ColumnKind::kMoney},
+};
+constexpr ColumnSpec kDetailColumns[] = {
+    {.name = "Model"},
+    {.name = "Unit", .button = true},
+    {.name = "Make"},
+    {.name = "Description"},
+    {.name = "Cost", .kind = ColumnKind::kMoney},
+    {.name = "line", .kind = ColumnKind::kNumber, .hidden = true},
+};
+constexpr ColumnSpec kInfoColumns[] = {
+    {.name = "Col1", .caption = " "},
+    {.name = "Col2", .caption = " "},
+};
+
+constexpr HeadSort kHeadSorts[] = {{"Line"}, {"Name", true}, {"Total"}};
+
+constexpr Place kSheet[] = {
+    {.control = "lblTitle", .row = 0},
+    {.control = "grdUnits", .row = 1},
+    {.control = "lblFpTot", .row = 2},
+};
+constexpr Place kDetailSheet[] = {
+    {.control = "Label1", .row = 0},
+    {.control = "grdUnitDtl", .row = 1},
+};
+constexpr Place kInfoSheet[] = {
+    {.control = "grdUnitinfo", .row = 0},
+};
+
+/// Calls `visit` for each unsold unit of a line, in the order of "LUNITI". A unit is unsold while
+/// its sale date is the empty date.
+void forEachUnsoldUnit(std::int32_t line, const std::function<void(const clsUnits&)>& visit) {
+  clsUnits unit;
+  for (IndexWalk walk(files::kUnitsByLineIndex, integerKey('C', line));
+       !walk.atEnd() && walk.keyField('C', 1) == line; walk.next()) {
+    bool orb = true;
+    unit.Unpack(sharedEngine().LreadFile(files::kUnits, walk.record(), orb));
+    if (unit.Date_Sold == kEmptyDate) visit(unit);
+  }
+}
+
+/// A unit's cost: the sum of the amounts of its ledger chain. 0 without a chain.
+Currency unitCost(const clsUnits& unit) {
+  Currency cost;
+  if (unit.SubLedgerChain == 0) return cost;
+  const auto ledger = LogicalFileArgument(files::kUnitLedger).resolve();
+  StepGuard guard(ledger->LastRecord);
+  clsUnitsLedger entry;
+  for (std::int32_t record = unit.SubLedgerChain; record != 0; record = entry.LedgerNext) {
+    guard.step();
+    bool orb = true;
+    entry.Unpack(sharedEngine().LreadFile(ledger, record, orb));
+    cost += entry.Amount;
+  }
+  return cost;
+}
+
+/// The rows of the information window above its spacing row, and below it.
+struct InfoRow {
+  std::string_view caption;
+  Variant (*value)(const clsUnits&);
+};
+
+template <auto Member>
+Variant value(const clsUnits& unit) {
+  return unit.*Member;
+}
+Variant meter(const clsUnits& unit) {
+  return Format(unit.Meter_Reading, kMeterMask);
+}
+Variant dateSold(const clsUnits& unit) {
+  return unit.Date_Sold == kEmptyDate ? Variant(std::string()) : Variant(unit.Date_Sold);
+}
+
+constexpr InfoRow kUnitRows[] = {
+    {"Serial Number (VID)", &value<&clsUnits::Unit_Serial_Number>},
+    {"Manufacturer ID", &value<&clsUnits::Manufacturers_Identificati>},
+    {"Model Year", &value<&clsUnits::Model_Year>},
+    {"Series #", &value<&clsUnits::Model_Series_Number>},
+    {"Engine Type", &value<&clsUnits::Engine_Type>},
+    {"Engine ID #", &value<&clsUnits::Engine_ID_Number>},
+    {"Drive Type 2/4", &value<&clsUnits::Drive_type_2wd_4wd>},
+    {"Color", &value<&clsUnits::Unit_Color>},
+    {"Meter", &meter},
+    {"Status", &value<&clsUnits::Unit_Status_A_R_S_U>},
+    {"Unit Type", &value<&clsUnits::User_Defined_Unit_Type>},
+    {"Location", &value<&clsUnits::Location_of_Unit>},
+};
+/// Under the user's own captions.
+constexpr Variant (*kCustomValues[])(const clsUnits&) = {
+    &value<&clsUnits::User_Defined_Alpha_1>,
+    &value<&clsUnits::User_Defined_Alpha_2>,
+    &value<&clsUnits::User_Defined_Numeric_1>,
+    &value<&clsUnits::User_Defined_Numeric_2>,
+};
+constexpr InfoRow kSaleRows[] = {
+    {"Sold To", &value<&clsUnits::Sold_To_Customer_Number>},
+    {"Salesman", &value<&clsUnits::Selling_Salesman_Number>},
+    {"Date IN", &value<&clsUnits::Date_Received_In>},
+    {"Date Sold", &dateSold},
+    {"Invoice #", &value<&clsUnits::Sold_Invoice_Number>},
+    {"Dealer List", &value<&clsUnits::Dealers_List_Price>},
+    {"Suggested List", &value<&clsUnits::Suggested_LIst_Price>},
+    {"Sold For", &value<&clsUnits::Amount_Sold_For>},
+};
+
+std::string captionBlock() {
+  const cBusinessBasic& engine = sharedEngine();
+  const auto control = engine.OpenFile(files::kControlFile);
+  bool orb = true;
+  const std::string block = engine.BlockReadFile(control, kCaptionBlock, orb);
+  engine.CloseFile(control);
+  return block;
+}
+
+void fillInformation(frmUnitInfo& info, const clsUnits& unit, const std::string& captions) {
+  for (const InfoRow& row : kUnitRows)
+    info.AddUnitRow(row.value(unit), std::string(row.caption));
+  for (std::size_t i = 0; i < std::size(kCustomValues); ++i) {
+    const auto caption = middle(captions, kCaptionPositions[i], kCaptionWidth);
+    info.AddUnitRow(kCustomValues[i](unit), std::string(caption));
+  }
+  info.AddUnitRow(std::string(), std::string());
+  for (const InfoRow& row : kSaleRows)
+    info.AddUnitRow(row.value(unit), std::string(row.caption));
+  info.grdUnitinfo.MoveFirst();
+}
+
+}  // namespace
+
+frmUnitInfo::frmUnitInfo(const std::string& unit)
+    : Form("frmUnitInfo", "Unit : " + unit), grdUnitinfo(add<Grid>("grdUnitinfo", kInfoColumns)) {
+  setSheet(kInfoSheet);
+}
+
+void frmUnitInfo::AddUnitRow(const Variant& value, const std::string& caption) {
+  grdUnitinfo.AddNew();
+  grdUnitinfo.set("Col1", caption);
+  grdUnitinfo.set("Col2", value);
+  grdUnitinfo.Update();
+}
+
+frmUnitDtl::frmUnitDtl()
+    : Form("frmUnitDtl", "Unit Detail"),
+      Label1(add<Label>("Label1", "", LabelRole::kTitle)),
+      grdUnitDtl(add<Grid>("grdUnitDtl", kDetailColumns)) {
+  grdUnitDtl.onRowClick = [this](int row) { grdUnitDtl_BtnClick(row); };
+  setSheet(kDetailSheet);
+}
+
+void frmUnitDtl::grdUnitDtl_BtnClick(int row) {
+  const std::string number = grdUnitDtl.CellValue("Unit", row);
+  frmUnitInfo info(number);
+  const IndexWalk found(files::kUnitIndex, number);
+  bool orb = true;
+  clsUnits unit;
+  unit.Unpack(sharedEngine().LreadFile(files::kUnits, found.record(), orb));
+  fillInformation(info, unit, captionBlock());
+  info.ShowModal();
+}
+
+frmUnits::frmUnits()
+    : View("frmUnits", "Units"),
+      grdUnits(
+          (add<Label>("lblTitle", "Units", LabelRole::kTitle), add<Grid>("grdUnits", kColumns))),
+      lblFpTot(add<Label>("lblFpTot")) {
+  grdUnits.onHeadClick = [this](int column) { sortByHead(grdUnits, column, kHeadSorts); };
+  grdUnits.onRowClick = [this](int row) { grdUnits_BtnClick(row); };
+  setSheet(kSheet);
+}
+
+void frmUnits::Form_Load() {
+  showProgress("Loading Unit Data...");
+  trapView(
+      "Error in frmUnits GetUnitData routine ", [this] { GetUnitData(); },
+      [] { markRecapError(kRecapUnits); });
+}
+
+void frmUnits::GetUnitData() {
+  Currency grand;
+  clsLines line;
+  for (IndexWalk walk(files::kLineIndex, integerKey('C', 0));
+       !walk.atEnd() && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
+    bool orb = true;
+    line.Unpack(sharedEngine().LreadFile(files::kLines, walk.record(), orb));
+    if (line.Line_Type == kUnitLine) grand += GetLineUnits(line.Line, line.Line_Name);
+  }
+  grdUnits.MoveFirst();
+  const std::string text = Format(grand, kTotalMask);
+  writeRecap(kRecapUnits, text);
+  lblFpTot.setCaption("Total  : " + text);
+}
+
+/// Adds the row of a line; its total is returned.
+Currency frmUnits::GetLineUnits(std::int32_t line, const std::string& name) {
+  Currency total;
+  forEachUnsoldUnit(line, [&](const clsUnits& unit) { total += unitCost(unit); });
+  grdUnits.AddNew();
+  grdUnits.set("Line", line);
+  grdUnits.set("Name", name);
+  grdUnits.set("Total", Format(total, kAmountMask));
+  grdUnits.Update();
+  return total;
+}
+
+void frmUnits::grdUnits_BtnClick(int row) {
+  const std::string line = grdUnits.CellValue("Line", row);
+  const std::string name = grdUnits.CellValue("Name", row);
+  frmUnitDtl detail;
+  detail.Label1.setCaption("Line  " + line + " - " + name);
+  Grid& grid = detail.grdUnitDtl;
+  grid.RemoveAll();
+  forEachUnsoldUnit(CLng(line), [&grid](const clsUnits& unit) {
+    const Currency cost = unitCost(unit);
+    grid.AddNew();
+    grid.set("Model", unit.Model_Number);
+    grid.set("Unit", unit.Unit_Number);
+    grid.set("Make", unit.Make_or_Manufacturer);
+    grid.set("Description", unit.Model_Description);
+    grid.set("Cost", Format(cost, kAmountMask));
+    grid.set("line", unit.Line);
+    grid.Update();
+  });
+  detail.ShowModal();
+}
+
+}  // namespace dg

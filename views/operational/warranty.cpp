@@ -1,0 +1,265 @@
+#include "views/operational/warranty.h"
+
+#include "engine/business_basic.h"
+#include "engine/codec.h"
+#include "engine/state.h"
+#include "platform/convert.h"
+#include "platform/format.h"
+#include "platform/text.h"
+#include "records/catalogue.h"
+#include "records/customers.h"
+#include "records/index_walk.h"
+#include "shell/recap_sheet.h"
+#include "shell/sort_grid.h"
+#include "shell/splash.h"
+#include "shell/trap.h"
+#include "views/operational/detail_line_text.h"
+
+namespace dg {
+
+namespace {
+
+constexpr int kRecapWarranties = 6;
+constexpr std::string_view kTotalMask = "$#,###,###.00";
+constexpr std::string_view kAmountMask = "$#####.00";
+constexpr std::string_view kDateMask = "##/##/##";
+constexpr std::string_view kPhoneMask = "000-0000";
+constexpr const char* kLineBreak = "\r\n";
+constexpr std::string_view kRemark = "REM";
+
+// A claim is listed while it is of the first kind, billed and not yet settled.
+constexpr std::int32_t kOpenStatus = 1;
+constexpr std::int32_t kSettledPosition = 401;
+constexpr std::int32_t kBilledPosition = 403;
+/// 1 January 1968 as MMDDYY digits, the empty date: a billed claim lies above it.
+constexpr std::int32_t kEmptyBilledDigits = 10168;
+
+constexpr std::size_t kSegmentDigits = 2;
+
+constexpr ColumnSpec kShopReference = {
+    .name = "Shop Ref", .kind = ColumnKind::kNumber, .button = true};
+constexpr ColumnSpec kInvoice = {.name = "Invoice #", .kind = ColumnKind::kNumber};
+constexpr ColumnSpec kCustomer = {.name = "Cust #", .kind = ColumnKind::kNumber};
+constexpr ColumnSpec kDateBilled = {.name = "Date Billed", .kind = ColumnKind::kDate};
+constexpr ColumnSpec kDistributor = {
+    .name = "Distributor", .caption = "Dist", .kind = ColumnKind::kNumber};
+constexpr ColumnSpec kParts = {.name = "Parts", .kind = ColumnKind::kMoney};
+constexpr ColumnSpec kLabor = {.name = "Labor", .kind = ColumnKind::kMoney};
+constexpr ColumnSpec kDayNumber = {.name = "ndate", .kind = ColumnKind::kNumber, .hidden = true};
+
+constexpr ColumnSpec kClaimColumns[] = {
+    kShopReference, kInvoice,     kCustomer, {.name = "Name"}, {.name = "Brand/Type"},
+    kDateBilled,    kDistributor, kParts,    kLabor,           kDayNumber,
+};
+constexpr ColumnSpec kSegmentColumns[] = {
+    kShopReference,   {.name = "Req", .kind = ColumnKind::kNumber},
+    kInvoice,         kCustomer,
+    {.name = "Name"}, {.name = "Brand/Type"},
+    kDateBilled,      kDistributor,
+    kParts,           kLabor,
+    kDayNumber,
+};
+
+// Made for claims without segments, and used for both: where the grid has the column "Req", a click
+// sorts by the column to the right of the one that was clicked, from there on.
+constexpr HeadSort kHeadSorts[] = {
+    {"Shop Ref"}, {"Invoice #"},   {"Cust #"}, {"Name", true}, {"Brand/Type", true},
+    {"ndate"},    {"Distributor"}, {"Parts"},  {"Labor"},
+};
+
+constexpr ColumnSpec kDetailColumns[] = {
+    {.name = "Line"},
+    {.name = "Part #"},
+    {.name = "Description"},
+    {.name = "Qty", .kind = ColumnKind::kNumber},
+    {.name = "Net", .kind = ColumnKind::kMoney},
+    {.name = "Cost", .kind = ColumnKind::kMoney},
+};
+
+constexpr Place kSheet[] = {
+    {.control = "lblTitle", .row = 0},
+    {.control = "grdWarr", .row = 1},
+};
+
+constexpr Place kDetailSheet[] = {
+    {.control = "Frame1", .row = 0, .column = 0},
+    {.control = "lblCust", .row = 0, .column = 0, .frame = "Frame1"},
+    {.control = "Frame2", .row = 0, .column = 1},
+    {.control = "lblSn1", .row = 0, .column = 0, .frame = "Frame2"},
+    {.control = "lblSn2", .row = 1, .column = 0, .frame = "Frame2"},
+    {.control = "Frame3", .row = 0, .column = 2},
+    {.control = "lblMisc", .row = 0, .column = 0, .frame = "Frame3"},
+    {.control = "grdwd", .row = 1, .column = 0, .columnSpan = 3},
+};
+
+std::string digitsAsDate(std::int32_t digits) {
+  return Format(digits, kDateMask);
+}
+
+std::string text(const std::string& member) {
+  return std::string(shown(member));
+}
+
+}  // namespace
+
+frmWarrDetail::frmWarrDetail(const std::string& shopReference)
+    : Form("frmWarrDetail", "Warranty Detail ...   Shop reference : " + shopReference),
+      lblCust((add<Frame>("Frame1", "Customer"), add<Label>("lblCust"))),
+      lblSn1((add<Frame>("Frame2", "Serial Numbers"), add<Label>("lblSn1"))),
+      lblSn2(add<Label>("lblSn2")),
+      lblMisc((add<Frame>("Frame3", "Remarks"), add<Label>("lblMisc"))),
+      grdwd(add<Grid>("grdwd", kDetailColumns)) {
+  setSheet(kDetailSheet);
+}
+
+void frmWarrDetail::showLines(std::int32_t number) {
+  clsWarrDetail detail;
+  detail.ShopRef(number);
+  detail.GetDetail();
+  if (!detail.DetailReturn()) return;
+  for (const DisplayLine& line : *detail.DetailReturn()) {
+    grdwd.AddNew();
+    grdwd.set("Line", line[0]);
+    grdwd.set("Part #", line[1]);
+    if (lineText(line, 0) != kRemark) {
+      grdwd.set("Description", line[2]);
+      grdwd.set("Qty", line[3]);
+      grdwd.set("Net", lineAmount(line, 4));
+      grdwd.set("Cost", lineAmount(line, 5));
+    }
+    grdwd.Update();
+  }
+  grdwd.MoveFirst();
+}
+
+BilledWarranties::BilledWarranties(const std::string& form, std::span<const ColumnSpec> columns)
+    : View(form, "Billed Warranty Jobs"),
+      grdWarr((add<Label>("lblTitle", "Billed Warranty Jobs", LabelRole::kTitle),
+               add<Grid>("grdWarr", columns))) {
+  grdWarr.onHeadClick = [this](int column) { sortByHead(grdWarr, column, kHeadSorts); };
+  grdWarr.onRowClick = [this](int row) { grdWarr_BtnClick(row); };
+  setSheet(kSheet);
+}
+
+void BilledWarranties::Form_Load() {
+  // Both forms of the view log the same words.
+  trapView(
+      "Error in frmWarranty.form load routine ", [this] { loadClaims(); },
+      [] { markRecapError(kRecapWarranties); });
+}
+
+void BilledWarranties::loadClaims() {
+  showProgress("Loading Billed Warranties...");
+  grdWarr.RemoveAll();
+  grdWarr.Refresh();
+  double parts = 0;
+  double labor = 0;
+  clsWarranty claim;
+  for (IndexWalk walk(files::kWarrantyIndex, integerKey('L', 1)); !walk.atEnd(); walk.next()) {
+    bool orb = true;
+    const std::string record = sharedEngine().LreadFile(files::kWarranties, walk.record(), orb);
+    claim.Unpack(record);
+    const std::int32_t settled = Unpack('C', record, kSettledPosition);
+    const std::int32_t billed = Unpack('D', record, kBilledPosition);
+    if (claim.Status != kOpenStatus || billed <= kEmptyBilledDigits || settled != 0) continue;
+    const Reference reference = referenceOf(claim, walk.keyField('L', 1));
+    clsWarrDetail detail;
+    detail.ShopRef(reference.number);
+    detail.DDisplay(false);
+    detail.GetDetail();
+    grdWarr.AddNew();
+    addClaim(claim, reference, billed, detail);
+    grdWarr.Update();
+    parts += detail.WarrPartTotal();
+    labor += detail.WarrLabTotal();
+  }
+  grdWarr.MoveFirst();
+  writeRecap(kRecapWarranties, Format((parts + labor) / 100, kTotalMask));
+}
+
+/// A claim whose lines could not be read shows so in its own row.
+void BilledWarranties::addClaim(const clsWarranty& claim, const Reference& reference,
+                                std::int32_t billedDigits, const clsWarrDetail& detail) {
+  grdWarr.set("Shop Ref", reference.shopReference);
+  if (showsSegments()) grdWarr.set("Req", reference.segment);
+  grdWarr.set("Invoice #", claim.Billed_Inv_No);
+  grdWarr.set("Cust #", claim.Cust_No);
+  if (detail.DetailError()) {
+    grdWarr.set("Name", std::string("Error in warranty detail"));
+    grdWarr.set("Brand/Type", std::string());
+  } else {
+    grdWarr.set("Name", nameOf(claim));
+    grdWarr.set("Brand/Type", text(claim.Repair_Brand) + " - " + text(claim.Repair_Equip_Desc));
+  }
+  grdWarr.set("Date Billed", claim.Date_Billed);
+  grdWarr.set("ndate", Date::fromText(digitsAsDate(billedDigits)).days() - kDayZero.days());
+  grdWarr.set("Distributor", claim.Distributor);
+  if (detail.DetailError()) {
+    grdWarr.set("Parts", std::string());
+    grdWarr.set("Labor", std::string());
+  } else {
+    grdWarr.set("Parts", Format(detail.WarrPartTotal() / 100, kAmountMask));
+    grdWarr.set("Labor", Format(detail.WarrLabTotal() / 100, kAmountMask));
+  }
+}
+
+void BilledWarranties::grdWarr_BtnClick(int row) {
+  frmWarrDetail window(grdWarr.CellValue("Shop Ref", row));
+  const std::int32_t number = numberOfRow(row);
+  const IndexWalk found(files::kWarrantyIndex, integerKey('L', number));
+  bool orb = true;
+  clsWarranty claim;
+  claim.Unpack(sharedEngine().LreadFile(files::kWarranties, found.record(), orb));
+  window.lblCust.setCaption(customerText(claim));
+  window.lblSn1.setCaption(text(claim.Serial_1));
+  window.lblSn2.setCaption(text(claim.Serial_2));
+  window.lblMisc.setCaption(text(claim.Soldby_Name) + kLineBreak + text(claim.Soldby_Address));
+  window.showLines(number);
+  window.ShowModal();
+}
+
+frmWarranty::frmWarranty() : BilledWarranties("frmWarranty", kClaimColumns) {}
+
+BilledWarranties::Reference frmWarranty::referenceOf(const clsWarranty& claim, std::int32_t) const {
+  return {.number = claim.Shop_Ref, .shopReference = std::to_string(claim.Shop_Ref), .segment = {}};
+}
+
+std::int32_t frmWarranty::numberOfRow(int row) const {
+  return CLng(grdWarr.CellValue("Shop Ref", row));
+}
+
+std::string frmWarranty::nameOf(const clsWarranty& claim) const {
+  return claim.Cust_Name;
+}
+
+std::string frmWarranty::customerText(const clsWarranty& claim) const {
+  return std::to_string(claim.Cust_No) + kLineBreak + text(claim.Cust_Name) + kLineBreak +
+         std::to_string(claim.Cust_AC) + "-" + Format(claim.Cust_Phone, kPhoneMask);
+}
+
+frmWarSeg::frmWarSeg() : BilledWarranties("frmWarSeg", kSegmentColumns) {}
+
+/// A number of one digit has no room for a segment: cutting it fails as the run-time's text
+/// routines do, and ends the load.
+BilledWarranties::Reference frmWarSeg::referenceOf(const clsWarranty&,
+                                                   std::int32_t indexNumber) const {
+  const std::string digits = std::to_string(indexNumber);
+  if (digits.size() < kSegmentDigits) throw RunTimeError(kInvalidProcedureCall);
+  const std::size_t cut = digits.size() - kSegmentDigits;
+  return {
+      .number = indexNumber, .shopReference = digits.substr(0, cut), .segment = digits.substr(cut)};
+}
+
+std::int32_t frmWarSeg::numberOfRow(int row) const {
+  return CLng(grdWarr.CellValue("Shop Ref", row) + grdWarr.CellValue("Req", row));
+}
+
+std::string frmWarSeg::nameOf(const clsWarranty& claim) const {
+  return GetCustomerName(claim.Cust_No);
+}
+
+std::string frmWarSeg::customerText(const clsWarranty& claim) const {
+  return std::to_string(claim.Cust_No) + kLineBreak + text(GetCustomerName(claim.Cust_No));
+}
+
+}  // namespace dg
