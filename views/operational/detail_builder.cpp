@@ -47,6 +47,11 @@ void DetailBuilder::runTrapped(std::string_view routine, const std::function<voi
   });
 }
 
+std::shared_ptr<const DisplayLines> DetailBuilder::DetailReturn() const {
+  if (!lines_) throw RunTimeError(kObjectNotSet);
+  return lines_;
+}
+
 std::int32_t& DetailBuilder::pageEntry(std::int32_t page) {
   if (page < 0 || page > kHighestPage) throw RunTimeError(kSubscriptOutOfRange);
   return PageList_[static_cast<std::size_t>(page)];

@@ -41,8 +41,9 @@ struct DetailFormat {
 /// three builders derive from it and add how they find the first record.
 class DetailBuilder {
  public:
-  /// The lines; they stay valid after the builder is gone. Empty pointer before GetDetail.
-  const std::shared_ptr<DisplayLines>& DetailReturn() const { return lines_; }
+  /// The lines; they stay valid after the builder is gone. Raises 91 while there are none: before
+  /// GetDetail, and for a job or order whose first record could not be read.
+  std::shared_ptr<const DisplayLines> DetailReturn() const;
   /// Whether anything failed. What had been collected by then stays.
   bool DetailError() const { return error_; }
 

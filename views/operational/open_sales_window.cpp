@@ -109,7 +109,6 @@ void frmPTSDetail::showLines(std::int32_t record) {
   clsInvDetail detail;
   detail.InvoiceRec(record);
   detail.GetDetail();
-  if (!detail.DetailReturn()) return;
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdPTS.AddNew();
     grdPTS.set("Line", line[0]);

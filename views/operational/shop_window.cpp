@@ -203,7 +203,7 @@ void frmShopDetail::showJob(std::int32_t number) {
   detail.ShopRec(recordNumber);
   detail.GetDetail();
   lines_ = detail.DetailReturn();
-  showLines(detail);
+  showLines();
   if (complete) showTotals(detail);
 }
 
@@ -263,10 +263,9 @@ void frmShopDetail::showEquipment(const clsShop& job) {
   if (warranty) lblWarr[1]->setCaption(std::to_string(job.WarrVend[0]));
 }
 
-void frmShopDetail::showLines(const clsShopDetail& detail) {
-  if (!detail.DetailReturn()) return;
+void frmShopDetail::showLines() {
   std::int32_t lastRequest = -1;
-  for (const DisplayLine& line : *detail.DetailReturn()) {
+  for (const DisplayLine& line : *lines_) {
     addLine(line);
     const std::int32_t request = std::get<std::int32_t>(line[6]);
     if (request == lastRequest) continue;
@@ -303,7 +302,6 @@ void frmShopDetail::cmbRequest_Click() {
   grdShopDetail.RemoveAll();
   grdShopDetail.Refresh();
   const auto wanted = static_cast<std::int32_t>(std::floor(Val(middle(cmbRequest.text(), 1, 3))));
-  if (!lines_) return;
   for (const DisplayLine& line : *lines_) {
     if (wanted == 0 || std::get<std::int32_t>(line[6]) == wanted - 1) addLine(line);
   }

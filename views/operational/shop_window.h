@@ -17,7 +17,8 @@ class frmShopDetail final : public Form {
  public:
   frmShopDetail();
 
-  /// Fills the window for a job by number. Raises what the engine raises.
+  /// Fills the window for a job by number. Raises what the engine raises, and 91 when the job has
+  /// no lines because its record cannot be read.
   void showJob(std::int32_t number);
 
   std::array<Label*, 9> lblCDisp;     ///< customer
@@ -36,12 +37,12 @@ class frmShopDetail final : public Form {
   void showCalls(const clsShop& job, const std::string& record);
   void showPeople(const clsShop& job);
   void showEquipment(const clsShop& job);
-  void showLines(const clsShopDetail& detail);
+  void showLines();
   void showTotals(const clsShopDetail& detail);
   void addLine(const DisplayLine& line);
   void cmbRequest_Click();
 
-  std::shared_ptr<DisplayLines> lines_;
+  std::shared_ptr<const DisplayLines> lines_;
 };
 
 /// Opens the window for a job. Raises what the engine raises.

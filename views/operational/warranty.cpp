@@ -116,7 +116,6 @@ void frmWarrDetail::showLines(std::int32_t number) {
   clsWarrDetail detail;
   detail.ShopRef(number);
   detail.GetDetail();
-  if (!detail.DetailReturn()) return;
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdwd.AddNew();
     grdwd.set("Line", line[0]);
