@@ -1,5 +1,6 @@
 #include "forms/control.h"
 
+#include <new>
 #include <string>
 
 #include "platform/message_box.h"
@@ -7,12 +8,22 @@
 
 namespace dg {
 
+namespace {
+
+void showRunTimeError(const RunTimeError& error) {
+  MsgBox("Run-time error '" + std::to_string(error.number()) + "':\n\n" + error.description(),
+         kCritical);
+}
+
+}  // namespace
+
 void dispatchEvent(const std::function<void()>& body) {
   try {
     body();
   } catch (const RunTimeError& error) {
-    MsgBox("Run-time error '" + std::to_string(error.number()) + "':\n\n" + error.description(),
-           kCritical);
+    showRunTimeError(error);
+  } catch (const std::bad_alloc&) {
+    showRunTimeError(RunTimeError(kOutOfMemory));
   }
 }
 
