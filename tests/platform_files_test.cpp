@@ -79,6 +79,7 @@ TEST_P(Files, SeesWhatOthersWriteMeanwhile) {
 TEST_P(Files, TellsFilesFromDirectories) {
   FileSystem& files = fileSystem();
   EXPECT_TRUE(files.fileExists("\\\\SRV\\vlmrlnk\\lnk\\file0"));
+  EXPECT_TRUE(files.fileExists("\\\\srv\\VLMRLNK\\\\lnk\\FILE0")) << "no store directory";
   EXPECT_FALSE(files.fileExists("\\\\srv\\VLMRLNK\\lnk"));
   EXPECT_TRUE(files.directoryExists("\\\\srv\\VLMRLNK\\"));
   EXPECT_TRUE(files.directoryExists("\\\\srv\\vlmrlnk\\LNK"));

@@ -53,9 +53,11 @@ std::string resolveNames(const std::string& root, const std::vector<std::string>
 
   std::string resolved = root;
   for (const std::string& name : names) {
-    const bool isThere = exists(resolved + "/" + name);
-    const std::string entry = isThere ? name : entryIgnoringCase(resolved, name);
-    resolved.append("/").append(entry);
+    std::string next = resolved;
+    next.append("/").append(name);
+    if (!exists(next))
+      next.replace(resolved.size() + 1, name.size(), entryIgnoringCase(resolved, name));
+    resolved = std::move(next);
   }
   return resolved;
 }
