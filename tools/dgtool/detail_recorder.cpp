@@ -18,17 +18,23 @@ constexpr int kButtonRow = -1;
 /// The deepest chain of windows in the program is two below a view.
 constexpr int kMaxDepth = 4;
 
+/// Puts a presenter in place of the one in use while it lives.
+class PresenterScope {
+ public:
+  explicit PresenterScope(Presenter& standIn) : former_(presenter()) { setPresenter(&standIn); }
+  ~PresenterScope() { setPresenter(&former_); }
+  PresenterScope(const PresenterScope&) = delete;
+  PresenterScope& operator=(const PresenterScope&) = delete;
+
+ private:
+  Presenter& former_;
+};
+
 }  // namespace
 
 void DetailRecorder::clickThrough(Form& form) {
-  setPresenter(this);
-  try {
-    clickRows(form);
-  } catch (...) {
-    setPresenter(nullptr);
-    throw;
-  }
-  setPresenter(nullptr);
+  const PresenterScope standIn(*this);
+  clickRows(form);
 }
 
 void DetailRecorder::show(Form& form) {

@@ -5,7 +5,9 @@
 #include "engine/catalog_configuration.h"
 #include "engine/state.h"
 #include "platform/clock.h"
+#include "records/failure_log.h"
 #include "shell/main.h"
+#include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/write_log.h"
 
@@ -39,6 +41,7 @@ Session::Session(const StoreOptions& options, const Console& console)
     : console_(console), formerEnvironment_(environment()) {
   applyOptions(options);
   resetEngineState();
+  gSortDirection = 0;
   setLogFile();
   setLogEnabled(!options.noLog);
   setLogObserver([this](const std::string& line) {
@@ -54,7 +57,9 @@ Session::~Session() {
     main_.reset();
   }
   progress_.disconnect();
+  releaseSplash();
   resetEngineState();
+  setFailureLog({});
   setLogObserver({});
   setLogEnabled(true);
   setMessageBoxHandler(std::move(formerHandler_));

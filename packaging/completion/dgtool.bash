@@ -1,0 +1,69 @@
+# bash completion for dgtool
+
+# The long options of a command.
+_dgtool_options() {
+  local store='--store --temp --share-root --computer --settings --as-of --no-log'
+  case $1 in
+    report) echo "--view --json --csv --xlsx --details --refresh --click $store" ;;
+    'inspect files') echo "--json $store" ;;
+    'inspect keys') echo "--find --last --reverse --limit --json $store" ;;
+    'inspect record') echo "--as --hex --json $store" ;;
+    sample) echo '--seed --scale --as-of --warranty-segments' ;;
+  esac
+  echo '--help --version'
+}
+
+_dgtool_commands() {
+  case $1 in
+    '') echo 'report inspect sample' ;;
+    inspect) echo 'files keys record' ;;
+  esac
+}
+
+_dgtool_views='frmRecap frmAR frmFp frmGLA frmGLL frmInv frmOpenSales frmPo frmProfit frmReturn
+  frmSales frmShop frmUnits frmWarranty frmWarSeg'
+
+_dgtool() {
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+  local command='' word i
+  COMPREPLY=()
+
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    word=${COMP_WORDS[i]}
+    case "$command $word" in
+      ' report' | ' inspect' | ' sample') command=$word ;;
+      'inspect files' | 'inspect keys' | 'inspect record') command="inspect $word" ;;
+    esac
+  done
+
+  case $previous in
+    --view)
+      mapfile -t COMPREPLY < <(compgen -W "$_dgtool_views" -- "$current")
+      return
+      ;;
+    --store | --temp | --share-root)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -d -- "$current")
+      return
+      ;;
+    --settings | --xlsx)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$current")
+      return
+      ;;
+    --click | --csv | --computer | --as-of | --find | --limit | --as | --seed | --scale)
+      return
+      ;;
+  esac
+
+  if [[ $current == -* ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$(_dgtool_options "$command")" -- "$current")
+  elif [[ -n $(_dgtool_commands "$command") ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$(_dgtool_commands "$command")" -- "$current")
+  elif [[ $command == sample ]]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -d -- "$current")
+  fi
+}
+
+complete -F _dgtool dgtool
