@@ -175,8 +175,9 @@ class CommandLine {
     on(sample, [this](const Console& console) { return runSample(sample_, console); });
   }
 
-  /// Raises CLI::ParseError.
+  /// Raises CLI::ParseError, and UsageError for a command that there is not.
   int run(std::vector<std::string> arguments, const Console& console) {
+    checkCommands(arguments);
     std::ranges::reverse(arguments);  // as the parser wants them
     app_.parse(arguments);
     for (const auto& [app, command] : commands_) {
@@ -192,6 +193,23 @@ class CommandLine {
   }
 
  private:
+  /// The parser would only complain that no command is there.
+  void checkCommands(const std::vector<std::string>& arguments) const {
+    const CLI::App* app = &app_;
+    for (const std::string& word : arguments) {
+      const auto commands = app->get_subcommands({});
+      if (commands.empty() || word.starts_with('-')) return;
+      const auto found = std::ranges::find(commands, word, &CLI::App::get_name);
+      if (found == commands.end()) {
+        std::string names;
+        for (const CLI::App* command : commands)
+          names += " " + command->get_name();
+        throw UsageError("there is no command " + word + "; the commands are" + names);
+      }
+      app = *found;
+    }
+  }
+
   void on(CLI::App& app, Command command) { commands_.emplace_back(&app, std::move(command)); }
 
   void addInspect(CLI::App& parent, const std::string& name, const std::string& description,

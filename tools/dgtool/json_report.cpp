@@ -1,6 +1,7 @@
 #include "tools/dgtool/json_report.h"
 
 #include <string>
+#include <utility>
 
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
@@ -15,11 +16,8 @@ namespace {
 /// Builds the "details" of a window while its windows open and close.
 class DetailCollector final : public DetailVisitor {
  public:
-  Json take() {
-    Json details = std::move(levels_.front());
-    levels_.assign(1, Json::array());
-    return details;
-  }
+  /// What was gathered since the last call.
+  Json take() { return std::exchange(levels_.front(), Json::array()); }
 
   void enter(const Form& window, const std::string& control, int row) override {
     entries_.push_back(
@@ -35,8 +33,9 @@ class DetailCollector final : public DetailVisitor {
   }
 
  private:
-  std::vector<Json> entries_;                   // windows that are open
-  std::vector<Json> levels_{1, Json::array()};  // details of the view and of each open window
+  std::vector<Json> entries_;  // windows that are open
+  // Details of the view and of each open window. Made by count: Json would read braces as an array.
+  std::vector<Json> levels_ = std::vector<Json>(1, Json::array());
 };
 
 Json recapJson(const frmTRVN& main) {

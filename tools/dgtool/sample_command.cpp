@@ -13,7 +13,7 @@ UsageError explained(const RunTimeError& error, const std::string& folder) {
   switch (error.number()) {
     case kInvalidProcedureCall:
       return UsageError("--as-of: an example store stands on a day from 1970 to 2099");
-    case kPathAccessError:
+    case kPathFileAccess:
       return UsageError(folder + " holds something other than an example store, or is no folder");
     default:
       return UsageError("cannot write " + folder + ": " + error.description());
