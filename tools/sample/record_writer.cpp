@@ -21,8 +21,10 @@ bool fits(std::int64_t value, char opcode) {
 /// Sets the head of the packed-text table for the life of this object.
 class MaskHead {
  public:
-  explicit MaskHead(std::string_view head) : former_(MaskTable) { setMaskHead(head); }
-  ~MaskHead() { MaskTable = former_; }
+  explicit MaskHead(std::string_view head) : former_(MaskTable.substr(0, head.size())) {
+    setMaskHead(head);
+  }
+  ~MaskHead() { setMaskHead(former_); }
   MaskHead(const MaskHead&) = delete;
   MaskHead& operator=(const MaskHead&) = delete;
 
