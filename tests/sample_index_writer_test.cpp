@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/run_time_error.h"
+#include "tests/support/raised.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
 
@@ -99,12 +100,7 @@ std::vector<IndexEntry> makeEntries(int count, int length, int repeat = 1) {
 }
 
 int raisedBy(const std::vector<IndexEntry>& entries, const IndexShape& shape) {
-  try {
-    buildIndex(entries, shape);
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
+  return test::raisedNumber([&] { buildIndex(entries, shape); });
 }
 
 TEST(SampleIndexWriter, BuildsTreesOfEveryHeight) {

@@ -7,6 +7,7 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/run_time_error.h"
+#include "tests/support/raised.h"
 #include "tools/sample/control_file.h"
 #include "tools/sample/random.h"
 #include "tools/sample/record_file.h"
@@ -14,16 +15,6 @@
 
 namespace dg::sample {
 namespace {
-
-template <class Step>
-int raisedBy(Step step) {
-  try {
-    step();
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(SampleRandom, IsTheSameOnEveryMachine) {
   Random random(1, "lines");
@@ -78,12 +69,12 @@ TEST(SampleRecordWriter, WritesWhatTheCodecReads) {
 
 TEST(SampleRecordWriter, RefusesWhatDoesNotFit) {
   RecordWriter record(4);
-  EXPECT_EQ(raisedBy([&] { record.integer(1, 'B', 256); }), kOverflow);
-  EXPECT_EQ(raisedBy([&] { record.integer(1, 'C', -1); }), kOverflow);
-  EXPECT_EQ(raisedBy([&] { record.integer(1, 'K', 8388608); }), kOverflow);
-  EXPECT_EQ(raisedBy([&] { record.integer(2, 'L', 0); }), 31);
-  EXPECT_EQ(raisedBy([&] { record.raw(4, 2, "A"); }), 31);
-  EXPECT_EQ(raisedBy([&] { record.packed(0, 2, "A"); }), 31);
+  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'B', 256); }), kOverflow);
+  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'C', -1); }), kOverflow);
+  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'K', 8388608); }), kOverflow);
+  EXPECT_EQ(test::raisedNumber([&] { record.integer(2, 'L', 0); }), 31);
+  EXPECT_EQ(test::raisedNumber([&] { record.raw(4, 2, "A"); }), 31);
+  EXPECT_EQ(test::raisedNumber([&] { record.packed(0, 2, "A"); }), 31);
   EXPECT_EQ(record.bytes(), std::string(4, '\0'));
 }
 
@@ -113,8 +104,8 @@ TEST(SampleRecordFile, ChainsFreedRecordsFromRecordZero) {
   }
   EXPECT_EQ(chain, (std::vector<std::int32_t>{4, 2}));
   EXPECT_EQ(record(3).substr(0, 8), std::string("changed\0", 8));
-  EXPECT_EQ(raisedBy([&] { file.add(std::string(21, 'x')); }), 36);
-  EXPECT_EQ(raisedBy([&] { file.replace(5, ""); }), 81);
+  EXPECT_EQ(test::raisedNumber([&] { file.add(std::string(21, 'x')); }), 36);
+  EXPECT_EQ(test::raisedNumber([&] { file.replace(5, ""); }), 81);
 }
 
 TEST(SampleRecordFile, CutsAnExtendedRecordInTwo) {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -11,11 +9,15 @@
 #include <string>
 #include <vector>
 
-#include "engine/keyed_index.h"
+#include "engine/business_basic.h"
+#include "engine/codec.h"
+#include "engine/state.h"
 #include "engine/text_utilities.h"
 #include "platform/run_time_error.h"
 #include "records/lines.h"
-#include "tests/support/sample_in_memory.h"
+#include "tests/support/program_run.h"
+#include "tests/support/raised.h"
+#include "tests/support/temporary_folder.h"
 #include "tools/sample/folder_swap.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/store_layout.h"
@@ -24,7 +26,7 @@ namespace dg {
 namespace {
 
 using sample::IndexEntry;
-using test::SampleInMemory;
+using test::raisedNumber;
 
 std::map<std::string, std::string> byPath(const SampleOptions& options) {
   std::map<std::string, std::string> files;
@@ -34,6 +36,16 @@ std::map<std::string, std::string> byPath(const SampleOptions& options) {
   }
   return files;
 }
+
+/// An example store in memory, open as its workstation would have it.
+class OpenStore {
+ public:
+  explicit OpenStore(const SampleOptions& options) { run_.openEngine(composeSampleStore(options)); }
+  cBusinessBasic& engine() { return sharedEngine(); }
+
+ private:
+  ProgramRun run_;
+};
 
 const char* const kStoreFolder = "share/SRV1/VLMRLNK/LNK001/";
 
@@ -57,7 +69,7 @@ TEST(SampleStore, RefusesOptionsThatMakeNoStore) {
 }
 
 TEST(SampleStore, WorkstationFindsServerAndTerminal) {
-  SampleInMemory store({});
+  OpenStore store({});
   ASSERT_TRUE(SharedEngine);
   EXPECT_EQ(SystemInfo->mUNCDrive, "SRV1");
   EXPECT_EQ(SystemInfo->mDirectory, "LNK001");
@@ -65,7 +77,7 @@ TEST(SampleStore, WorkstationFindsServerAndTerminal) {
 }
 
 TEST(SampleStore, OpensEveryLogicalFile) {
-  SampleInMemory store({});
+  OpenStore store({});
   for (const sample::FileLayout& layout : sample::kFileLayouts) {
     SCOPED_TRACE(layout.name);
     const auto file = store.engine().LogicalOpen(std::string(layout.name));
@@ -114,7 +126,7 @@ std::vector<IndexEntry> walkBackwards(cBusinessBasic& engine,
 
 TEST(SampleStore, EngineWalksEveryIndexBothWaysAndFindsEveryKey) {
   for (const int fill : {1, 60, 100}) {
-    SampleInMemory store({.seed = 5, .scale = 4, .indexFill = fill});
+    OpenStore store({.seed = 5, .scale = 4, .indexFill = fill});
     for (const sample::FileLayout& layout : sample::kFileLayouts) {
       if (layout.type != 'I') continue;
       SCOPED_TRACE(testing::Message() << layout.name << " at " << fill << " %");
@@ -143,7 +155,7 @@ TEST(SampleStore, EngineWalksEveryIndexBothWaysAndFindsEveryKey) {
 }
 
 TEST(SampleStore, LinesHaveTheMixThatViewsMeet) {
-  SampleInMemory store({});
+  OpenStore store({});
   bool orb = false;
   std::set<std::string> codes;
   std::multiset<std::string> types;
@@ -215,70 +227,44 @@ TEST(SampleStore, WarrantySegmentsSetBothOptions) {
   }
 }
 
-/// A folder of the test's own.
-class SampleFolder : public testing::Test {
- protected:
-  SampleFolder() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    root_ = std::filesystem::path(testing::TempDir()) / (std::string("dg_sample_") + test->name());
-    std::filesystem::remove_all(root_);
-    std::filesystem::create_directories(root_);
-  }
-  ~SampleFolder() override { std::filesystem::remove_all(root_); }
-
-  std::string folder() const { return (root_ / "store").string(); }
-  std::string read(const std::string& path) const {
-    std::ifstream stream(root_ / path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  }
-  /// Names beside the store, to see that nothing is left over.
-  std::vector<std::string> names() const {
-    std::vector<std::string> result;
-    for (const auto& entry : std::filesystem::directory_iterator(root_))
-      result.push_back(entry.path().filename().string());
-    std::sort(result.begin(), result.end());
-    return result;
-  }
-
-  std::filesystem::path root_;
-};
-
-TEST_F(SampleFolder, ReplacesAStoreAsAWhole) {
-  writeSampleStore(folder(), {.seed = 1});
+TEST(SampleFolder, ReplacesAStoreAsAWhole) {
+  const TemporaryFolder root;
+  writeSampleStore(root.file("store"), {.seed = 1});
   const std::string name = "store/" + std::string(kStoreFolder) + "PARTDB";
-  const std::string first = read(name);
-  std::ofstream(root_ / "store/temp/dgoperation.log") << "old";
-  writeSampleStore(folder() + "/", {.seed = 2});
-  EXPECT_NE(read(name), first);
-  EXPECT_EQ(read("store/temp/dgoperation.log"), "");
-  EXPECT_EQ(names(), std::vector<std::string>{"store"});
+  const std::string first = root.read(name);
+  root.write("store/temp/dgoperation.log", "old");
+  writeSampleStore(root.file("store/"), {.seed = 2});
+  EXPECT_NE(root.read(name), first);
+  EXPECT_FALSE(root.has("store/temp/dgoperation.log"));
+  EXPECT_EQ(root.names(), std::vector<std::string>{"store"});
   for (const auto& [path, content] : byPath({.seed = 2}))
-    EXPECT_EQ(read("store/" + path), content) << path;
+    EXPECT_EQ(root.read("store/" + path), content) << path;
 }
 
-TEST_F(SampleFolder, LeavesAForeignFolderAlone) {
-  std::filesystem::create_directories(root_ / "store/share");
-  std::ofstream(root_ / "store/share/letter.txt") << "mine";
-  try {
-    writeSampleStore(folder(), {});
-    ADD_FAILURE() << "the folder was taken";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number(), kPathFileAccess);
+TEST(SampleFolder, LeavesForeignThingsAlone) {
+  const TemporaryFolder root;
+  root.write("store/share/letter.txt", "mine");
+  root.write("file", "mine");
+  for (const char* name : {"store", "file"}) {
+    EXPECT_EQ(raisedNumber([&] { writeSampleStore(root.file(name), {}); }), kPathFileAccess);
   }
-  EXPECT_EQ(read("store/share/letter.txt"), "mine");
-  EXPECT_EQ(names(), std::vector<std::string>{"store"});
+  EXPECT_EQ(raisedNumber([] { writeSampleStore("", {}); }), kPathNotFound);
+  EXPECT_EQ(root.read("store/share/letter.txt"), "mine");
+  EXPECT_EQ(root.read("file"), "mine");
+  EXPECT_EQ(root.names(), (std::vector<std::string>{"file", "store"}));
 }
 
-TEST_F(SampleFolder, KeepsTheOldStoreWhenTheNewOneFails) {
-  writeSampleStore(folder(), {});
-  const std::string before = read("store/temp/cQTCatalog.ini");
+TEST(SampleFolder, KeepsTheOldStoreWhenTheNewOneFails) {
+  const TemporaryFolder root;
+  writeSampleStore(root.file("store"), {});
+  const std::string before = root.read("store/temp/cQTCatalog.ini");
   {
-    sample::FolderSwap swap(folder());
+    sample::FolderSwap swap(root.file("store"));
     swap.write("temp", "a file where a folder must be");
-    EXPECT_THROW(swap.write("temp/cQTCatalog.ini", "new"), RunTimeError);
+    EXPECT_NE(raisedNumber([&] { swap.write("temp/cQTCatalog.ini", "new"); }), 0);
   }
-  EXPECT_EQ(read("store/temp/cQTCatalog.ini"), before);
-  EXPECT_EQ(names(), std::vector<std::string>{"store"});
+  EXPECT_EQ(root.read("store/temp/cQTCatalog.ini"), before);
+  EXPECT_EQ(root.names(), std::vector<std::string>{"store"});
 }
 
 }  // namespace

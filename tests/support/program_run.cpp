@@ -61,20 +61,20 @@ ProgramRun::~ProgramRun() {
   environment() = formerEnvironment_;
 }
 
-void ProgramRun::openStore() {
-  auto files = std::make_unique<MemoryFileSystem>();
-  for (SampleFile& file : builder.finish()) {
+void ProgramRun::openStore(std::vector<SampleFile> files) {
+  auto fileSystem = std::make_unique<MemoryFileSystem>();
+  for (SampleFile& file : files) {
     const bool isMissing = std::any_of(missing.begin(), missing.end(), [&](const std::string& end) {
       return file.path.ends_with("/" + end);
     });
     const std::string place = programPath(file.path, environment().temp);
-    if (!isMissing && !place.empty()) files->add(place, std::move(file.content));
+    if (!isMissing && !place.empty()) fileSystem->add(place, std::move(file.content));
   }
-  setFileSystem(std::move(files));
+  setFileSystem(std::move(fileSystem));
 }
 
-void ProgramRun::openEngine() {
-  openStore();
+void ProgramRun::openEngine(std::vector<SampleFile> files) {
+  openStore(std::move(files));
   ReadCatalogConfiguration();
 }
 

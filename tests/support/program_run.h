@@ -25,10 +25,12 @@ class ProgramRun : public Presenter {
   sample::StoreBuilder builder{SampleOptions{}};
   /// Files of the store to leave out, by the end of their path: "FILE0".
   std::vector<std::string> missing;
-  /// Puts the store where the program looks for it.
-  void openStore();
+  /// Puts the builder's store, or another, where the program looks for it.
+  void openStore() { openStore(builder.finish()); }
+  void openStore(std::vector<SampleFile> files);
   /// The same, with an engine as the main window's load leaves it.
-  void openEngine();
+  void openEngine() { openEngine(builder.finish()); }
+  void openEngine(std::vector<SampleFile> files);
 
   /// The operation log's bytes on disk.
   std::string log() const { return folder.read("dgoperation.log"); }

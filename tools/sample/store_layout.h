@@ -13,25 +13,48 @@ inline constexpr std::string_view kTerminal = "12";
 struct FileLayout {
   std::string_view name;
   std::string_view dataFile;   ///< stem: "PART" lies in PARTDB, its directory is PARTLK
-  char type;                   ///< "L" records, "I" index
   int length;                  ///< of a record, or of a key
+  char type;                   ///< "L" records, "I" index
   bool duplicateKeys = false;  ///< an index only
 };
 
 /// All logical files, in the order in which they lie in their data files. A store has every one of
 /// them, whether or not a family fills it.
+// clang-format off: a table, one file a line
 inline constexpr FileLayout kFileLayouts[] = {
-    {"LINEL", "PART", 'L', 192},  {"ELINEL", "PART", 'L', 64},     {"LINEI", "PART", 'I', 2},
-    {"COMODI", "PART", 'I', 4},   {"PARTL", "PART", 'L', 256},     {"EPARTL", "PART", 'L', 64},
-    {"PARTI", "PART", 'I', 14},   {"MANL", "CUST", 'L', 204},      {"EMANL", "CUST", 'L', 200},
-    {"MANI", "CUST", 'I', 2},     {"CUSTL", "CUST", 'L', 200},     {"ECUSTL", "CUST", 'L', 100},
-    {"CUSTI", "CUST", 'I', 4},    {"CHRTL", "GL", 'L', 64},        {"CHRTI", "GL", 'I', 6},
-    {"GLDTL", "GL", 'L', 64},     {"GLDTI", "GL", 'I', 10, true},  {"VNDRL", "GL", 'L', 64},
-    {"VNDRI", "GL", 'I', 4},      {"PUTBI", "GL", 'I', 16},        {"RTTBI", "GL", 'I', 16},
-    {"INVOL", "INVO", 'L', 1024}, {"TICKI", "INVO", 'I', 4},       {"WARRL", "INVO", 'L', 1024},
-    {"WARRI", "INVO", 'I', 4},    {"UNITL", "UNIT", 'L', 512},     {"LUNITL", "UNIT", 'L', 64},
-    {"LUNITI", "UNIT", 'I', 10},  {"UNITI", "UNIT", 'I', 8},       {"FPLNL", "UNIT", 'L', 256},
-    {"FPEXL", "UNIT", 'L', 32},   {"FPLNI", "UNIT", 'I', 6, true},
+    {"LINEL",  "PART",   192, 'L'},
+    {"ELINEL", "PART",    64, 'L'},
+    {"LINEI",  "PART",     2, 'I'},
+    {"COMODI", "PART",     4, 'I'},
+    {"PARTL",  "PART",   256, 'L'},
+    {"EPARTL", "PART",    64, 'L'},
+    {"PARTI",  "PART",    14, 'I'},
+    {"MANL",   "CUST",   204, 'L'},
+    {"EMANL",  "CUST",   200, 'L'},
+    {"MANI",   "CUST",     2, 'I'},
+    {"CUSTL",  "CUST",   200, 'L'},
+    {"ECUSTL", "CUST",   100, 'L'},
+    {"CUSTI",  "CUST",     4, 'I'},
+    {"CHRTL",  "GL",      64, 'L'},
+    {"CHRTI",  "GL",       6, 'I'},
+    {"GLDTL",  "GL",      64, 'L'},
+    {"GLDTI",  "GL",      10, 'I', true},
+    {"VNDRL",  "GL",      64, 'L'},
+    {"VNDRI",  "GL",       4, 'I'},
+    {"PUTBI",  "GL",      16, 'I'},
+    {"RTTBI",  "GL",      16, 'I'},
+    {"INVOL",  "INVO",  1024, 'L'},
+    {"TICKI",  "INVO",     4, 'I'},
+    {"WARRL",  "INVO",  1024, 'L'},
+    {"WARRI",  "INVO",     4, 'I'},
+    {"UNITL",  "UNIT",   512, 'L'},
+    {"LUNITL", "UNIT",    64, 'L'},
+    {"LUNITI", "UNIT",    10, 'I'},
+    {"UNITI",  "UNIT",     8, 'I'},
+    {"FPLNL",  "UNIT",   256, 'L'},
+    {"FPEXL",  "UNIT",    32, 'L'},
+    {"FPLNI",  "UNIT",     6, 'I', true},
 };
+// clang-format on
 
 }  // namespace dg::sample
