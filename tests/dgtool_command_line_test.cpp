@@ -153,7 +153,7 @@ TEST(DgtoolCommandLineTest, ProgressIsShownOnATerminalOnly) {
   EXPECT_EQ(tool.run({"report"}), 0);
   EXPECT_EQ(tool.err, "");
   tool.errIsTerminal = true;
-  EXPECT_EQ(tool.run({"report"}), 0);
+  EXPECT_EQ(tool.run({"report", "--refresh"}), 0);
   EXPECT_NE(tool.err.find("Loading A/R..."), std::string::npos);
   EXPECT_TRUE(tool.err.ends_with("\r\x1B[K")) << "the line is cleared in the end";
 }

@@ -1,5 +1,7 @@
 #include <cstdio>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <memory>
 #include <regex>
 #include <set>
@@ -57,6 +59,19 @@ TEST(DgtoolCompletionTest, EveryLongOptionIsCompleted) {
     const Words options = helpOptions(command);
     EXPECT_TRUE(options.contains("--version")) << command;
     EXPECT_EQ(completions(command, "--"), options) << command;
+  }
+}
+
+TEST(DgtoolCompletionTest, EveryLongOptionIsInTheManual) {
+  std::ifstream file(DG_SOURCE_DIR "/docs/man/dgtool.1");
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  const std::string manual = std::regex_replace(page, std::regex(R"(\\-)"), "-");
+  for (const char* command :
+       {"report", "inspect files", "inspect keys", "inspect record", "sample"}) {
+    for (const std::string& option : helpOptions(command))
+      EXPECT_TRUE(std::regex_search(manual, std::regex("\\n\\.BI? \"?" + option + "( |\n)")) ||
+                  option == "--help" || option == "--version")
+          << command << " " << option;
   }
 }
 

@@ -35,6 +35,8 @@ TEST(DgtoolCsvTest, CellsAreQuotedAndFormulasDisarmed) {
       {"@SUM(A1)", "'@SUM(A1)"},
       {"\t=1+1", "' =1+1"},
       {"\r=1", "' =1"},
+      {"  =1", "'  =1"},
+      {" -5", "\" -5\""},
   };
   for (const auto& each : kCases)
     EXPECT_EQ(csvCell(each.cell), each.written) << each.cell;

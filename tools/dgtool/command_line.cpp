@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
+#include <utility>
 
 #include "platform/run_time_error.h"
 #include "tools/dgtool/inspect.h"

@@ -8,7 +8,7 @@ namespace dg {
 
 namespace {
 
-constexpr std::string_view kFormulaStarts = "=+-@\t\r";
+constexpr std::string_view kFormulaStarts = "=+-@";
 
 template <class TextOf>
 void writeRecord(std::ostream& out, const Grid& grid, TextOf&& textOf) {
@@ -24,10 +24,10 @@ void writeRecord(std::ostream& out, const Grid& grid, TextOf&& textOf) {
 }  // namespace
 
 std::string csvCell(std::string_view bytes) {
-  const bool formula = !bytes.empty() &&
-                       kFormulaStarts.find(bytes.front()) != std::string_view::npos &&
-                       !parseNumber(bytes);
   std::string text = terminalText(bytes);
+  const std::string_view start = trimLeft(text);
+  const bool formula =
+      !start.empty() && kFormulaStarts.find(start.front()) != start.npos && !parseNumber(start);
   if (formula) text.insert(0, "'");
   if (text.find_first_of("\",") == std::string::npos && text == trim(text)) return text;
   std::string quoted = "\"";

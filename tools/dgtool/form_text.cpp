@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
+#include <utility>
 #include <vector>
 
 #include "platform/text.h"
@@ -37,6 +37,7 @@ struct LabelBox {
   std::size_t width = 0;
   std::size_t column = 0;
   std::size_t columnSpan = 1;
+  bool value = false;
   bool right = false;
 };
 
@@ -62,8 +63,8 @@ LabelBox boxOf(const SheetLabel& place) {
   box.columnSpan = static_cast<std::size_t>(std::max(place.columnSpan, 1));
   for (const std::string& line : box.lines)
     box.width = std::max(box.width, line.size());
-  box.right = place.label->role() == LabelRole::kValue && place.column > 0 &&
-              (text == kDataError || shownNumber(trim(text)));
+  box.value = place.label->role() == LabelRole::kValue;
+  box.right = box.value && place.column > 0 && (text == kDataError || shownNumber(trim(text)));
   return box;
 }
 
@@ -76,7 +77,7 @@ class LabelSheet {
       if (!box.lines.empty()) rows_[place.row].push_back(std::move(box));
     }
     measure();
-    alignCaptions();
+    align();
   }
 
   bool empty() const { return rows_.empty(); }
@@ -109,17 +110,22 @@ class LabelSheet {
     }
   }
 
-  /// A caption above figures stands at their edge of the column.
-  void alignCaptions() {
-    std::set<std::size_t> figures;
+  /// Figures stand at the right edge of a column that holds nothing else, and so do the captions
+  /// above them.
+  void align() {
+    std::map<std::size_t, bool> figures;  // columns with values: whether all are figures
     for (const auto& [row, boxes] : rows_) {
       for (const LabelBox& box : boxes) {
-        if (box.right && box.columnSpan == 1) figures.insert(box.column);
+        if (!box.value || box.columnSpan > 1) continue;
+        const auto known = figures.emplace(box.column, box.right).first;
+        known->second = known->second && box.right;
       }
     }
     for (auto& [row, boxes] : rows_) {
-      for (LabelBox& box : boxes)
-        box.right = box.right || (box.columnSpan == 1 && figures.contains(box.column));
+      for (LabelBox& box : boxes) {
+        const auto known = figures.find(box.column);
+        if (box.columnSpan == 1 && known != figures.end()) box.right = known->second;
+      }
     }
   }
 

@@ -152,7 +152,7 @@ int runReport(const ReportOptions& options, const Console& console,
     session.complain();
     throw UsageError("the store cannot be reached");
   }
-  if (options.refresh) main.ReLoadBm();
+  if (options.refresh) session.refresh();
   const std::vector<View*> views = reportedViews(main, wanted);
   for (const std::string& name : wanted) {
     if (main.view(name) == nullptr) console.complain(name + " is not in use in this store");

@@ -1,6 +1,7 @@
 #include "tools/dgtool/session.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "engine/catalog_configuration.h"
 #include "engine/state.h"
@@ -83,6 +84,11 @@ frmTRVN& Session::load(const ViewCatalogue& catalogue, const std::vector<std::st
   main_ = startProgram(catalogue, views);
   clearProgress();
   return *main_;
+}
+
+void Session::refresh() {
+  main_->ReLoadBm();
+  clearProgress();
 }
 
 bool Session::storeReachable() const {

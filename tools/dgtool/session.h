@@ -32,6 +32,9 @@ class Session {
   /// does after its launch check.
   frmTRVN& load(const ViewCatalogue& catalogue, const std::vector<std::string>& views);
 
+  /// File/Refresh of the main window that load() gave.
+  void refresh();
+
   /// Whether there is an engine: the catalog file was found and the share answered.
   bool storeReachable() const;
 

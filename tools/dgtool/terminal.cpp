@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <stdio.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -17,6 +18,7 @@ bool errorStreamIsTerminal() {
 
 void makeOutputBinary() {
   _setmode(_fileno(stdout), _O_BINARY);
+  SetConsoleOutputCP(CP_UTF8);
 }
 #else
 bool errorStreamIsTerminal() {

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <utility>
 #include <xlsxwriter.h>
 
 #include "platform/clock.h"
