@@ -20,7 +20,7 @@ struct FileLayout {
 
 /// All logical files, in the order in which they lie in their data files. A store has every one of
 /// them, whether or not a family fills it.
-// clang-format off: a table, one file a line
+// clang-format off
 inline constexpr FileLayout kFileLayouts[] = {
     {"LINEL",  "PART",   192, 'L'},
     {"ELINEL", "PART",    64, 'L'},
