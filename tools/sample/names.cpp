@@ -74,6 +74,7 @@ constexpr std::array<Words, 16> kLabor = {
     "SERVICE CALL",     "REPAIR STARTER",    "OIL CHANGE",      "SET UP NEW UNIT",
     "PRESSURE TEST",    "REPLACE FUEL LINE", "WELD DECK",       "WARRANTY INSPECTION"};
 
+constexpr std::size_t kLongestDealershipName = 35;
 constexpr std::string_view kPartCharacters = "0123456789ABCDEFGHJKLMNPRSTUVWXYZ";
 
 std::string joined(Words first, Words second) {
@@ -90,9 +91,13 @@ std::string digits(Random& random, int count) {
 }  // namespace
 
 std::string dealershipName(Random& random) {
-  const Words owner = lastName(random);
-  const std::string business = joined(owner, random.pick(kBusinesses));
-  return joined(business + " OF", townName(random));
+  std::string name;
+  do {
+    const Words owner = lastName(random);
+    const std::string business = joined(owner, random.pick(kBusinesses));
+    name = joined(business + " OF", townName(random));
+  } while (name.size() > kLongestDealershipName);
+  return name;
 }
 
 std::string_view firstName(Random& random) {

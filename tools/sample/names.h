@@ -9,6 +9,7 @@ class Random;
 
 // Invented names, in capitals as the suite's terminals enter them. None belongs to anybody.
 
+/// At most 35 characters.
 std::string dealershipName(Random& random);
 /// "LAST FIRST", as customer and counterman files have it.
 std::string personName(Random& random);

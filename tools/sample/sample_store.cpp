@@ -65,8 +65,9 @@ std::vector<SampleFile> composeSampleStore(const SampleOptions& options) {
 }
 
 void writeSampleStore(const std::string& folder, const SampleOptions& options) {
+  const std::vector<SampleFile> files = composeSampleStore(options);
   FolderSwap swap(folder);
-  for (const SampleFile& file : composeSampleStore(options))
+  for (const SampleFile& file : files)
     swap.write(file.path, file.content);
   swap.commit();
 }

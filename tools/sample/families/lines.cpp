@@ -54,7 +54,7 @@ std::vector<std::string> lineCodes(Random& random) {
 enum class Stock { kNone, kNegative, kLarge, kUsual };
 enum class Sales { kNone, kReturns, kAtLoss, kUsual };
 constexpr std::size_t kKinds = 4;
-constexpr int kUsualPercent = 80;
+constexpr int kUsualPercent = 85;
 
 template <class Kind>
 Kind kindFor(Random& random, std::size_t line) {
@@ -71,7 +71,7 @@ std::int32_t merchandise(Random& random, Stock kind) {
     case Stock::kNegative:
       return -random.between(1, 250'000);
     case Stock::kLarge:
-      return random.between(100'000'000, 900'000'000);
+      return random.between(100'000'000, 250'000'000);
     default:
       return random.between(25'000, 9'000'000);
   }
