@@ -37,6 +37,10 @@ char folded(char opcode) {
   return opcode >= 'a' && opcode <= 'z' ? static_cast<char>(opcode - 'a' + 'A') : opcode;
 }
 
+bool isSigned(char opcode) {
+  return opcode == 'I' || opcode == 'J' || opcode == 'K';
+}
+
 [[noreturn]] void raiseUnknown(const char* source, const std::string& opcode) {
   throw RunTimeError(100, source, "Unknown OpCode = \"" + opcode + "\"");
 }
@@ -68,8 +72,9 @@ void packKnown(char opcode, std::string& data, std::int32_t value, std::int32_t 
                            "   Len(Data$) = " + std::to_string(data.size()));
   }
   auto bits = static_cast<std::uint32_t>(value);
+  char* field = data.data() + (position - 1);
   for (int i = width - 1; i >= 0; --i) {
-    data[static_cast<std::size_t>(position - 1 + i)] = static_cast<char>(bits & 0xFF);
+    field[i] = static_cast<char>(bits & 0xFF);
     bits >>= 8;
   }
 }
@@ -129,12 +134,13 @@ constexpr std::array<std::uint8_t, 256> tailCodes() {
 /// Codes of the characters that no head changes; 0 for all others.
 constexpr std::array<std::uint8_t, 256> kTailCodes = tailCodes();
 
-/// The character's code under the table in force. What the table lacks turns into a blank.
-unsigned maskCode(char character) {
-  for (std::size_t code = 0; code < kMaskHeadSize; ++code) {
-    if (MaskTable[code] == character) return static_cast<unsigned>(code);
-  }
-  return kTailCodes[static_cast<unsigned char>(character)];
+/// The code of every character under the table in force. What the table lacks turns into a blank.
+std::array<std::uint8_t, 256> maskCodes() {
+  std::array<std::uint8_t, 256> codes = kTailCodes;
+  // From the right: of a character that the table holds twice the first place counts.
+  for (std::size_t code = kMaskHeadSize; code-- > 0;)
+    codes[static_cast<unsigned char>(MaskTable[code])] = static_cast<std::uint8_t>(code);
+  return codes;
 }
 
 }  // namespace
@@ -143,10 +149,12 @@ std::optional<std::int32_t> tryUnpack(char opcode, std::string_view data, std::i
   const int width = opcodeWidth(opcode);
   if (!lies(data, position, width)) return std::nullopt;
   const auto* field = reinterpret_cast<const unsigned char*>(data.data()) + (position - 1);
-  const bool isSigned = opcode == 'I' || opcode == 'J' || opcode == 'K';
-  std::uint32_t bits = isSigned && (field[0] & 0x80) != 0 ? 0xFFFFFFFF : 0;
+  std::uint32_t bits = 0;
   for (int i = 0; i < width; ++i)
     bits = bits << 8 | field[i];
+  // Up to the top and back down: an arithmetic shift fills with the sign.
+  const int unused = 32 - 8 * width;
+  if (isSigned(opcode)) return static_cast<std::int32_t>(bits << unused) >> unused;
   return static_cast<std::int32_t>(bits);
 }
 
@@ -231,30 +239,33 @@ std::string Crm(std::string& Text) {
 
 std::string unpackText(std::string_view packed) {
   const std::string& table = MaskTable;
-  std::string text;
-  text.reserve((packed.size() + 1) / 2 * 3);
+  std::string text((packed.size() + 1) / 2 * 3, ' ');
+  char* out = text.data();
   for (std::size_t i = 0; i < packed.size(); i += 2) {
     const unsigned high = static_cast<unsigned char>(packed[i]);
-    const unsigned low =
-        i + 1 < packed.size() ? static_cast<unsigned char>(packed[i + 1]) : unsigned{0};
+    const unsigned low = i + 1 < packed.size() ? static_cast<unsigned char>(packed[i + 1]) : 0U;
     const unsigned value = high << 8 | low;
     // Values from 64000 on have the first code 40, which the table does not hold.
     const unsigned first = value / kFirstWeight;
-    if (first < kMaskTableSize) text.push_back(table[first]);
-    text.push_back(table[value / kSecondWeight % kMaskTableSize]);
-    text.push_back(table[value % kMaskTableSize]);
+    if (first < kMaskTableSize) *out++ = table[first];
+    *out++ = table[value / kSecondWeight % kMaskTableSize];
+    *out++ = table[value % kMaskTableSize];
   }
+  text.resize(static_cast<std::size_t>(out - text.data()));
   return text;
 }
 
 std::string packText(std::string_view text) {
-  std::string packed;
-  packed.reserve((text.size() + 2) / 3 * 2);
+  const std::array<std::uint8_t, 256> codes = maskCodes();
+  const auto code = [&](std::size_t at) -> unsigned {
+    return at < text.size() ? codes[static_cast<unsigned char>(text[at])] : 0U;
+  };
+  std::string packed((text.size() + 2) / 3 * 2, '\0');
+  char* out = packed.data();
   for (std::size_t i = 0; i < text.size(); i += 3) {
-    const auto code = [&](std::size_t at) { return at < text.size() ? maskCode(text[at]) : 0; };
     const unsigned value = code(i) * kFirstWeight + code(i + 1) * kSecondWeight + code(i + 2);
-    packed.push_back(static_cast<char>(value >> 8));
-    packed.push_back(static_cast<char>(value & 0xFF));
+    *out++ = static_cast<char>(value >> 8);
+    *out++ = static_cast<char>(value & 0xFF);
   }
   return packed;
 }

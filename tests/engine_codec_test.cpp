@@ -27,25 +27,25 @@ class EngineCodec : public testing::Test {
 
 TEST_F(EngineCodec, UnpacksEveryOpcodeAtTheEdgesOfItsRange) {
   struct Case {
-    char opcode;
     std::string field;
     std::int32_t value;
+    char opcode;
   };
   const Case cases[] = {
-      {'C', bytes({0x01, 0x02}), 258},
-      {'J', bytes({0xFF, 0xFE}), -2},
-      {'C', bytes({0xFF, 0xFE}), 65534},
-      {'K', bytes({0x80, 0, 0}), -8388608},
-      {'B', bytes({0xFF}), 255},
-      {'I', bytes({0xFF}), -1},
-      {'I', bytes({0x80}), -128},
-      {'J', bytes({0x7F, 0xFF}), 32767},
-      {'D', bytes({0xFF, 0xFF, 0xFF}), 16777215},
-      {'K', bytes({0xFF, 0xFF, 0xFF}), -1},
-      {'K', bytes({0x7F, 0xFF, 0xFF}), 8388607},
-      {'L', bytes({0xFF, 0xFF, 0xFF, 0xFF}), -1},
-      {'L', bytes({0x80, 0, 0, 0}), INT32_MIN},
-      {'L', bytes({0x7F, 0xFF, 0xFF, 0xFF}), INT32_MAX},
+      {bytes({0x01, 0x02}), 258, 'C'},
+      {bytes({0xFF, 0xFE}), -2, 'J'},
+      {bytes({0xFF, 0xFE}), 65534, 'C'},
+      {bytes({0x80, 0, 0}), -8388608, 'K'},
+      {bytes({0xFF}), 255, 'B'},
+      {bytes({0xFF}), -1, 'I'},
+      {bytes({0x80}), -128, 'I'},
+      {bytes({0x7F, 0xFF}), 32767, 'J'},
+      {bytes({0xFF, 0xFF, 0xFF}), 16777215, 'D'},
+      {bytes({0xFF, 0xFF, 0xFF}), -1, 'K'},
+      {bytes({0x7F, 0xFF, 0xFF}), 8388607, 'K'},
+      {bytes({0xFF, 0xFF, 0xFF, 0xFF}), -1, 'L'},
+      {bytes({0x80, 0, 0, 0}), INT32_MIN, 'L'},
+      {bytes({0x7F, 0xFF, 0xFF, 0xFF}), INT32_MAX, 'L'},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(1, c.opcode) + " " + std::to_string(c.value));

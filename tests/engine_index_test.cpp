@@ -24,14 +24,20 @@ std::string padded(std::string key, int length) {
   return key;
 }
 
+std::vector<sample::IndexEntry> inOrder(const std::map<std::string, std::int32_t>& entries) {
+  std::vector<sample::IndexEntry> list;
+  list.reserve(entries.size());
+  for (const auto& [key, record] : entries)
+    list.push_back({key, record});
+  return list;
+}
+
 /// An index in a file of its own, behind one block of something else, and a walk over it.
 class Index {
  public:
-  explicit Index(std::string blocks) { open(std::move(blocks)); }
+  explicit Index(const std::string& blocks) { open(blocks); }
   Index(const std::map<std::string, std::int32_t>& entries, sample::IndexShape shape) {
-    std::vector<sample::IndexEntry> list;
-    for (const auto& [key, record] : entries)
-      list.push_back({key, record});
+    const std::vector<sample::IndexEntry> list = inOrder(entries);
     const sample::IndexImage image = sample::buildIndex(list, shape);
     levels_ = image.levels;
     open(image.bytes);
@@ -64,7 +70,7 @@ class Index {
   std::string& cursor() { return cursor_; }
 
  private:
-  void open(std::string blocks) {
+  void open(const std::string& blocks) {
     const auto lastBlock = static_cast<std::int32_t>(blocks.size() / kBlockSize) - 1;
     store_.place("OTHER", 'X', 512, 0, std::string(512, '\xEE'));
     store_.place("KEYI", 'I', 512, lastBlock, blocks);
@@ -467,6 +473,7 @@ TEST(EngineIndex, AParentThatDoesNotKnowItsChildOverflows) {
 
 TEST(EngineIndex, EqualKeysComeInTheirOrder) {
   std::vector<sample::IndexEntry> entries;
+  entries.reserve(200);
   for (std::int32_t record = 1; record <= 200; ++record)
     entries.push_back({padded(record <= 100 ? "A" : "B", 4), record});
   const sample::IndexImage image =
@@ -480,9 +487,7 @@ TEST(EngineIndex, EqualKeysComeInTheirOrder) {
 
 TEST(EngineIndex, ADamagedTreeEndsInAnErrorOrAnAnswer) {
   const auto entries = randomEntries(200, 6, 8);
-  std::vector<sample::IndexEntry> list;
-  for (const auto& [key, record] : entries)
-    list.push_back({key, record});
+  const std::vector<sample::IndexEntry> list = inOrder(entries);
   const std::string sound = sample::buildIndex(list, {.keyLength = 6, .fillPercent = 20}).bytes;
   std::mt19937 random(12);
   Index index(sound);
