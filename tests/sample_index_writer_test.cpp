@@ -152,6 +152,13 @@ TEST(SampleIndexWriter, ScattersNodesAndLeavesSpareBlocks) {
   EXPECT_FALSE(std::is_sorted(tree.leaves().begin(), tree.leaves().end()));
 }
 
+TEST(SampleIndexWriter, FillsNodesFurtherWhereTheirNumbersWouldRunOut) {
+  const std::vector<IndexEntry> entries = makeEntries(400'000, 14);
+  const IndexImage image = buildIndex(entries, {.keyLength = 14, .fillPercent = 1});
+  EXPECT_LT(image.lastBlock, 65'535);
+  EXPECT_TRUE(TreeCheck(image).entries() == entries);
+}
+
 TEST(SampleIndexWriter, TakesTheLongestKey) {
   const std::vector<IndexEntry> entries = makeEntries(40, 250);
   const IndexImage image = buildIndex(entries, {.keyLength = 250});

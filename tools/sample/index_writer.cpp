@@ -29,13 +29,19 @@ std::vector<std::size_t> levelSizes(std::size_t entries, std::size_t perNode) {
   return sizes;
 }
 
-/// Entries in a node: as the fill asks, or more where the tree would get too deep for a cursor.
+/// Whether a cursor can walk a tree of these levels and node numbers can name its nodes.
+bool fitsReaders(const std::vector<std::size_t>& levels) {
+  const std::size_t nodes = std::accumulate(levels.begin(), levels.end(), std::size_t{0});
+  return levels.size() <= index_cursor::kMaxDepth && nodes < kNoNextLeaf;
+}
+
+/// Entries in a node: as the fill asks, or more where the tree would get too deep or too wide.
 std::size_t entriesInUse(std::size_t entries, const IndexShape& shape) {
   const auto room = static_cast<std::size_t>(entriesPerNode(shape.keyLength));
   auto perNode = std::max<std::size_t>(kFewestEntries,
                                        room * static_cast<std::size_t>(shape.fillPercent) / 100);
   perNode = std::min(perNode, room);
-  while (perNode < room && levelSizes(entries, perNode).size() > index_cursor::kMaxDepth)
+  while (perNode < room && !fitsReaders(levelSizes(entries, perNode)))
     ++perNode;
   return perNode;
 }

@@ -36,9 +36,9 @@ struct IndexImage {
 int entriesPerNode(int keyLength);
 
 /// Builds an index over entries in key order: equal keys stay in the order given. Where the fill
-/// would give a tree deeper than a cursor can walk, nodes are filled further. Raises 5 when a key
-/// is out of order, not of the key length, repeated without leave or all 255, and 6 when the nodes
-/// outgrow their 16-bit numbers.
+/// would give a tree deeper than a cursor can walk, or more nodes than have numbers, nodes are
+/// filled further. Raises 5 when a key is out of order, not of the key length, repeated without
+/// leave or all 255, and 6 when the nodes outgrow their 16-bit numbers even so.
 IndexImage buildIndex(std::span<const IndexEntry> entries, const IndexShape& shape);
 
 }  // namespace dg::sample

@@ -19,8 +19,14 @@ struct SampleWorld;
 // records of all others as they are. Multiply counts by the scale, amounts not.
 using FamilyFunction = void(StoreBuilder&, Random&, const SampleOptions&, SampleWorld&);
 
-FamilyFunction addCompany;      ///< control file: options, store name, names and captions
-FamilyFunction addReceivables;  ///< DARR.TRVN
-FamilyFunction addLines;        ///< LINEL, ELINEL, LINEI, COMODI
+FamilyFunction addCompany;         ///< control file: options, store name, names and captions
+FamilyFunction addReceivables;     ///< DARR.TRVN
+FamilyFunction addLines;           ///< LINEL, ELINEL, LINEI, COMODI
+FamilyFunction addParts;           ///< PARTL, EPARTL, PARTI
+FamilyFunction addCountermen;      ///< MANL, EMANL, MANI
+FamilyFunction addLedger;          ///< CHRTL, CHRTI, GLDTL, GLDTI and the saved account lists
+FamilyFunction addVendors;         ///< VNDRL, VNDRI
+FamilyFunction addPurchaseOrders;  ///< PUTBI and a file for each order
+FamilyFunction addReturns;         ///< RTTBI and a file for each return
 
 }  // namespace dg::sample
