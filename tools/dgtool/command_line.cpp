@@ -204,7 +204,7 @@ class CommandLine {
       if (found == commands.end()) {
         std::string names;
         for (const CLI::App* command : commands)
-          names += " " + command->get_name();
+          names.append(" ").append(command->get_name());
         throw UsageError("there is no command " + word + "; the commands are" + names);
       }
       app = *found;

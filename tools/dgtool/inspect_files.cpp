@@ -140,7 +140,7 @@ int inspectFiles(const InspectOptions& options, const Console& console) {
 }
 
 std::shared_ptr<cLogicalFile> openLogicalFile(const std::string& name) {
-  const auto file = sharedEngine().LogicalOpen(name);
+  auto file = sharedEngine().LogicalOpen(name);
   if (!file) throw UsageError("the link table has no file " + name);
   if (file->FileType.empty()) throw UsageError("the directory has no file " + name);
   if (!file->OpenFile) throw UsageError("the data file of " + name + " cannot be opened");

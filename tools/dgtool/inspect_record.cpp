@@ -40,7 +40,7 @@ const RecordClass& wantedClass(const std::string& name) {
   if (const RecordClass* known = findRecordClass(name)) return *known;
   std::string all;
   for (const RecordClass& known : recordClasses())
-    all += " " + std::string(known.name);
+    all.append(" ").append(known.name);
   throw UsageError("there is no record class " + name + "; the classes are" + all);
 }
 

@@ -26,7 +26,7 @@ std::vector<std::string> knownViews(const std::vector<std::string>& wanted,
     if (found == names.end()) {
       std::string known;
       for (const std::string& each : names)
-        known += " " + each;
+        known.append(" ").append(each);
       throw UsageError("there is no view " + name + "; the views are" + known);
     }
     result.push_back(*found);
@@ -86,11 +86,11 @@ const Grid& wantedGrid(const std::vector<View*>& views, const std::string& text)
       const auto* grid = dynamic_cast<const Grid*>(control.get());
       if (grid == nullptr) continue;
       const std::string full = view->name() + "." + grid->name();
-      all += " " + full;
+      all.append(" ").append(full);
       if (!equalIgnoringCase(grid->name(), gridName)) continue;
       if (!viewName.empty() && !equalIgnoringCase(view->name(), viewName)) continue;
       found.push_back(grid);
-      candidates += " " + full;
+      candidates.append(" ").append(full);
     }
   }
   if (found.empty()) throw UsageError("--csv: there is no grid " + text + "; the grids are" + all);
