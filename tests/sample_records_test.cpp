@@ -104,6 +104,11 @@ TEST(SampleRecordFile, ChainsFreedRecordsFromRecordZero) {
   }
   EXPECT_EQ(chain, (std::vector<std::int32_t>{4, 2}));
   EXPECT_EQ(record(3).substr(0, 8), std::string("changed\0", 8));
+  file.free(1);
+  EXPECT_EQ(Unpack('L', file.image().bytes, 11), 1);
+  EXPECT_EQ(Unpack('L', file.image().bytes, 3), 1) << "freed last, taken first";
+  EXPECT_EQ(file.image().bytes.substr(20, 6), std::string("\0\0\0\0\0\4", 6));
+  EXPECT_EQ(test::raisedNumber([&] { file.free(5); }), 81);
   EXPECT_EQ(test::raisedNumber([&] { file.add(std::string(21, 'x')); }), 36);
   EXPECT_EQ(test::raisedNumber([&] { file.replace(5, ""); }), 81);
 }
@@ -133,25 +138,31 @@ std::vector<std::int32_t> entered(const ControlFile& file, std::size_t first, st
   return records;
 }
 
-TEST(SampleControlFile, FillsEverySlotOfItsTablesOnce) {
-  Random random(3, "slots");
+TEST(SampleControlFile, GivesEveryJobASlotOfItsOwn) {
   ControlFile jobs;
-  std::int32_t count = 0;
-  while (jobs.addJob(random, count + 1))
-    ++count;
-  EXPECT_EQ(count, 79 * 128);
-  std::vector<std::int32_t> found = entered(jobs, 451, 571);
-  EXPECT_FALSE(std::is_sorted(found.begin(), found.end()));
-  EXPECT_EQ(std::set<std::int32_t>(found.begin(), found.end()).size(), 79U * 128U);
+  for (std::int32_t job = 1; job <= ControlFile::kHighestJob; ++job)
+    jobs.setJob(job, job);
+  const std::vector<std::int32_t> found = entered(jobs, 451, 571);
+  EXPECT_EQ(std::set<std::int32_t>(found.begin(), found.end()).size(), 10'086U);
   EXPECT_EQ(jobs.block(459), std::string(512, '\0')) << "between the table's two ranges";
   EXPECT_EQ(jobs.block(500), std::string(512, '\0'));
+  EXPECT_EQ(Unpack('L', jobs.block(458), 4 * (999 - 7 * 128) + 1), 999);
+  EXPECT_EQ(Unpack('L', jobs.block(501), 4 * 104 + 1), 1000) << "slots do not count from 999";
+  EXPECT_EQ(Unpack('L', jobs.block(502), 4 * 103 + 1), 1127);
+  EXPECT_EQ(Unpack('L', jobs.block(571), 4 * 102 + 1), 10'086);
+  for (const std::int32_t job : {0, -1, 10'087})
+    EXPECT_EQ(test::raisedNumber([&] { jobs.setJob(job, 1); }), kSubscriptOutOfRange);
+}
 
+TEST(SampleControlFile, FillsEverySlotOfTheSavedInvoicesOnce) {
+  Random random(3, "slots");
   ControlFile invoices;
-  count = 0;
+  std::int32_t count = 0;
   while (invoices.addSavedInvoice(random, count + 1))
     ++count;
   EXPECT_EQ(count, 25 * 4 * 31);
-  found = entered(invoices, 301, 325);
+  const std::vector<std::int32_t> found = entered(invoices, 301, 325);
+  EXPECT_FALSE(std::is_sorted(found.begin(), found.end()));
   EXPECT_EQ(std::set<std::int32_t>(found.begin(), found.end()).size(), 25U * 4U * 31U);
   for (int group = 0; group < 4; ++group)
     EXPECT_EQ(Unpack('L', invoices.block(301), group * 128 + 1), 0)

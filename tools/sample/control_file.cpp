@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kBlocks = 580;
 constexpr std::size_t kSlotSize = 4;
-constexpr std::size_t kJobsPerBlock = 128;
+constexpr std::int32_t kJobsPerBlock = 128;
 constexpr std::size_t kGroupSize = 128;
 constexpr std::size_t kGroupsPerBlock = 4;
 constexpr std::size_t kGroupHeader = 4;
@@ -20,7 +20,9 @@ struct BlockRange {
   int first;
   int last;
 };
-constexpr BlockRange kJobBlocks[] = {{451, 458}, {501, 571}};
+constexpr int kFirstJobBlock = 451;
+constexpr int kSecondJobRange = 501;
+constexpr std::int32_t kFirstJobOfSecondRange = 1000;
 constexpr BlockRange kSavedInvoiceBlocks = {301, 325};
 
 std::size_t blockOffset(int number) {
@@ -30,12 +32,6 @@ std::size_t blockOffset(int number) {
 }  // namespace
 
 ControlFile::ControlFile() : bytes_(blockOffset(kBlocks), '\0') {
-  for (const BlockRange& range : kJobBlocks) {
-    for (int number = range.first; number <= range.last; ++number) {
-      for (std::size_t slot = 0; slot < kJobsPerBlock; ++slot)
-        jobSlots_.push_back(blockOffset(number) + slot * kSlotSize);
-    }
-  }
   for (int number = kSavedInvoiceBlocks.first; number <= kSavedInvoiceBlocks.last; ++number) {
     for (std::size_t group = 0; group < kGroupsPerBlock; ++group) {
       const std::size_t first = blockOffset(number) + group * kGroupSize + kGroupHeader;
@@ -56,7 +52,19 @@ void ControlFile::setBlock(int number, const std::string& bytes) {
   bytes_.replace(blockOffset(number), kBlockSize, bytes);
 }
 
-bool ControlFile::fillSlot(Random& random, std::vector<std::size_t>& slots, std::int32_t record) {
+/// The second range counts its blocks from job 999 and its slots from 0.
+void ControlFile::setJob(std::int32_t job, std::int32_t record) {
+  if (job < 1 || job > kHighestJob) throw RunTimeError(kSubscriptOutOfRange);
+  const int block = job < kFirstJobOfSecondRange
+                        ? kFirstJobBlock + job / kJobsPerBlock
+                        : kSecondJobRange + (job - (kFirstJobOfSecondRange - 1)) / kJobsPerBlock;
+  const std::size_t offset =
+      blockOffset(block) + static_cast<std::size_t>(job % kJobsPerBlock) * kSlotSize;
+  bytes_.replace(offset, kSlotSize, integerKey('L', record, kSlotSize));
+}
+
+bool ControlFile::addSavedInvoice(Random& random, std::int32_t record) {
+  std::vector<std::size_t>& slots = savedInvoiceSlots_;
   if (slots.empty()) return false;
   const auto chosen = static_cast<std::size_t>(random.below(slots.size()));
   bytes_.replace(slots[chosen], kSlotSize, integerKey('L', record, kSlotSize));

@@ -18,22 +18,19 @@ class ControlFile {
   std::string block(int number) const;
   void setBlock(int number, const std::string& bytes);
 
-  /// Enters a shop job's first record, or a value below 1 for a slot that was freed, at a random
-  /// place of the job table. Returns false when the table is full.
-  bool addJob(Random& random, std::int32_t record) { return fillSlot(random, jobSlots_, record); }
-  /// The same for a saved invoice.
-  bool addSavedInvoice(Random& random, std::int32_t record) {
-    return fillSlot(random, savedInvoiceSlots_, record);
-  }
+  static constexpr std::int32_t kHighestJob = 10'086;  ///< the last that the job table has room for
+
+  /// Enters a shop job's first record, or a value below 1 for a job whose slot was freed, at the
+  /// job's place in the job table. Raises 9 for a job number that has none.
+  void setJob(std::int32_t job, std::int32_t record);
+  /// Enters a saved invoice's record at a random place. Returns false when the table is full.
+  bool addSavedInvoice(Random& random, std::int32_t record);
 
   const std::string& bytes() const { return bytes_; }
 
  private:
-  bool fillSlot(Random& random, std::vector<std::size_t>& slots, std::int32_t record);
-
   std::string bytes_;
-  std::vector<std::size_t> jobSlots_;           // byte offsets of the slots not yet in use
-  std::vector<std::size_t> savedInvoiceSlots_;  // the same
+  std::vector<std::size_t> savedInvoiceSlots_;  // byte offsets of the slots not yet in use
 };
 
 }  // namespace dg::sample

@@ -34,9 +34,10 @@ std::int32_t RecordFile::add(std::string_view record) {
   return ++highUsed_;
 }
 
-void RecordFile::addFreed() {
-  bytes_ += RecordWriter(recordLength_).integer(3, 'L', freeHead_).bytes();
-  freeHead_ = ++highUsed_;
+void RecordFile::free(std::int32_t number) {
+  replace(number, RecordWriter(recordLength_).integer(3, 'L', freeHead_).bytes());
+  freeHead_ = number;
+  --active_;
 }
 
 void RecordFile::replace(std::int32_t number, std::string_view record) {

@@ -19,7 +19,9 @@ class RecordFile final : public LogicalSource {
   /// that is too long.
   std::int32_t add(std::string_view record);
   /// Appends a record that was used once and is free now: all NUL but its link of the free chain.
-  void addFreed();
+  void addFreed() { free(add({})); }
+  /// Frees a record in use. Raises 81.
+  void free(std::int32_t number);
   /// The number that the next record gets.
   std::int32_t nextNumber() const { return highUsed_ + 1; }
   /// Overwrites a record, for chains whose next number is known late. Raises 81.
