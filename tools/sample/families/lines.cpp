@@ -23,9 +23,9 @@ constexpr int kLinesPerScale = 40;
 constexpr int kMostLines = 900;
 constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kCommodityCodes = "ABCDEFGHJKLMNPRSTUVWXYZ123456789";
-/// Line types by their frequency; a line without one of the three letters counts as parts.
-constexpr std::string_view kTypes = "PPPPPPPPPUUUURRR X";
-constexpr std::string_view kKnownTypes = "PUR";
+/// The lines go through these types, so that the smallest store has a dozen unit lines; a line
+/// without one of the three letters counts as parts.
+constexpr std::string_view kTypes = "PURPPUPRPUPUPPURX UR";
 
 /// Line numbers below the reserved ones, in random order; the highest is always among them.
 std::vector<std::int32_t> lineNumbers(Random& random, int count) {
@@ -185,9 +185,7 @@ void addLines(StoreBuilder& builder, Random& random, const SampleOptions& option
   const std::vector<std::string> codes = lineCodes(random);
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     if (i % 17 == 5) records.addFreed();
-    SampleLine line{.number = numbers[i], .alpha = codes[i], .type = random.pick(kTypes)};
-    // Every type is there in the smallest store.
-    if (i < kKnownTypes.size()) line.type = kKnownTypes[i];
+    SampleLine line{.number = numbers[i], .alpha = codes[i], .type = kTypes[i % kTypes.size()]};
     const std::string commodities = commodityCodes(random);
     line.record =
         records.add(lineRecord(random, options, line, i, commodities, records.recordLength()));
