@@ -24,9 +24,21 @@ struct Family {
 
 /// In the order in which they are made: a family reads what those before it left in the world.
 constexpr Family kFamilies[] = {
-    {"company", &addCompany}, {"receivables", &addReceivables},        {"lines", &addLines},
-    {"parts", &addParts},     {"countermen", &addCountermen},          {"ledger", &addLedger},
-    {"vendors", &addVendors}, {"purchase orders", &addPurchaseOrders}, {"returns", &addReturns},
+    {"company", &addCompany},
+    {"receivables", &addReceivables},
+    {"lines", &addLines},
+    {"parts", &addParts},
+    {"countermen", &addCountermen},
+    {"ledger", &addLedger},
+    {"vendors", &addVendors},
+    {"purchase orders", &addPurchaseOrders},
+    {"returns", &addReturns},
+    {"customers", &addCustomers},
+    {"shop jobs", &addShopJobs},
+    {"orders", &addOrders},
+    {"warranty claims", &addWarrantyClaims},
+    {"units", &addUnits},
+    {"floor plan", &addFloorPlan},
 };
 
 constexpr int kGreatestScale = 1000;

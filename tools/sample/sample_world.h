@@ -29,6 +29,11 @@ struct SampleCounterman {
   std::int32_t record = 0;  ///< in MANL
 };
 
+struct SampleCustomer {
+  std::int32_t account = 0;  ///< key in CUSTI
+  std::string name;
+};
+
 /// What the families tell each other: a family fills its part and reads those of families before
 /// it in the order of sample_store.cpp.
 struct SampleWorld {
@@ -36,6 +41,7 @@ struct SampleWorld {
   std::vector<SamplePart> parts;
   std::vector<SampleCounterman> countermen;
   std::vector<std::int32_t> vendors;  ///< numbers that VNDRI holds, 1 to 999, in order
+  std::vector<SampleCustomer> customers;
 };
 
 }  // namespace dg::sample

@@ -28,5 +28,11 @@ FamilyFunction addLedger;          ///< CHRTL, CHRTI, GLDTL, GLDTI and the saved
 FamilyFunction addVendors;         ///< VNDRL, VNDRI
 FamilyFunction addPurchaseOrders;  ///< PUTBI and a file for each order
 FamilyFunction addReturns;         ///< RTTBI and a file for each return
+FamilyFunction addCustomers;       ///< CUSTL, ECUSTL, CUSTI
+FamilyFunction addShopJobs;        ///< INVOL and the control file's job table
+FamilyFunction addOrders;          ///< INVOL, TICKI and the control file's saved invoices
+FamilyFunction addWarrantyClaims;  ///< WARRL, WARRI
+FamilyFunction addUnits;           ///< UNITL, UNITI, LUNITI, LUNITL
+FamilyFunction addFloorPlan;       ///< FPLNL, FPLNI, FPEXL
 
 }  // namespace dg::sample
