@@ -53,7 +53,8 @@ std::string unpackText(std::string_view packed);
 /// characters begun.
 std::string packText(std::string_view text);
 
-/// Overwrites the head of the table: the first four characters (Stma code 10).
+/// Overwrites the head of the table: the first four characters (Stma code 10). A text of another
+/// length changes nothing.
 void setMaskHead(std::string_view head);
 
 }  // namespace dg

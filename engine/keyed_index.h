@@ -27,8 +27,13 @@ inline constexpr std::int32_t kEntries = 37;       ///< first entry
 /// NextLeaf of the last leaf.
 inline constexpr std::int32_t kNoNextLeaf = 65535;
 
-// The index operations on an open logical file; see engine/business_basic.h. A walk that takes more
-// steps than the file has blocks raises 6, as does a tree of more than seven levels.
+// The index operations on an open logical file; see engine/business_basic.h. What they raise beside
+// the errors of the file's reads:
+//   5   an entry length below 4, which leaves the key a negative length; the entry in front of the
+//       first where the cursor has no bytes for it (KLast of an empty index with long keys)
+//   6   a tree of more levels than a cursor holds; a chain of leaves with more steps than the file
+//       has blocks; a node that no parent knows (KPrev)
+//   31  an entry beyond the end of its node; a text that is no cursor
 void iKFind(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,
             bool& Orb);
 void iKNext(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key, std::int32_t& Rec,

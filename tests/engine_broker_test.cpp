@@ -10,6 +10,7 @@
 #include "platform/socket.h"
 #include "tests/support/bytes.h"
 #include "tests/support/engine_store.h"
+#include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
 namespace dg {
@@ -20,7 +21,6 @@ using test::bytes;
 using test::EngineStore;
 using test::Raised;
 using test::raised;
-using test::raisedNumber;
 
 constexpr const char* kPath = "\\\\srv\\VLMRLNK\\QTS\\LNK001\\DATADB";
 
@@ -115,25 +115,24 @@ TEST(EngineBroker, AReplyOfTheWrongSizeOverflows) {
   std::string data;
   {
     Peer peer(48, {bytes({0, 0}) + "a"});  // ends before it is whole
-    EXPECT_EQ(raisedNumber([&] { broker::read(0, kPath, 2, data); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { broker::read(0, kPath, 2, data); }), kOverflow);
   }
   {
     Peer peer(48, {});
-    EXPECT_EQ(raisedNumber([&] { broker::read(0, kPath, 2, data); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { broker::read(0, kPath, 2, data); }), kOverflow);
   }
   {
     // A write asks for its data's length at a time, and so can get more than a reply holds.
     Peer peer(48 + 100, {plainReply(0) + "more"});
-    EXPECT_EQ(raisedNumber([&] { broker::write(0, kPath, 100, std::string(100, 'x')); }),
-              kOverflow);
+    EXPECT_EQ(errorNumber([&] { broker::write(0, kPath, 100, std::string(100, 'x')); }), kOverflow);
   }
 }
 
 TEST(EngineBroker, AConnectionThatIsNoneFails) {
   std::string data;
   BrokerSocket = -1;
-  EXPECT_EQ(raisedNumber([&] { broker::read(0, kPath, 2, data); }), kInvalidProcedureCall);
-  EXPECT_EQ(raisedNumber([] { broker::time(); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([&] { broker::read(0, kPath, 2, data); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([] { broker::time(); }), kInvalidProcedureCall);
   BrokerSocket = 0;
 }
 
@@ -177,7 +176,7 @@ TEST(EngineBroker, TellsTheTime) {
   }
   {
     Peer peer(48, {plainReply(0, "Sun Nov 5")});
-    EXPECT_EQ(raisedNumber([] { broker::time(); }), kSubscriptOutOfRange);
+    EXPECT_EQ(errorNumber([] { broker::time(); }), kSubscriptOutOfRange);
   }
   Peer peer(48, {plainReply(1, "Sun Nov  5 14:38:23 2006")});
   EXPECT_EQ(raised([] { broker::time(); }), (Raised{-1, "WSRead", "Error retreiving Date"}));
@@ -201,16 +200,16 @@ TEST(EngineBroker, PathsStartAtTheirMarker) {
 
   // A read looks from the third character on, and only a read knows the second marker.
   const auto noReadPath = [&](const char* path) {
-    return raisedNumber([&] { broker::read(0, path, 1, data); });
+    return errorNumber([&] { broker::read(0, path, 1, data); });
   };
   const auto noWritePath = [](const char* path) {
-    return raisedNumber([&] { broker::write(0, path, 1, "x"); });
+    return errorNumber([&] { broker::write(0, path, 1, "x"); });
   };
   EXPECT_EQ(noReadPath("\\QTS\\x"), kInvalidProcedureCall);
   EXPECT_EQ(noReadPath("\\\\srv\\qts\\x"), kInvalidProcedureCall);
   EXPECT_EQ(noReadPath(""), kInvalidProcedureCall);
   EXPECT_EQ(noWritePath("\\\\srv\\x\\DB\\FILE0"), kInvalidProcedureCall);
-  EXPECT_EQ(raisedNumber([] { broker::close("\\\\srv\\x\\DB"); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([] { broker::close("\\\\srv\\x\\DB"); }), kInvalidProcedureCall);
   {
     Peer peer(48, {plainReply(0)});
     broker::close("\\QTS\\x");
@@ -275,7 +274,7 @@ TEST_F(EngineBrokerTransport, WritesAdvanceOnSuccessOnly) {
 TEST_F(EngineBrokerTransport, ClosesOverTheWireFirst) {
   {
     Peer peer(48, {plainReply(2)});
-    EXPECT_EQ(raisedNumber([&] { store_.engine().CloseFile(file_); }), 101);
+    EXPECT_EQ(errorNumber([&] { store_.engine().CloseFile(file_); }), 101);
     EXPECT_EQ(OpenFiles->Count(), 1);
   }
   Peer peer(48, {plainReply(0)});

@@ -4,6 +4,7 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "tests/support/bytes.h"
+#include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
 namespace dg {
@@ -12,7 +13,6 @@ namespace {
 using test::bytes;
 using test::Raised;
 using test::raised;
-using test::raisedNumber;
 
 Date day(int year, int month, int dayOfMonth) {
   return Date::fromCalendar(year, month, dayOfMonth).value();
@@ -104,11 +104,11 @@ TEST_F(EngineCodec, RefusesFieldsOutsideTheData) {
   EXPECT_EQ(raised([&] { Pack('L', record, 0, 12); }),
             (Raised{31, "Pack", "Invalid Subscript.  Pack \"L\", Data$, 12   Len(Data$) = 3"}));
   EXPECT_EQ(record, "abc");
-  EXPECT_EQ(raisedNumber([&] { Unpack('L', record, INT32_MAX); }), 31);
-  EXPECT_EQ(raisedNumber([&] { Unpack('B', "", 1); }), 31);
+  EXPECT_EQ(errorNumber([&] { Unpack('L', record, INT32_MAX); }), 31);
+  EXPECT_EQ(errorNumber([&] { Unpack('B', "", 1); }), 31);
   for (const std::int32_t position : {0, -1, INT32_MIN}) {
-    EXPECT_EQ(raisedNumber([&] { Unpack('C', record, position); }), kInvalidProcedureCall);
-    EXPECT_EQ(raisedNumber([&] { Pack('C', record, 1, position); }), kInvalidProcedureCall);
+    EXPECT_EQ(errorNumber([&] { Unpack('C', record, position); }), kInvalidProcedureCall);
+    EXPECT_EQ(errorNumber([&] { Pack('C', record, 1, position); }), kInvalidProcedureCall);
     EXPECT_EQ(UnPackDate("C", record, position), kEmptyDate);
   }
 }
@@ -239,8 +239,8 @@ TEST_F(EngineCodec, DayNumbersBothWays) {
   EXPECT_EQ(fromNumber(1), kEmptyDate);
   EXPECT_EQ(fromNumber(11688), day(1999, 12, 31));
   EXPECT_EQ(fromNumber(-1), day(1967, 12, 30));
-  EXPECT_EQ(raisedNumber([&] { fromNumber(INT32_MAX); }), kOverflow);
-  EXPECT_EQ(raisedNumber([&] { fromNumber(3000000); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { fromNumber(INT32_MAX); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { fromNumber(3000000); }), kOverflow);
 
   const auto toNumber = [](Variant month, Variant dayOfMonth, Variant year) {
     Variant number;
@@ -252,7 +252,7 @@ TEST_F(EngineCodec, DayNumbersBothWays) {
   EXPECT_EQ(toNumber(1, 2, 68), 2);
   EXPECT_EQ(toNumber(12, 31, 99), 11688);
   EXPECT_EQ(toNumber(std::string("12"), 31.0, 99), 11688);
-  EXPECT_EQ(raisedNumber([&] { toNumber(13, 45, 99); }), kTypeMismatch);
+  EXPECT_EQ(errorNumber([&] { toNumber(13, 45, 99); }), kTypeMismatch);
 
   Variant untouched = std::string("x");
   Stma(std::int32_t{13}, untouched, untouched, untouched, untouched, untouched);

@@ -2,6 +2,7 @@
 
 #include "engine/state.h"
 #include "tests/support/engine_store.h"
+#include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
 namespace dg {
@@ -11,7 +12,6 @@ using namespace std::string_literals;
 using test::EngineStore;
 using test::Raised;
 using test::raised;
-using test::raisedNumber;
 
 class EngineFiles : public testing::Test {
  protected:
@@ -65,7 +65,7 @@ TEST_F(EngineFiles, OpensOnceForAll) {
 
   engine_.CloseFile(first);
   EXPECT_EQ(OpenFiles->Count(), 0);
-  EXPECT_EQ(raisedNumber([&] { engine_.ReadFile(second, 1, 0, orb_); }), kBadFileNumber);
+  EXPECT_EQ(errorNumber([&] { engine_.ReadFile(second, 1, 0, orb_); }), kBadFileNumber);
 }
 
 TEST_F(EngineFiles, ClosesByNameToo) {
@@ -75,7 +75,7 @@ TEST_F(EngineFiles, ClosesByNameToo) {
   engine_.CloseFile("FILE0");  // opened, then closed
   engine_.CloseFile("NONE");
   EXPECT_EQ(OpenFiles->Count(), 0);
-  EXPECT_EQ(raisedNumber([&] { engine_.CloseFile(std::shared_ptr<cOpenFile>()); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { engine_.CloseFile(std::shared_ptr<cOpenFile>()); }), kObjectNotSet);
 }
 
 TEST_F(EngineFiles, ReadsAtOffsetsAndGivesNulsPastTheEnd) {
@@ -92,13 +92,13 @@ TEST_F(EngineFiles, ReadsAtOffsetsAndGivesNulsPastTheEnd) {
 
 TEST_F(EngineFiles, RefusesBadReads) {
   const auto file = engine_.OpenFile("FILE0");
-  EXPECT_EQ(raisedNumber([&] { engine_.ReadFile(file, 1, -1, orb_); }), kBadRecordNumber);
-  EXPECT_EQ(raisedNumber([&] { engine_.BlockReadFile(file, -1, orb_); }), kBadRecordNumber);
-  EXPECT_EQ(raisedNumber([&] { engine_.ReadFile(file, -1, 0, orb_); }), kInvalidProcedureCall);
-  EXPECT_EQ(raisedNumber([&] { engine_.BlockReadFile(file, 4194304, orb_); }), kOverflow);
-  EXPECT_EQ(raisedNumber([&] { engine_.BlockReadFile(file, -4194305, orb_); }), kOverflow);
-  EXPECT_EQ(raisedNumber([&] { engine_.ReadFile("NONE", 1, 0, orb_); }), kObjectNotSet);
-  EXPECT_EQ(raisedNumber([&] { engine_.BlockReadFile("NONE", 0, orb_); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { engine_.ReadFile(file, 1, -1, orb_); }), kBadRecordNumber);
+  EXPECT_EQ(errorNumber([&] { engine_.BlockReadFile(file, -1, orb_); }), kBadRecordNumber);
+  EXPECT_EQ(errorNumber([&] { engine_.ReadFile(file, -1, 0, orb_); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([&] { engine_.BlockReadFile(file, 4194304, orb_); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { engine_.BlockReadFile(file, -4194305, orb_); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { engine_.ReadFile("NONE", 1, 0, orb_); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { engine_.BlockReadFile("NONE", 0, orb_); }), kObjectNotSet);
 }
 
 TEST_F(EngineFiles, WritesKeepThePositionOfTheObject) {
@@ -118,7 +118,7 @@ TEST_F(EngineFiles, WritesKeepThePositionOfTheObject) {
 
   EXPECT_EQ(raised([&] { engine_.WriteFile("NONE", "x", 0, orb_); }),
             (Raised{-10, "iwriteFile", "OpenFile parameter is undefined"}));
-  EXPECT_EQ(raisedNumber([&] { engine_.BlockWriteFile(file, 4194304, "x", orb_); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { engine_.BlockWriteFile(file, 4194304, "x", orb_); }), kOverflow);
 }
 
 }  // namespace

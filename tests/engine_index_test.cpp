@@ -6,6 +6,8 @@
 #include "engine/keyed_index.h"
 #include "engine/state.h"
 #include "tests/support/engine_store.h"
+#include "tests/support/error_number.h"
+#include "tests/support/faulty_file_system.h"
 #include "tests/support/raised.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
@@ -17,7 +19,6 @@ using namespace std::string_literals;
 using test::EngineStore;
 using test::Raised;
 using test::raised;
-using test::raisedNumber;
 
 std::string padded(std::string key, int length) {
   key.resize(static_cast<std::size_t>(length), '\0');
@@ -286,7 +287,7 @@ TEST(EngineIndex, ALastEntryInFrontOfTheCursorIsRefused) {
   Blocks blocks(44, 1);
   blocks.node(1, 65535).entry(std::string(40, '\xFF'), -1);
   Index index(blocks.bytes());
-  EXPECT_EQ(raisedNumber([&] { index.last(); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([&] { index.last(); }), kInvalidProcedureCall);
 }
 
 TEST(EngineIndex, ALeafEntryWithoutARecordReadsAsZero) {
@@ -309,7 +310,7 @@ TEST(EngineIndex, ANodeOutOfRangeIsToldAndEndsTheSearch) {
             "Index is returning information out of Range.  File: KEYI LastRec: 1");
   EXPECT_EQ(index.store().messages()[0].style, kCritical);
   // The last entry is looked for without that guard: beyond the file's end stand NULs.
-  EXPECT_EQ(raisedNumber([&] { index.last(); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { index.last(); }), kOverflow);
 }
 
 TEST(EngineIndex, ASearchThatFindsNoEntryMovesRight) {
@@ -336,31 +337,31 @@ TEST(EngineIndex, WalksThatNeverEndOverflow) {
     blocks.node(1, 2).entry("AA", 7);
     blocks.node(1, 1).entry("BB", 8);
     Index index(blocks.bytes());
-    EXPECT_EQ(raisedNumber([&] { index.find("CC"); }), kOverflow);
-    EXPECT_EQ(raisedNumber([&] { index.count(); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.find("CC"); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.count(); }), kOverflow);
     EXPECT_EQ(index.find("AA"), 7);
   }
   {  // a node that is its own child
     Blocks blocks(6, 1);
     blocks.node(1, 0).entry("\xFF\xFF", 1);
     Index index(blocks.bytes());
-    EXPECT_EQ(raisedNumber([&] { index.find("AA"); }), kOverflow);
-    EXPECT_EQ(raisedNumber([&] { index.last(); }), kOverflow);
-    EXPECT_EQ(raisedNumber([&] { index.count(); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.find("AA"); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.last(); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.count(); }), kOverflow);
   }
   {  // nodes without entries
     Blocks blocks(6, 1);
     blocks.node(0, 0);
     blocks.node(0, 0);
     Index index(blocks.bytes());
-    EXPECT_EQ(raisedNumber([&] { index.find("AA"); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.find("AA"); }), kOverflow);
   }
   {  // a capacity that no file has
     Blocks blocks(6, 1);
     blocks.node(1, 1).entry("AA", 7);
     Index index(blocks.bytes());
     index.file()->LastRecord = INT32_MAX;
-    EXPECT_EQ(raisedNumber([&] { index.count(); }), kOverflow);
+    EXPECT_EQ(errorNumber([&] { index.count(); }), kOverflow);
   }
 }
 
@@ -379,8 +380,8 @@ TEST(EngineIndex, DeeperTreesThanTheCursorHoldsOverflow) {
   EXPECT_EQ(seven.next(), 0);
   EXPECT_EQ(seven.count(), 1);
   Index eight(chain(8));
-  EXPECT_EQ(raisedNumber([&] { eight.find("AA"); }), kOverflow);
-  EXPECT_EQ(raisedNumber([&] { eight.last(); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { eight.find("AA"); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { eight.last(); }), kOverflow);
 }
 
 TEST(EngineIndex, KeysOfNoLengthAndLess) {
@@ -388,8 +389,8 @@ TEST(EngineIndex, KeysOfNoLengthAndLess) {
     Blocks blocks(entryLength, 1);
     blocks.node(1, 65535);
     Index index(blocks.bytes());
-    EXPECT_EQ(raisedNumber([&] { index.find("AA"); }), kInvalidProcedureCall) << entryLength;
-    EXPECT_EQ(raisedNumber([&] { index.last(); }), kInvalidProcedureCall) << entryLength;
+    EXPECT_EQ(errorNumber([&] { index.find("AA"); }), kInvalidProcedureCall) << entryLength;
+    EXPECT_EQ(errorNumber([&] { index.last(); }), kInvalidProcedureCall) << entryLength;
     bool orb = false;
     EXPECT_EQ(index.engine().KLength("KEYI", orb), entryLength - 4);
   }
@@ -413,26 +414,26 @@ TEST(EngineIndex, EntriesBeyondTheNodeRaiseWhatTheCodecRaises) {
       raised([&] { index.find("E"); }),
       (Raised{31, "UnPack", "Invalid Subscript.  UnPack(\"L\", Data$, 553)   Len(Data$) = 544"}));
   index.find(padded("D", 100));
-  EXPECT_EQ(raisedNumber([&] { index.next(); }), 31);
+  EXPECT_EQ(errorNumber([&] { index.next(); }), 31);
 
   Blocks wide(65535, 1);
   wide.node(65535, 65535);
   Index wideIndex(wide.bytes());
-  EXPECT_EQ(raisedNumber([&] { wideIndex.find("E"); }), 31);
-  EXPECT_EQ(raisedNumber([&] { wideIndex.last(); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { wideIndex.find("E"); }), 31);
+  EXPECT_EQ(errorNumber([&] { wideIndex.last(); }), kOverflow);
 }
 
 TEST(EngineIndex, NegativeNodeNumbersAreNoPlaces) {
   Blocks blocks(6, 1);
   blocks.node(1, 0).entry("\xFF\xFF", -9);
   Index index(blocks.bytes());
-  EXPECT_EQ(raisedNumber([&] { index.find("A"); }), kBadRecordNumber);
-  EXPECT_EQ(raisedNumber([&] { index.last(); }), kBadRecordNumber);
+  EXPECT_EQ(errorNumber([&] { index.find("A"); }), kBadRecordNumber);
+  EXPECT_EQ(errorNumber([&] { index.last(); }), kBadRecordNumber);
   Blocks lowest(6, 1);
   lowest.node(1, 65535).entry("BB", INT32_MIN);
   Index lowestIndex(lowest.bytes());
   EXPECT_EQ(lowestIndex.find("BB"), INT32_MIN);
-  EXPECT_EQ(raisedNumber([&] { lowestIndex.find("AA"); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { lowestIndex.find("AA"); }), kOverflow);
 }
 
 TEST(EngineIndex, ATextThatIsNoCursorIsRefused) {
@@ -441,8 +442,8 @@ TEST(EngineIndex, ATextThatIsNoCursorIsRefused) {
   Index index(blocks.bytes());
   for (const std::size_t size : {0U, 17U, 543U}) {
     index.cursor() = std::string(size, '\0');
-    EXPECT_EQ(raisedNumber([&] { index.next(); }), 31) << size;
-    EXPECT_EQ(raisedNumber([&] { index.previous(); }), 31) << size;
+    EXPECT_EQ(errorNumber([&] { index.next(); }), 31) << size;
+    EXPECT_EQ(errorNumber([&] { index.previous(); }), 31) << size;
   }
   // Whatever stands in one, nothing outside it is touched.
   std::mt19937 random(11);
@@ -468,7 +469,7 @@ TEST(EngineIndex, AParentThatDoesNotKnowItsChildOverflows) {
   blocks.node(2, 0).entry("AA", 1).entry("\xFF\xFE", 2);  // not the leaf's highest key
   Index index(blocks.bytes());
   EXPECT_EQ(index.find("CC"), 13);
-  EXPECT_EQ(raisedNumber([&] { index.previous(); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { index.previous(); }), kOverflow);
 }
 
 TEST(EngineIndex, EqualKeysComeInTheirOrder) {
@@ -483,6 +484,51 @@ TEST(EngineIndex, EqualKeysComeInTheirOrder) {
   for (std::int32_t record = 2; record <= 200; ++record)
     ASSERT_EQ(index.next(), record);
   EXPECT_EQ(index.find("B"), 101);
+  EXPECT_EQ(index.previous(), 100);
+  EXPECT_EQ(index.last(), 200);
+  for (std::int32_t record = 199; record > 0; --record)
+    ASSERT_EQ(index.previous(), record);
+}
+
+TEST(EngineIndex, ABrokenLineShowsAsAnErrorAndPasses) {
+  const sample::IndexImage image =
+      sample::buildIndex(inOrder(randomEntries(300, 8, 4)), {.keyLength = 8});
+  ASSERT_EQ(image.levels, 2);
+  int withoutEngine = 0;
+  int withoutDirectory = 0;
+  int withoutBlock = 0;
+  bool broken = true;
+  for (std::uint64_t sound = 0; broken; ++sound) {
+    EngineStore store;
+    store.place("KEYI", 'I', 512, image.lastBlock, image.bytes);
+    auto line = std::make_unique<FaultyFileSystem>(setFileSystem(nullptr));
+    FaultyFileSystem& share = *line;
+    share.failAfter(sound);
+    setFileSystem(std::move(line));
+    const auto walk = [&] {
+      std::string cursor;
+      std::string key;
+      std::int32_t record = 0;
+      bool orb = false;
+      store.engine().KFind("KEYI", cursor, key, record, orb);
+      EXPECT_EQ(store.engine().KCount("KEYI", orb), 300);
+    };
+    const int error = errorNumber(walk);
+    broken = share.reads() > sound;
+    if (error == kObjectNotSet) ++withoutEngine;
+    if (error == kDeviceIoError) ++withoutBlock;
+    // A directory that cannot be read is a name that it lacks: the blank file has no nodes.
+    if (error == 0 && broken) {
+      EXPECT_EQ(store.messages().size(), 1U);
+      ++withoutDirectory;
+    }
+    share.failAfter(1U << 20);
+    EXPECT_EQ(errorNumber(walk), 0) << sound;
+    EXPECT_EQ(store.messages().size(), error == 0 && broken ? 1U : 0U) << sound;
+  }
+  EXPECT_GE(withoutEngine, 1);
+  EXPECT_EQ(withoutDirectory, 1);
+  EXPECT_GE(withoutBlock, 2 + image.levels * 2);
 }
 
 TEST(EngineIndex, ADamagedTreeEndsInAnErrorOrAnAnswer) {

@@ -4,6 +4,7 @@
 #include "engine/record_zero.h"
 #include "engine/state.h"
 #include "tests/support/engine_store.h"
+#include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
 namespace dg {
@@ -14,7 +15,6 @@ using test::directoryEntry;
 using test::EngineStore;
 using test::Raised;
 using test::raised;
-using test::raisedNumber;
 
 /// A record file of records 0 to 4, of 100 bytes each, behind a block of something else: the data
 /// records are in use and full of their number.
@@ -126,7 +126,7 @@ TEST_F(EngineLogical, HostileResolutionNamesFindNothing) {
   }
   EXPECT_EQ(dataFilePath("\\\\srv\\VLMRLNK\\a\\b\\cdLK"), "\\\\srv\\VLMRLNK\\a\\b\\cdDB");
   EXPECT_EQ(directoryFilePath("a:b:cdLK"), "\\\\srv\\VLMRLNK\\a\\b\\cdLK");
-  EXPECT_EQ(raisedNumber([] { dataFilePath("x"); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([] { dataFilePath("x"); }), kInvalidProcedureCall);
 }
 
 TEST_F(EngineLogical, ReadsTheDirectoryToItsRaggedEnd) {
@@ -169,10 +169,10 @@ TEST_F(EngineLogical, AnOffsetBeyond32BitsOverflows) {
   cLogicalFile huge = *file;
   huge.LastRecord = INT32_MAX;
   EXPECT_EQ(huge.recordOffset(21474831), 2147483100 + 512);
-  EXPECT_EQ(raisedNumber([&] { huge.recordOffset(21474832); }), kOverflow);
-  EXPECT_EQ(raisedNumber([&] { huge.recordOffset(INT32_MAX); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { huge.recordOffset(21474832); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { huge.recordOffset(INT32_MAX); }), kOverflow);
   huge.Position = 0xFFFFFF;  // the directory's highest
-  EXPECT_EQ(raisedNumber([&] { huge.recordOffset(1); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { huge.recordOffset(1); }), kOverflow);
 }
 
 TEST_F(EngineLogical, AFileWhoseDataFileIsNotThereRaisesOnReading) {
@@ -180,7 +180,7 @@ TEST_F(EngineLogical, AFileWhoseDataFileIsNotThereRaisesOnReading) {
   store_.addLink(":LNK001:N", "LNK001:NODATALK");
   const auto file = engine().LogicalOpen("N");
   EXPECT_EQ(file->OpenFile, nullptr);
-  EXPECT_EQ(raisedNumber([&] { engine().LreadFile(file, 1, orb_); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { engine().LreadFile(file, 1, orb_); }), kObjectNotSet);
   EXPECT_EQ(file->ActiveCount(orb_), 0);
 }
 
@@ -214,8 +214,7 @@ TEST_F(EngineLogical, OpensAPlainFileAsRecords) {
   EXPECT_EQ(LogicalFiles->Count(), 3);
 
   last = 0;
-  EXPECT_EQ(raisedNumber([&] { engine().PhysLogicalOpen("R1000", "L", 0, last); }),
-            kDivisionByZero);
+  EXPECT_EQ(errorNumber([&] { engine().PhysLogicalOpen("R1000", "L", 0, last); }), kDivisionByZero);
   EXPECT_EQ(engine().PhysLogicalOpen("NONE", "L", 0, last), nullptr);
 }
 
@@ -252,7 +251,7 @@ TEST_F(EngineLogical, DeletesRecordsOntoTheFreeChain) {
   engine().DelRec("PUTBL", 2, orb_);
   engine().DelRec("PUTBL", 4, orb_);  // the count was 3: it stops at 0
   EXPECT_EQ(Unpack('L', recordZero(), record_zero::kActiveCount), 0);
-  EXPECT_EQ(raisedNumber([&] { engine().DelRec("PUTBL", 7, orb_); }), 81);
+  EXPECT_EQ(errorNumber([&] { engine().DelRec("PUTBL", 7, orb_); }), 81);
 }
 
 TEST_F(EngineLogical, HandsOutRecordsFromTheChainThenFromTheEnd) {
@@ -272,7 +271,7 @@ TEST_F(EngineLogical, NothingCanBeLocked) {
   EXPECT_EQ(engine().PhysicalLock("PUTBL", 0, 16), 0);
   EXPECT_EQ(engine().LogicalLock("PUTBL", 0), 0);
   EXPECT_EQ(engine().ReleaseLock(5), 0);
-  EXPECT_EQ(raisedNumber([&] { engine().LogicalLock("PUTBL", INT32_MAX); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { engine().LogicalLock("PUTBL", INT32_MAX); }), kOverflow);
   std::int32_t number = 99;
   EXPECT_EQ(raised([&] { engine().GetRec("PUTBL", number, orb_); }),
             (Raised{57, "iGetRec", "Could not obtain a Lock on Record Zero of PUTBL"}));
@@ -314,8 +313,7 @@ TEST_F(EngineLogical, InitialisesAnIndexThatReadsAsEmpty) {
       store_.dataFile().substr(static_cast<std::size_t>(store_.startBlock("PUTBI")) * 512, 512);
   EXPECT_EQ(Unpack('C', block, 11), 0);
   EXPECT_EQ(Unpack('C', block, 13), 0);
-  EXPECT_EQ(raisedNumber([&] { engine().InitFile("PUTBI", -4, false, 99, orb_); }),
-            kDivisionByZero);
+  EXPECT_EQ(errorNumber([&] { engine().InitFile("PUTBI", -4, false, 99, orb_); }), kDivisionByZero);
 
   const std::string before = store_.dataFile();
   engine().InitFile("OTHER", 12, true, 200, orb_);  // neither records nor index

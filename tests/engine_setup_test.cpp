@@ -4,6 +4,7 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "tests/support/engine_store.h"
+#include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
 namespace dg {
@@ -13,7 +14,6 @@ using namespace std::string_literals;
 using test::EngineStore;
 using test::linkEntry;
 using test::raised;
-using test::raisedNumber;
 
 /// The terminal id after a creation over that terminal table, as the workstation "PC7" at 10.1.2.3.
 std::string terminalBy(const std::string& table) {
@@ -101,8 +101,8 @@ TEST(EngineSetup, LoadsTheLinkTable) {
   Links->Remove(":d:A");
   EXPECT_EQ(Links->find(":d:A"), nullptr);
   EXPECT_EQ(Links->Item(1)->LinkFile, ":d:B\0x"s);
-  EXPECT_EQ(raisedNumber([] { Links->Item(":d:A"); }), kInvalidProcedureCall);
-  EXPECT_EQ(raisedNumber([] { Links->Item(4); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([] { Links->Item(":d:A"); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([] { Links->Item(4); }), kSubscriptOutOfRange);
 }
 
 TEST(EngineSetup, ALinkTableLargerThanOneReadIsReadWhole) {
@@ -134,19 +134,19 @@ TEST(EngineSetup, ASecondEngineClosesTheFilesOfTheFirst) {
   {
     cBusinessBasic second;
     EXPECT_EQ(OpenFiles->Count(), 0);
-    EXPECT_EQ(raisedNumber([&] { first.BlockReadFile(file, 0, orb); }), kBadFileNumber);
+    EXPECT_EQ(errorNumber([&] { first.BlockReadFile(file, 0, orb); }), kBadFileNumber);
   }
   // The end of one engine object drops the state of all.
   EXPECT_EQ(OpenFiles, nullptr);
   EXPECT_EQ(Links, nullptr);
   EXPECT_EQ(LogicalFiles, nullptr);
   EXPECT_EQ(SystemInfo, nullptr);
-  EXPECT_EQ(raisedNumber([&] { first.OpenFile("FILE0"); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { first.OpenFile("FILE0"); }), kObjectNotSet);
   EXPECT_EQ(first.OpenFile(EngineStore::inStore("FILE0")), nullptr);
-  EXPECT_EQ(raisedNumber([&] { first.LogicalOpen("CUSTL"); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { first.LogicalOpen("CUSTL"); }), kObjectNotSet);
   EXPECT_EQ(first.LogicalOpen(":d:CUSTL"), nullptr);
   first.CloseFile(EngineStore::inStore("FILE0"));
-  EXPECT_EQ(raisedNumber([] { cBusinessBasic third; }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([] { cBusinessBasic third; }), kObjectNotSet);
 }
 
 // --- Catalog configuration -----------------------------------------------------------------------
@@ -216,7 +216,7 @@ TEST(EngineCatalog, AnUnreachableShareLeavesNoEngine) {
 TEST(EngineCatalog, ACustomerNumberThatIsNoneRaises) {
   EngineStore store;
   store.files().add(kCatalogPath, "[eZ-Lines]\nServer=srv\nCustomerNumber=abc\n");
-  EXPECT_EQ(raisedNumber([] { ReadCatalogConfiguration(); }), kTypeMismatch);
+  EXPECT_EQ(errorNumber([] { ReadCatalogConfiguration(); }), kTypeMismatch);
   EXPECT_EQ(SharedEngine, nullptr);
   EXPECT_EQ(SystemInfo->mUNCDrive, "");
 }

@@ -4,14 +4,13 @@
 #include "engine/text_utilities.h"
 #include "platform/clock.h"
 #include "tests/support/engine_store.h"
-#include "tests/support/raised.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
 
 using namespace std::string_literals;
 using Parts = std::vector<std::string>;
-using test::raisedNumber;
 
 TEST(EngineUtilities, TrunStripsTheEndOnly) {
   EXPECT_EQ(Trun("AB\0 \r"s, true), "AB");
@@ -40,7 +39,7 @@ TEST(EngineUtilities, ALimitTakesThePartThatStillHoldsDelimiters) {
   EXPECT_EQ(Split("a b", " ", 1), Parts{});
   EXPECT_EQ(Split("ab", " ", 1), Parts{"ab"});
   EXPECT_EQ(Split("a b", " ", 0), Parts{});
-  EXPECT_EQ(raisedNumber([] { Split("a b", " ", -2); }), kInvalidProcedureCall);
+  EXPECT_EQ(errorNumber([] { Split("a b", " ", -2); }), kInvalidProcedureCall);
 }
 
 TEST(EngineUtilities, ACaseInsensitiveSplitFiltersExactly) {
@@ -164,7 +163,7 @@ TEST(EngineUtilities, TodayInSeveralForms) {
   for (const std::int32_t code : {0, 5, 27, 151, 153, 200, -1})
     EXPECT_EQ(engine.Sys(code), 0) << code;
   SystemInfo->TerminalID = "T1";
-  EXPECT_EQ(raisedNumber([&] { engine.Sys(4); }), kTypeMismatch);
+  EXPECT_EQ(errorNumber([&] { engine.Sys(4); }), kTypeMismatch);
   setClock(std::nullopt);
 }
 

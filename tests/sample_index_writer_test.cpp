@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/run_time_error.h"
-#include "tests/support/raised.h"
+#include "tests/support/error_number.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
 
@@ -100,7 +100,7 @@ std::vector<IndexEntry> makeEntries(int count, int length, int repeat = 1) {
 }
 
 int raisedBy(const std::vector<IndexEntry>& entries, const IndexShape& shape) {
-  return test::raisedNumber([&] { buildIndex(entries, shape); });
+  return errorNumber([&] { buildIndex(entries, shape); });
 }
 
 TEST(SampleIndexWriter, BuildsTreesOfEveryHeight) {

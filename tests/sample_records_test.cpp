@@ -7,7 +7,7 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/run_time_error.h"
-#include "tests/support/raised.h"
+#include "tests/support/error_number.h"
 #include "tools/sample/control_file.h"
 #include "tools/sample/random.h"
 #include "tools/sample/record_file.h"
@@ -69,12 +69,12 @@ TEST(SampleRecordWriter, WritesWhatTheCodecReads) {
 
 TEST(SampleRecordWriter, RefusesWhatDoesNotFit) {
   RecordWriter record(4);
-  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'B', 256); }), kOverflow);
-  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'C', -1); }), kOverflow);
-  EXPECT_EQ(test::raisedNumber([&] { record.integer(1, 'K', 8388608); }), kOverflow);
-  EXPECT_EQ(test::raisedNumber([&] { record.integer(2, 'L', 0); }), 31);
-  EXPECT_EQ(test::raisedNumber([&] { record.raw(4, 2, "A"); }), 31);
-  EXPECT_EQ(test::raisedNumber([&] { record.packed(0, 2, "A"); }), 31);
+  EXPECT_EQ(errorNumber([&] { record.integer(1, 'B', 256); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { record.integer(1, 'C', -1); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { record.integer(1, 'K', 8388608); }), kOverflow);
+  EXPECT_EQ(errorNumber([&] { record.integer(2, 'L', 0); }), 31);
+  EXPECT_EQ(errorNumber([&] { record.raw(4, 2, "A"); }), 31);
+  EXPECT_EQ(errorNumber([&] { record.packed(0, 2, "A"); }), 31);
   EXPECT_EQ(record.bytes(), std::string(4, '\0'));
 }
 
@@ -108,9 +108,9 @@ TEST(SampleRecordFile, ChainsFreedRecordsFromRecordZero) {
   EXPECT_EQ(Unpack('L', file.image().bytes, 11), 1);
   EXPECT_EQ(Unpack('L', file.image().bytes, 3), 1) << "freed last, taken first";
   EXPECT_EQ(file.image().bytes.substr(20, 6), std::string("\0\0\0\0\0\4", 6));
-  EXPECT_EQ(test::raisedNumber([&] { file.free(5); }), 81);
-  EXPECT_EQ(test::raisedNumber([&] { file.add(std::string(21, 'x')); }), 36);
-  EXPECT_EQ(test::raisedNumber([&] { file.replace(5, ""); }), 81);
+  EXPECT_EQ(errorNumber([&] { file.free(5); }), 81);
+  EXPECT_EQ(errorNumber([&] { file.add(std::string(21, 'x')); }), 36);
+  EXPECT_EQ(errorNumber([&] { file.replace(5, ""); }), 81);
 }
 
 TEST(SampleRecordFile, CutsAnExtendedRecordInTwo) {
@@ -151,7 +151,7 @@ TEST(SampleControlFile, GivesEveryJobASlotOfItsOwn) {
   EXPECT_EQ(Unpack('L', jobs.block(502), 4 * 103 + 1), 1127);
   EXPECT_EQ(Unpack('L', jobs.block(571), 4 * 102 + 1), 10'086);
   for (const std::int32_t job : {0, -1, 10'087})
-    EXPECT_EQ(test::raisedNumber([&] { jobs.setJob(job, 1); }), kSubscriptOutOfRange);
+    EXPECT_EQ(errorNumber([&] { jobs.setJob(job, 1); }), kSubscriptOutOfRange);
 }
 
 TEST(SampleControlFile, FillsEverySlotOfTheSavedInvoicesOnce) {

@@ -15,8 +15,8 @@
 #include "engine/text_utilities.h"
 #include "platform/run_time_error.h"
 #include "records/lines.h"
+#include "tests/support/error_number.h"
 #include "tests/support/program_run.h"
-#include "tests/support/raised.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/folder_swap.h"
 #include "tools/sample/index_writer.h"
@@ -26,7 +26,6 @@ namespace dg {
 namespace {
 
 using sample::IndexEntry;
-using test::raisedNumber;
 
 std::map<std::string, std::string> byPath(const SampleOptions& options) {
   std::map<std::string, std::string> files;
@@ -246,9 +245,9 @@ TEST(SampleFolder, LeavesForeignThingsAlone) {
   root.write("store/share/letter.txt", "mine");
   root.write("file", "mine");
   for (const char* name : {"store", "file"}) {
-    EXPECT_EQ(raisedNumber([&] { writeSampleStore(root.file(name), {}); }), kPathFileAccess);
+    EXPECT_EQ(errorNumber([&] { writeSampleStore(root.file(name), {}); }), kPathFileAccess);
   }
-  EXPECT_EQ(raisedNumber([] { writeSampleStore("", {}); }), kPathNotFound);
+  EXPECT_EQ(errorNumber([] { writeSampleStore("", {}); }), kPathNotFound);
   EXPECT_EQ(root.read("store/share/letter.txt"), "mine");
   EXPECT_EQ(root.read("file"), "mine");
   EXPECT_EQ(root.names(), (std::vector<std::string>{"file", "store"}));
@@ -261,7 +260,7 @@ TEST(SampleFolder, KeepsTheOldStoreWhenTheNewOneFails) {
   {
     sample::FolderSwap swap(root.file("store"));
     swap.write("temp", "a file where a folder must be");
-    EXPECT_NE(raisedNumber([&] { swap.write("temp/cQTCatalog.ini", "new"); }), 0);
+    EXPECT_NE(errorNumber([&] { swap.write("temp/cQTCatalog.ini", "new"); }), 0);
   }
   EXPECT_EQ(root.read("store/temp/cQTCatalog.ini"), before);
   EXPECT_EQ(root.names(), std::vector<std::string>{"store"});
