@@ -19,7 +19,10 @@ namespace dg {
 
 namespace {
 
-/// Where the program looks for a file of an example store; empty for those that it does not read.
+constexpr std::string_view kSettings = "config/DealerGauge.ini";
+
+/// Where the program looks for a file of an example store; empty for those that it does not read
+/// through its file system.
 std::string programPath(const std::string& path, const std::string& temp) {
   const auto below = [&path](std::string_view folder, std::string place) {
     place += path.substr(folder.size());
@@ -67,6 +70,8 @@ void ProgramRun::openStore(std::vector<SampleFile> files) {
     const bool isMissing = std::any_of(missing.begin(), missing.end(), [&](const std::string& end) {
       return file.path.ends_with("/" + end);
     });
+    if (file.path == kSettings && !file.content.empty())
+      folder.write("DealerGauge.ini", file.content);
     const std::string place = programPath(file.path, environment().temp);
     if (!isMissing && !place.empty()) fileSystem->add(place, std::move(file.content));
   }
