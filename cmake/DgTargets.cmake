@@ -18,6 +18,10 @@ if(DG_SANITIZE)
   target_link_options(dg_options INTERFACE -fsanitize=${DG_SANITIZE})
 endif()
 
+if(DG_FUZZ)
+  target_compile_options(dg_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # dg_layer(NAME layers it may use...)
 #
 # A static library of all sources of the current folder. Headers are included as "NAME/header.h".
