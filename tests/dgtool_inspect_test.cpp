@@ -57,7 +57,8 @@ TEST(DgtoolInspectTest, DamagedFilesAreToldOneByOne) {
   DgtoolRun tool;
   tool.store.missing = {"GLLK", "CUSTDB"};
   EXPECT_EQ(tool.run({"inspect", "files", "--json"}), 1);
-  for (const json& file : tool.json()["files"]) {
+  const json files = tool.json()["files"];
+  for (const json& file : files) {
     const std::string name = file["name"];
     const bool damaged = name.starts_with("CHRT") || name.starts_with("GLDT") ||
                          name.starts_with("VNDR") || name == "PUTBI" || name == "RTTBI" ||
