@@ -9,12 +9,15 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 add_library(dg_options INTERFACE)
 target_compile_options(dg_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
+  # GCC 12 sees overlapping copies in std::string's own insert once it is inlined. Not in debug
+  # builds, whose commands clang-tidy reads: it does not know the option.
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-restrict>
   $<$<BOOL:${DG_WERROR}>:-Werror>)
 if(DG_SANITIZE)
   target_compile_options(dg_options INTERFACE
     -fsanitize=${DG_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
     # GCC sees uninitialised values in what the sanitizers add to sound code.
-    -Wno-maybe-uninitialized)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(dg_options INTERFACE -fsanitize=${DG_SANITIZE})
 endif()
 
