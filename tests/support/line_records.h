@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "tools/sample/record_writer.h"
 #include "tools/sample/store_builder.h"
@@ -20,6 +21,12 @@ inline std::int32_t addLine(sample::StoreBuilder& store, const sample::RecordWri
   const std::int32_t number = store.extended("LINEL", "ELINEL").add(record.bytes());
   store.index("LINEI").add(record.bytes().substr(2, 2), number);
   return number;
+}
+
+/// Adds a line with a name and a type: "U" for one of units.
+inline void addLine(sample::StoreBuilder& store, std::int32_t number, std::string_view name,
+                    std::string_view type) {
+  addLine(store, lineRecord(number, "").packed(7, 20, name).raw(142, 1, type));
 }
 
 }  // namespace dg::test
