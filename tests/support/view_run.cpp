@@ -45,6 +45,11 @@ void ViewRun::openOnce() {
   if (!std::exchange(opened_, true)) openEngine();
 }
 
+void ViewRun::open(std::vector<SampleFile> files) {
+  opened_ = true;
+  openEngine(std::move(files));
+}
+
 Label& ViewRun::lblRecap(int index) {
   return *labels_.at(static_cast<std::size_t>(index));
 }

@@ -48,6 +48,8 @@ class ViewRun : public ProgramRun, public RecapSheet {
   }
   /// Opens the store as `builder` then has it, for tests that need no view.
   void openOnce();
+  /// Opens another store instead.
+  void open(std::vector<SampleFile> files);
 
   Label& lblRecap(int index) override;
   /// What a recap label shows, behind "! " when it is marked as an error.
