@@ -7,8 +7,8 @@
 #include "engine/state.h"
 #include "platform/text.h"
 #include "records/index_walk.h"
+#include "tests/support/error_number.h"
 #include "tests/support/paged_records.h"
-#include "tests/support/raised.h"
 #include "tests/support/view_run.h"
 #include "views/operational/invoice_detail.h"
 #include "views/operational/shop_detail.h"
@@ -17,15 +17,14 @@
 namespace dg {
 namespace {
 
+using test::Cells;
 using test::kPageLength;
 using test::pageRecord;
 using test::pricedLine;
-using test::raisedNumber;
 using test::remarkLine;
 using test::ViewRun;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Cells = std::vector<std::string>;
 
 /// A display line as texts without trailing blanks, "-" for a value that no line has set.
 Cells cells(const DisplayLine& line, std::size_t count) {
@@ -67,21 +66,21 @@ class DetailBuilderTest : public testing::Test {
     return record;
   }
   clsShopDetail shopDetail(std::int32_t record) {
-    run.openOnce();
+    run.open();
     clsShopDetail detail;
     detail.ShopRec(record);
     detail.GetDetail();
     return detail;
   }
   clsInvDetail invoiceDetail(std::int32_t record) {
-    run.openOnce();
+    run.open();
     clsInvDetail detail;
     detail.InvoiceRec(record);
     detail.GetDetail();
     return detail;
   }
   clsWarrDetail claimDetail(std::int32_t reference) {
-    run.openOnce();
+    run.open();
     clsWarrDetail detail;
     detail.ShopRef(reference);
     detail.GetDetail();
@@ -318,10 +317,10 @@ TEST_F(DetailBuilderTest, ALineCountBeyondTheRecordKeepsTheLinesBeforeIt) {
 
 TEST_F(DetailBuilderTest, ADocumentThatCannotBeReadHasNoLinesToShow) {
   const clsShopDetail shop = shopDetail(-1);
-  EXPECT_EQ(raisedNumber([&] { shop.DetailReturn(); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { shop.DetailReturn(); }), kObjectNotSet);
   EXPECT_TRUE(shop.DetailError());
   const clsInvDetail order = invoiceDetail(0);
-  EXPECT_EQ(raisedNumber([&] { order.DetailReturn(); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { order.DetailReturn(); }), kObjectNotSet);
   ASSERT_EQ(run.logged.size(), 2U);
   EXPECT_TRUE(
       run.logged[0].ends_with(" : clsShopDetail : GetDetail81  Illegal Record Number for "
@@ -346,7 +345,7 @@ TEST_F(DetailBuilderTest, AnUnknownClaimShowsTheNextOne) {
 TEST_F(DetailBuilderTest, AClaimBuilderForgetsItsErrorButNotItsPages) {
   addClaimPage({.page = 2, .link = 0, .lines = {pricedLine("500", "", 10, 100)}}, 12);
   addClaimPage({.lines = {pricedLine("500", "", 10, 5)}}, 13);
-  run.openOnce();
+  run.open();
   clsWarrDetail claim;
   claim.ShopRef(12);
   claim.GetDetail();
@@ -360,7 +359,7 @@ TEST_F(DetailBuilderTest, AClaimBuilderForgetsItsErrorButNotItsPages) {
 TEST_F(DetailBuilderTest, ASecondRunRestartsPartsAndLaborOnly) {
   addPage({.lines = {pricedLine("500", "", 10, 1), pricedLine("502", "", 10, 10),
                      pricedLine("550", "", 10, 100), pricedLine("AB", "", 10, 1'000)}});
-  run.openOnce();
+  run.open();
   clsShopDetail shop;
   for (int i = 0; i < 2; ++i) {
     shop.ShopRec(1);

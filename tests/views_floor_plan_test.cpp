@@ -20,12 +20,12 @@ namespace {
 using sample::integerKey;
 using sample::RecordWriter;
 using test::addLine;
+using test::Cells;
 using test::column;
 using test::ShownWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Cells = std::vector<std::string>;
 
 constexpr int kEntryLength = 256;
 constexpr int kExtentLength = 32;

@@ -17,6 +17,7 @@ namespace {
 using sample::integerKey;
 using sample::RecordWriter;
 using test::addCustomer;
+using test::Cells;
 using test::column;
 using test::PageFields;
 using test::pageRecord;
@@ -26,7 +27,6 @@ using test::ShownWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Cells = std::vector<std::string>;
 
 constexpr int kBlock = 512;
 constexpr std::int32_t kToday = 112426;  ///< digits of 11/24/26, as page 1 holds its date

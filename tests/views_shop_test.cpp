@@ -20,6 +20,7 @@ namespace {
 using sample::RecordWriter;
 using test::addCounterman;
 using test::addCustomer;
+using test::Cells;
 using test::column;
 using test::pageRecord;
 using test::pricedLine;
@@ -28,7 +29,6 @@ using test::ShownWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Cells = std::vector<std::string>;
 
 constexpr int kBlock = 512;
 constexpr int kStatusNames = 450;

@@ -18,6 +18,7 @@ namespace {
 using sample::integerKey;
 using sample::RecordWriter;
 using test::addCustomer;
+using test::Cells;
 using test::column;
 using test::PageFields;
 using test::pageRecord;
@@ -27,7 +28,6 @@ using test::ShownWindow;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Cells = std::vector<std::string>;
 
 constexpr std::int32_t kBilled = 90126;  ///< digits of 9/01/26
 

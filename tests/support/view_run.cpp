@@ -1,5 +1,7 @@
 #include "tests/support/view_run.h"
 
+#include "shell/main.h"
+
 namespace dg::test {
 
 namespace {
@@ -23,39 +25,25 @@ ShownWindow pictureOf(const Form& form) {
 
 }  // namespace
 
-std::vector<std::string> column(const Grid& grid, std::string_view name) {
-  std::vector<std::string> cells;
+Cells column(const Grid& grid, std::string_view name) {
+  Cells cells;
   for (int row = 0; row < grid.Rows(); ++row)
     cells.push_back(grid.CellValue(name, row));
   return cells;
 }
 
-ViewRun::ViewRun() {
-  for (int i = 0; i < kRecapLabels; ++i)
-    labels_.push_back(std::make_unique<Label>(elementName("lblRecap", i)));
-  setRecapSheet(this);
-}
-
-ViewRun::~ViewRun() {
-  views_.clear();
-  setRecapSheet(nullptr);
-}
-
-void ViewRun::openOnce() {
-  if (!std::exchange(opened_, true)) openEngine();
+void ViewRun::open() {
+  if (!opened_) open(builder.finish());
 }
 
 void ViewRun::open(std::vector<SampleFile> files) {
-  opened_ = true;
+  connectFailureLog();
   openEngine(std::move(files));
-}
-
-Label& ViewRun::lblRecap(int index) {
-  return *labels_.at(static_cast<std::size_t>(index));
+  opened_ = true;
 }
 
 std::string ViewRun::recap(int index) {
-  const Label& label = lblRecap(index);
+  const Label& label = recapSheet.lblRecap(index);
   return (label.foreColor() == kRed ? "! " : "") + label.caption();
 }
 

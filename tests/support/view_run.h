@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -8,16 +7,17 @@
 #include <vector>
 
 #include "forms/form.h"
-#include "shell/recap_sheet.h"
 #include "shell/view.h"
 #include "tests/support/program_run.h"
+#include "views/financial/recap.h"
 
 namespace dg::test {
 
+using Cells = std::vector<std::string>;
 using Rows = std::vector<Grid::Row>;
 
-/// The cells of one column.
-std::vector<std::string> column(const Grid& grid, std::string_view name);
+/// The cells of a column, by name or caption, from the first row to the last.
+Cells column(const Grid& grid, std::string_view name);
 
 /// What a window showed when it opened.
 struct ShownWindow {
@@ -29,38 +29,34 @@ struct ShownWindow {
   std::map<std::string, std::vector<std::string>> combos;
 };
 
-/// A view over hand-made records: a test fills `builder`, loads views and looks at their controls.
-/// The recap's labels stand by, windows that open are kept in `windows`.
-class ViewRun : public ProgramRun, public RecapSheet {
+/// The run of a program whose recap is loaded, over hand-made records: a test fills `builder`,
+/// loads views and looks at their controls. Windows that open are kept in `windows`.
+class ViewRun : public ProgramRun {
  public:
-  ViewRun();
-  ~ViewRun() override;
-
-  /// Loads a view; the first one opens the store as `builder` then has it.
+  /// Loads a view, which lives as long as the run; the first one puts the store in place.
   template <class ViewType>
   ViewType& load() {
-    openOnce();
+    open();
     auto view = std::make_unique<ViewType>();
     ViewType& loaded = *view;
     views_.push_back(std::move(view));
     loaded.Form_Load();
     return loaded;
   }
-  /// Opens the store as `builder` then has it, for tests that need no view.
-  void openOnce();
-  /// Opens another store instead.
+  /// Puts the store in place as `builder` now has it, unless one is there.
+  void open();
+  /// Puts another store in place.
   void open(std::vector<SampleFile> files);
 
-  Label& lblRecap(int index) override;
-  /// What a recap label shows, behind "! " when it is marked as an error.
+  /// What a recap label shows, behind "! " when it stands there in red.
   std::string recap(int index);
 
   void showModal(Form& form) override;
 
   std::vector<ShownWindow> windows;
+  frmRecap recapSheet;
 
  private:
-  std::vector<std::unique_ptr<Label>> labels_;
   std::vector<std::unique_ptr<View>> views_;
   bool opened_ = false;
 };

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <iterator>
 
-#include "shell/main.h"
 #include "shell/sort_grid.h"
 
 namespace dg::test {
@@ -37,19 +36,12 @@ bool isOrdered(const Cells& cells, bool text, bool descending) {
 
 }  // namespace
 
-void ViewTest::open() {
-  if (opened_) return;
-  connectFailureLog();
-  run_.openEngine();
-  opened_ = true;
-}
-
 const std::string& ViewTest::recap(int index) {
-  return recap_.lblRecap(index).caption();
+  return run_.recapSheet.lblRecap(index).caption();
 }
 
 bool ViewTest::recapIsRed(int index) {
-  return recap_.lblRecap(index).foreColor() == kRed;
+  return run_.recapSheet.lblRecap(index).foreColor() == kRed;
 }
 
 void ViewTest::expectFailure(int recapLabel, const std::string& line) {
@@ -57,13 +49,6 @@ void ViewTest::expectFailure(int recapLabel, const std::string& line) {
   EXPECT_TRUE(recapIsRed(recapLabel));
   EXPECT_EQ(run_.logged, std::vector<std::string>{line});
   EXPECT_TRUE(run_.messages.empty());
-}
-
-Cells column(const Grid& grid, std::string_view name) {
-  Cells cells;
-  for (int row = 0; row < grid.Rows(); ++row)
-    cells.push_back(grid.CellValue(name, row));
-  return cells;
 }
 
 void expectHeadSorts(Grid& grid, int head, std::string_view sortColumn, bool text) {

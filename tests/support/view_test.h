@@ -6,13 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/grid.h"
-#include "tests/support/program_run.h"
-#include "views/financial/recap.h"
+#include "tests/support/view_run.h"
 
 namespace dg::test {
-
-using Cells = std::vector<std::string>;
 
 /// A test of views from files to cells: the run of a program whose recap is loaded. A test fills
 /// `run_.builder`, and the first load() puts the store in place.
@@ -21,13 +17,13 @@ class ViewTest : public testing::Test {
   /// A view over the store, loaded.
   template <class V>
   std::unique_ptr<V> load() {
-    open();
+    run_.open();
     auto view = std::make_unique<V>();
     view->Form_Load();
     return view;
   }
   /// Puts the store in place, for tests that change something behind that.
-  void open();
+  void open() { run_.open(); }
 
   /// The caption of a recap label, and whether it stands there in red.
   const std::string& recap(int index);
@@ -35,15 +31,8 @@ class ViewTest : public testing::Test {
   /// Expects "Data Error !" in red on a recap label and `line` as all that was logged.
   void expectFailure(int recapLabel, const std::string& line);
 
-  ProgramRun run_;
-  frmRecap recap_;
-
- private:
-  bool opened_ = false;
+  ViewRun run_;
 };
-
-/// The cells of a column, by name or caption, from the first row to the last.
-Cells column(const Grid& grid, std::string_view name);
 
 /// Clicks a head twice and expects the rows by `sortColumn`, descending and then ascending. Numbers
 /// count as whole numbers, as they do in the program. A column whose cells are all equal is no
