@@ -53,7 +53,8 @@ Grid::Grid(std::string name, std::span<const ColumnSpec> columns, std::string he
                         .kind = spec.kind,
                         .mask = std::string(spec.mask),
                         .hidden = spec.hidden,
-                        .button = spec.button});
+                        .button = spec.button,
+                        .keyOf = std::string(spec.keyOf)});
   }
 }
 
@@ -81,14 +82,14 @@ void Grid::RemoveAll() {
   SelBookmarks.clear();
   current_ = -1;
   sortedColumn_ = -1;
-  notify();
+  notifyRows();
 }
 
 void Grid::AddNew() {
   rows_.emplace_back(columns_.size());
   current_ = Rows() - 1;
   sortedColumn_ = -1;
-  notify();
+  notifyRows();
 }
 
 void Grid::AddItem(std::string_view cells) {
@@ -100,7 +101,7 @@ void Grid::AddItem(std::string_view cells) {
   }
   rows_.push_back(std::move(row));
   sortedColumn_ = -1;
-  notify();
+  notifyRows();
 }
 
 void Grid::Update() {
@@ -150,7 +151,7 @@ void Grid::removeRows(const std::vector<int>& doomed) {
   rows_.resize(kept);
   current_ = std::min(current, Rows() - 1);
   moveSelection(newPlace);
-  notify();
+  notifyRows();
 }
 
 void Grid::moveSelection(const std::vector<int>& newPlace) {
@@ -181,7 +182,7 @@ void Grid::reorder(const std::vector<int>& order) {
   rows_ = std::move(rows);
   if (current_ != -1) current_ = newPlace[static_cast<std::size_t>(current_)];
   moveSelection(newPlace);
-  notify();
+  notifyRows();
 }
 
 void Grid::setRedraw(bool redraw) {
@@ -217,12 +218,17 @@ void Grid::setCell(int column, const Variant& value) {
   const auto index = static_cast<std::size_t>(column);
   rows_[static_cast<std::size_t>(current_)][index] =
       std::visit(CellText{columns_[index].mask}, value);
-  notify();
+  notifyRows();
 }
 
 const std::string& Grid::cell(int column, int row) const {
   if (!isRow(row, rows_.size())) throw RunTimeError(kSubscriptOutOfRange);
   return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+void Grid::notifyRows() {
+  ++revision_;
+  notify();
 }
 
 void Grid::notify() {

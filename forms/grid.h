@@ -24,6 +24,8 @@ struct ColumnSpec {
   std::string_view group = {};  ///< heading over this column and those after it, up to the next
   bool hidden = false;
   bool button = false;  ///< its cells carry the button of the grid's click action
+  /// For a hidden sort key: name of the column that the user sees sorted by it.
+  std::string_view keyOf = {};
 };
 
 /// As a ColumnSpec's mask: the grid's own currency style, "$1,234.50" and "($1,234.50)".
@@ -43,6 +45,7 @@ class Grid final : public Control {
     std::string mask;
     bool hidden = false;
     bool button = false;
+    std::string keyOf;
   };
   using Row = std::vector<std::string>;
 
@@ -62,6 +65,8 @@ class Grid final : public Control {
   // --- Rows
   int Rows() const { return static_cast<int>(rows_.size()); }
   const std::vector<Row>& rows() const { return rows_; }
+  /// Grows whenever rows or cells have changed, but not when only the current row has.
+  std::uint64_t revision() const { return revision_; }
   void RemoveAll();
   /// Appends an empty row and makes it the current one. It stays, whatever happens next.
   void AddNew();
@@ -126,10 +131,12 @@ class Grid final : public Control {
   /// Follows rows to their new places, -1 for those that are gone.
   void moveSelection(const std::vector<int>& newPlace);
   void notify();
+  void notifyRows();
 
   std::string heading_;
   std::vector<Column> columns_;
   std::vector<Row> rows_;
+  std::uint64_t revision_ = 0;
   int current_ = -1;
   bool redraw_ = true;
   bool pending_ = false;  // something has changed while redraw was off

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -57,9 +58,14 @@ class Signal {
 
   void emit(Args... args) const {
     if (observers_->empty()) return;
-    const List snapshot = *observers_;
-    for (const Entry& entry : snapshot)
-      entry.observer(args...);
+    // The signal itself may go while it is emitted, and so may any observer.
+    const std::shared_ptr<const List> list = observers_;
+    const List snapshot = *list;
+    for (const Entry& entry : snapshot) {
+      const bool stillThere = std::any_of(list->begin(), list->end(),
+                                          [&](const Entry& other) { return other.id == entry.id; });
+      if (stillThere) entry.observer(args...);
+    }
   }
 
  private:
