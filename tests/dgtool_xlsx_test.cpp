@@ -2,11 +2,11 @@
 #include <string>
 #include <vector>
 
+#include "export/number_look.h"
+#include "export/sheet_name.h"
 #include "shell/recap_sheet.h"
 #include "tests/support/dgtool_run.h"
 #include "tests/support/zip_reader.h"
-#include "tools/dgtool/number_look.h"
-#include "tools/dgtool/xlsx.h"
 
 namespace dg {
 namespace {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "export/printable.h"
+
 namespace dg {
 
 /// Where a run of dgtool writes: answers to `out`, everything else to `err`.
@@ -22,11 +24,5 @@ class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
-
-/// Record bytes as UTF-8 without any control character: what may go to a terminal.
-std::string terminalText(std::string_view bytes);
-
-/// The same as bytes of the code page, for texts that are still to be padded.
-std::string printableBytes(std::string_view bytes);
 
 }  // namespace dg

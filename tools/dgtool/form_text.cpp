@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
+#include "export/number_look.h"
 #include "platform/text.h"
 #include "shell/recap_sheet.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/form_bands.h"
-#include "tools/dgtool/number_look.h"
 
 namespace dg {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "export/csv.h"
 #include "platform/text.h"
 #include "shell/recap_sheet.h"
-#include "tools/dgtool/csv.h"
 #include "tools/dgtool/json_report.h"
 #include "tools/dgtool/text_report.h"
 #include "tools/dgtool/xlsx.h"

@@ -15,8 +15,4 @@ void writeWorkbook(const std::string& file, const frmTRVN& main, const std::vect
 /// Raises UsageError when a workbook cannot be written at this path: before the work is done.
 void checkWorkbookPath(const std::string& file);
 
-/// A sheet name for `title`, none of whose texts and places the format forbids, and unlike all
-/// `taken`, to which it is added. Up to 31 characters; bytes of the code page.
-std::string sheetName(const std::string& title, std::vector<std::string>& taken);
-
 }  // namespace dg

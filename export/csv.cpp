@@ -1,8 +1,10 @@
-#include "tools/dgtool/csv.h"
+#include "export/csv.h"
 
+#include <numeric>
+
+#include "export/printable.h"
 #include "platform/convert.h"
 #include "platform/text.h"
-#include "tools/dgtool/console.h"
 
 namespace dg {
 
@@ -38,11 +40,21 @@ std::string csvCell(std::string_view bytes) {
   return quoted + '"';
 }
 
-void writeCsv(std::ostream& out, const Grid& grid) {
+std::vector<int> allRows(const Grid& grid) {
+  std::vector<int> rows(grid.rows().size());
+  std::iota(rows.begin(), rows.end(), 0);
+  return rows;
+}
+
+void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows) {
   writeRecord(out, grid, [&](std::size_t i) { return grid.columns()[i].caption; });
-  for (const Grid::Row& row : grid.rows()) {
-    writeRecord(out, grid, [&](std::size_t i) { return row[i]; });
+  for (const int row : rows) {
+    writeRecord(out, grid, [&](std::size_t i) { return grid.CellValue(static_cast<int>(i), row); });
   }
+}
+
+void writeCsv(std::ostream& out, const Grid& grid) {
+  writeCsv(out, grid, allRows(grid));
 }
 
 }  // namespace dg

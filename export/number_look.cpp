@@ -1,4 +1,4 @@
-#include "tools/dgtool/number_look.h"
+#include "export/number_look.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "tools/dgtool/csv.h"
+#include "export/csv.h"
 
 namespace dg {
 namespace {
 
-TEST(DgtoolCsvTest, CellsAreQuotedAndFormulasDisarmed) {
+TEST(ExportCsvTest, CellsAreQuotedAndFormulasDisarmed) {
   const struct {
     const char* cell;
     const char* written;
@@ -42,7 +42,7 @@ TEST(DgtoolCsvTest, CellsAreQuotedAndFormulasDisarmed) {
     EXPECT_EQ(csvCell(each.cell), each.written) << each.cell;
 }
 
-TEST(DgtoolCsvTest, CaptionsComeFirstAndHiddenColumnsNever) {
+TEST(ExportCsvTest, CaptionsComeFirstAndHiddenColumnsNever) {
   constexpr ColumnSpec kColumns[] = {
       {.name = "PO Number"},
       {.name = "ndate", .kind = ColumnKind::kNumber, .hidden = true},

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <ostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/grid.h"
+
+namespace dg {
+
+/// A cell as RFC 4180 has it. A text that a spreadsheet would take for a formula gets an
+/// apostrophe in front, blanks before it or not; numbers are left alone. Control characters become
+/// blanks.
+std::string csvCell(std::string_view bytes);
+
+/// All rows of a grid in their order.
+std::vector<int> allRows(const Grid& grid);
+
+/// Writes a grid as CSV in UTF-8: its captions, then these of its rows, without hidden columns.
+void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows);
+/// The same with all rows.
+void writeCsv(std::ostream& out, const Grid& grid);
+
+}  // namespace dg

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "export/replacement.h"
+#include "forms/grid.h"
+
+namespace dg {
+
+/// How a cell that is no grid's is written.
+enum class CellLook { kPlain, kBold, kFailure };
+
+/// An Excel workbook in the making. Titles and texts are bytes of the code page; rows and columns
+/// count from 0. The file takes its place when it is saved and complete; the former one stays when
+/// it never is. All operations raise ExportError.
+class Workbook {
+ public:
+  explicit Workbook(const std::filesystem::path& file);
+  ~Workbook();
+  Workbook(const Workbook&) = delete;
+  Workbook& operator=(const Workbook&) = delete;
+
+  /// The document's title, and now as its time of making.
+  void setTitle(std::string_view title);
+
+  /// Adds a sheet with a grid: its group headings and captions, then these of its rows, without
+  /// hidden columns; numbers and dates as such.
+  void addGrid(const std::string& title, const Grid& grid, std::span<const int> rows);
+
+  /// Adds an empty sheet, which the next three operations fill.
+  void addSheet(const std::string& title);
+  void text(std::size_t row, std::size_t column, std::string_view bytes, CellLook look);
+  /// `format`: a spreadsheet's number format, see NumberLook.
+  void number(std::size_t row, std::size_t column, double value, const std::string& format);
+  /// Makes a column as wide as a text of this length, within bounds.
+  void fitColumn(std::size_t column, std::size_t characters);
+
+  void save();
+
+ private:
+  class Writer;
+
+  Replacement replacement_;
+  std::unique_ptr<Writer> writer_;
+};
+
+}  // namespace dg
