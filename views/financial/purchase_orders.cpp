@@ -21,7 +21,7 @@ constexpr std::string_view kVendorMask = "######.00";
 constexpr std::size_t kKeyLength = 16;
 
 constexpr ColumnSpec kColumns[] = {
-    {.name = "PO Number", .button = true},
+    {.name = "PO Number"},
     {.name = "Vendor #", .kind = ColumnKind::kNumber},
     {.name = "Vendor Name"},
     {.name = "Date", .kind = ColumnKind::kDate},

@@ -21,7 +21,7 @@ constexpr std::size_t kKeyLength = 16;
 constexpr std::int32_t kPendingStatus = 20;
 
 constexpr ColumnSpec kColumns[] = {
-    {.name = "PO Number", .caption = "Return Number", .button = true},
+    {.name = "PO Number", .caption = "Return Number"},
     {.name = "Vendor #", .kind = ColumnKind::kNumber},
     {.name = "Vendor Name"},
     {.name = "Date", .kind = ColumnKind::kDate},

@@ -47,7 +47,7 @@ constexpr std::int32_t kSlots = 31;
 constexpr std::int32_t kSlotWidth = 4;
 
 constexpr ColumnSpec kColumns[] = {
-    {.name = "Type", .button = true},
+    {.name = "Type"},
     {.name = "Ticket No.", .kind = ColumnKind::kNumber},
     {.name = "Date", .kind = ColumnKind::kDate},
     {.name = "Account", .caption = "Cust #", .kind = ColumnKind::kNumber},

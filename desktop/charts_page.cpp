@@ -1,0 +1,163 @@
+#include "desktop/charts_page.h"
+
+#include <QButtonGroup>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QSaveFile>
+#include <QScrollArea>
+#include <QToolButton>
+
+#include "desktop/bar_chart.h"
+#include "desktop/message_boxes.h"
+#include "desktop/theme.h"
+#include "desktop/user_settings.h"
+
+namespace dg {
+
+namespace {
+
+constexpr double kPictureScale = 2;
+constexpr int kGap = 16;
+
+QToolButton* button(const QString& text, QWidget* parent) {
+  auto* made = new QToolButton(parent);
+  made->setText(text);
+  made->setFocusPolicy(Qt::StrongFocus);
+  return made;
+}
+
+}  // namespace
+
+ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      periods_(new QButtonGroup(this)),
+      assets_(new BarChart),
+      inventory_(new BarChart),
+      sales_(new BarChart) {
+  setObjectName(QStringLiteral("charts"));
+  setAccessibleName(tr("Charts"));
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins({});
+  auto* scroll = new QScrollArea(this);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  outer->addWidget(scroll);
+
+  auto* sheet = new QWidget;
+  auto* layout = new QGridLayout(sheet);
+  layout->setContentsMargins(20, 16, 20, 20);
+  layout->setSpacing(kGap);
+  layout->addWidget(buildHead(), 0, 0, 1, 2);
+  layout->addWidget(assets_, 1, 0);
+  layout->addWidget(inventory_, 1, 1);
+  layout->addWidget(sales_, 2, 0, 1, 2);
+  sales_->setTools(buildPeriods());
+  layout->setColumnStretch(0, 1);
+  layout->setColumnStretch(1, 1);
+  layout->setRowStretch(3, 1);
+  scroll->setWidget(sheet);
+
+  for (BarChart* chart : {assets_, inventory_, sales_}) {
+    connect(chart, &BarChart::saveRequested, this, [this, chart] { askAndSave(chart); });
+  }
+  reload();
+}
+
+QWidget* ChartsPage::buildHead() {
+  auto* head = new QWidget(this);
+  auto* layout = new QHBoxLayout(head);
+  layout->setContentsMargins({});
+  auto* title = new QLabel(tr("Charts"), head);
+  title->setTextFormat(Qt::PlainText);
+  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
+  layout->addWidget(title, 1);
+  QToolButton* recap = button(tr("&Recap"), head);
+  connect(recap, &QToolButton::clicked, this, &ChartsPage::recapRequested);
+  layout->addWidget(recap);
+  QToolButton* save = button(tr("&Save as Picture..."), head);
+  connect(save, &QToolButton::clicked, this, [this] { askAndSave(nullptr); });
+  layout->addWidget(save);
+  return head;
+}
+
+QWidget* ChartsPage::buildPeriods() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins({});
+  layout->setSpacing(4);
+  const std::array<std::pair<ChartPeriod, QString>, 3> choices = {{
+      {ChartPeriod::kMonth, tr("&Month")},
+      {ChartPeriod::kYear, tr("&Year")},
+      {ChartPeriod::kLastYear, tr("&Last Year")},
+  }};
+  for (const auto& [period, text] : choices) {
+    QToolButton* choice = button(text, row);
+    choice->setCheckable(true);
+    choice->setChecked(period == period_);
+    periods_->addButton(choice, static_cast<int>(period));
+    layout->addWidget(choice);
+  }
+  connect(periods_, &QButtonGroup::idClicked, this,
+          [this](int id) { setPeriod(static_cast<ChartPeriod>(id)); });
+  return row;
+}
+
+void ChartsPage::reload() {
+  assets_->setData(assetChart(main_));
+  inventory_->setData(inventoryChart(main_));
+  sales_->setData(salesChart(main_, period_));
+}
+
+void ChartsPage::setPeriod(ChartPeriod period) {
+  period_ = period;
+  periods_->button(static_cast<int>(period))->setChecked(true);
+  sales_->setData(salesChart(main_, period));
+}
+
+bool ChartsPage::savePicture(const QString& file) const {
+  QSize size(0, kGap);
+  const QList<BarChart*> charts = {assets_, inventory_, sales_};
+  for (const BarChart* chart : charts) {
+    size.setWidth(qMax(size.width(), chart->width() + 2 * kGap));
+    size.rheight() += chart->height() + kGap;
+  }
+  QImage whole(size * kPictureScale, QImage::Format_ARGB32_Premultiplied);
+  whole.setDevicePixelRatio(kPictureScale);
+  whole.fill(palette().color(QPalette::Window));
+  QPainter painter(&whole);
+  int y = kGap;
+  for (const BarChart* chart : charts) {
+    painter.drawImage(kGap, y, chart->picture(kPictureScale));
+    y += chart->height() + kGap;
+  }
+  painter.end();
+  return savePng(whole, file);
+}
+
+void ChartsPage::askAndSave(const BarChart* chart) {
+  const QString proposed = UserSettings::exportFolder() + QStringLiteral("/Charts.png");
+  QString file = QFileDialog::getSaveFileName(window(), tr("Save as Picture"), proposed,
+                                              tr("PNG picture (*.png)"));
+  if (file.isEmpty()) return;
+  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".png");
+  const bool saved =
+      chart == nullptr ? savePicture(file) : savePng(chart->picture(kPictureScale), file);
+  if (saved) {
+    UserSettings::setExportFolder(QFileInfo(file).absolutePath());
+  } else {
+    showWarning(window(), tr("Save as Picture"),
+                tr("The file cannot be written.") + u'\n' + QDir::toNativeSeparators(file));
+  }
+}
+
+bool savePng(const QImage& picture, const QString& file) {
+  QSaveFile target(file);
+  return target.open(QIODevice::WriteOnly) && picture.save(&target, "PNG") && target.commit();
+}
+
+}  // namespace dg

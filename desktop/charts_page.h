@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "desktop/chart_data.h"
+
+class QButtonGroup;
+class QImage;
+
+namespace dg {
+
+class BarChart;
+
+/// The recap's figures as charts: assets by kind, parts inventory by line, sales and profit by
+/// line for a period that the user picks.
+class ChartsPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ChartsPage(const frmTRVN& main, QWidget* parent = nullptr);
+
+  /// Draws the charts anew from what is loaded.
+  void reload();
+  void setPeriod(ChartPeriod period);
+
+  /// Saves all charts below each other as a PNG file; returns whether it could be written.
+  bool savePicture(const QString& file) const;
+
+ Q_SIGNALS:
+  void recapRequested();
+
+ private:
+  QWidget* buildHead();
+  QWidget* buildPeriods();
+  void askAndSave(const BarChart* chart);
+
+  const frmTRVN& main_;
+  ChartPeriod period_ = ChartPeriod::kYear;
+  QButtonGroup* periods_;
+  BarChart* assets_;
+  BarChart* inventory_;
+  BarChart* sales_;
+};
+
+/// Saves a picture as PNG, whole or not at all; returns whether it could be written.
+bool savePng(const QImage& picture, const QString& file);
+
+}  // namespace dg

@@ -1,0 +1,142 @@
+#include "desktop/form_dialog.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "desktop/control_widgets.h"
+#include "desktop/form_view.h"
+#include "desktop/grid_actions.h"
+#include "desktop/grid_panel.h"
+#include "desktop/text.h"
+#include "desktop/user_settings.h"
+
+namespace dg {
+
+namespace {
+
+constexpr int kLogo = 64;
+
+/// The direction in which the account setup's buttons move rows, two of which have the same text.
+void addMoveArrows(const FormView& view) {
+  for (int index = 0; index < 4; ++index) {
+    auto* button = qobject_cast<QPushButton*>(view.widgetOf(elementName("cmdMove", index)));
+    if (button == nullptr) continue;
+    const bool right = index < 2;
+    button->setIcon(
+        button->style()->standardIcon(right ? QStyle::SP_ArrowRight : QStyle::SP_ArrowLeft));
+    button->setAccessibleName(right ? FormDialog::tr("%1 to the right").arg(button->text())
+                                    : FormDialog::tr("%1 to the left").arg(button->text()));
+  }
+}
+
+constexpr QSize kGridDialog{860, 560};
+constexpr QSize kLogDialog{820, 520};
+
+QString memoryName(const Form& form) {
+  return QString::fromStdString(form.name());
+}
+
+}  // namespace
+
+FormDialog::FormDialog(Form& form, QWidget* parent)
+    : QDialog(parent),
+      form_(form),
+      view_(new FormView(form, this)),
+      changed_(form.changed.connect([this] { setWindowTitle(cellText(form_.caption())); })) {
+  setWindowTitle(cellText(form.caption()));
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addLayout(buildBody(), 1);
+  if (view_->findChildren<ButtonWidget*>().isEmpty()) addCloseButton();
+  adapt();
+  addGridShortcuts(*this);
+}
+
+QLayout* FormDialog::buildBody() {
+  auto* body = new QHBoxLayout;
+  body->setContentsMargins({});
+  body->setSpacing(0);
+  if (form_.name() == "frmAbout") {
+    auto* logo = new QLabel(this);
+    logo->setPixmap(QIcon(QStringLiteral(":/icons/dealergauge.svg"))
+                        .pixmap(QSize(kLogo, kLogo), devicePixelRatio()));
+    logo->setContentsMargins(18, 14, 0, 0);
+    body->addWidget(logo, 0, Qt::AlignTop);
+  }
+  if (form_.name() == "frmSetup") addMoveArrows(*view_);
+  body->addWidget(view_, 1);
+  return body;
+}
+
+FormDialog::~FormDialog() {
+  UserSettings::saveWindow(*this, memoryName(form_));
+}
+
+void FormDialog::adapt() {
+  const bool grids = !view_->findChildren<GridPanel*>().isEmpty();
+  const auto areas = view_->findChildren<TextAreaWidget*>();
+  QSize size = sizeHint();
+  if (grids) size = size.expandedTo(kGridDialog);
+  if (!areas.isEmpty()) size = size.expandedTo(kLogDialog);
+  UserSettings::restoreWindow(*this, memoryName(form_), size);
+
+  // What a log has to tell stands at its end.
+  if (form_.name() == "frmViewLog" && !areas.isEmpty()) {
+    areas.first()->moveCursor(QTextCursor::End);
+    areas.first()->setFocus();
+  } else if (grids) {
+    view_->findChildren<GridPanel*>().first()->setFocus();
+  } else if (auto* button = view_->findChild<ButtonWidget*>()) {
+    button->setFocus();
+  }
+}
+
+void FormDialog::addCloseButton() {
+  auto* box = new QDialogButtonBox(QDialogButtonBox::Close, this);
+  box->setContentsMargins(14, 0, 14, 12);
+  connect(box, &QDialogButtonBox::rejected, this, &FormDialog::reject);
+  layout()->addWidget(box);
+}
+
+void FormDialog::reject() {
+  auto* cancel = dynamic_cast<Button*>(form_.find("cmdCancel"));
+  if (cancel != nullptr && !closing_) {
+    closing_ = true;
+    cancel->click();
+    closing_ = false;
+    if (!isVisible()) return;
+  }
+  QDialog::reject();
+}
+
+void FormDialog::closeForm() {
+  closing_ = true;
+  QDialog::accept();
+}
+
+void FormDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+void addGridShortcuts(QWidget& window) {
+  const auto onKey = [&window](const QKeySequence& key, auto action) {
+    auto* shortcut = new QShortcut(key, &window);
+    QObject::connect(shortcut, &QShortcut::activated, &window, [&window, action] {
+      if (GridPanel* panel = gridInFocus(window)) action(*panel);
+    });
+  };
+  onKey(QKeySequence::Find, [](GridPanel& panel) { panel.find(); });
+  onKey(QKeySequence::Print, [](GridPanel& panel) { panel.actions().print(); });
+}
+
+}  // namespace dg

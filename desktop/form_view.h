@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+#include "forms/form.h"
+
+class QGridLayout;
+
+namespace dg {
+
+/// Draws a form: a widget for each of its controls, where the form's sheet puts it. Controls
+/// without a place stand one below the other under the sheet.
+///
+/// The form outlives its view.
+class FormView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FormView(Form& form, QWidget* parent = nullptr);
+
+  Form& form() const { return form_; }
+  /// The widget of a control, or null.
+  QWidget* widgetOf(std::string_view control) const;
+
+ private:
+  QWidget* makeWidget(Control& control, QWidget* parent);
+  QWidget* containerOf(std::string_view frame);
+  void place(const Place& place);
+  void placeRemaining();
+  void applyPointer();
+
+  Form& form_;
+  Connection changed_;
+  Connection refreshed_;
+};
+
+/// What the user reads as a form's name: its title label, else its caption.
+QString formTitle(const Form& form);
+
+}  // namespace dg

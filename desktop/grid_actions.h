@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+
+namespace dg {
+
+class GridView;
+
+/// What a user can do with the rows of a grid: copy, sort, find a column, export, print. One set
+/// of actions behind the context menu, the buttons over the grid and the shortcuts.
+class GridActions : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `title`: what the grid is called on paper, in file names and for a screen reader.
+  GridActions(GridView& view, QString title, QObject* parent);
+
+  QMenu* exportMenu() const { return exportMenu_; }
+  QMenu* printMenu() const { return printMenu_; }
+  QMenu* contextMenu() const { return contextMenu_; }
+
+  void copy(bool withHeadings) const;
+  void print() const;
+  void preview() const;
+
+  /// Writes the rows on show to a file; what kind of file its ending says: csv, xlsx or pdf. Shows
+  /// a message when it cannot be written, and returns whether it was.
+  bool exportTo(const QString& file) const;
+
+ Q_SIGNALS:
+  void findRequested();
+
+ private:
+  void buildExportMenu();
+  void buildPrintMenu();
+  void buildContextMenu();
+  void fillColumnMenu(QMenu& menu) const;
+  void askAndExport(const QString& suffix, const QString& kind) const;
+
+  GridView& view_;
+  QString title_;
+  QMenu* exportMenu_;
+  QMenu* printMenu_;
+  QMenu* contextMenu_;
+};
+
+/// The selected cells as lines of tab-separated cells, hidden columns left out; where the selection
+/// has gaps, empty cells stand.
+QString selectionText(const GridView& view, bool withHeadings);
+
+}  // namespace dg

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QUrl>
+#include <QWidget>
+#include <string_view>
+
+class QListWidget;
+class QTextBrowser;
+
+namespace dg {
+
+/// The users' guide: a list of its pages and the page on show. It stands beside the main window.
+class HelpWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  HelpWindow();
+
+  /// Shows the page of a view, by form name, or "charts"; the contents page for any other name.
+  void showPage(std::string_view view);
+  QTextBrowser& browser() const { return *browser_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QWidget* buildTools();
+  void open(const QString& page);
+  void markPage(const QUrl& page);
+
+  QListWidget* pages_;
+  QTextBrowser* browser_;
+  bool marking_ = false;
+};
+
+/// The guide's page about a view.
+QString helpPageOf(std::string_view view);
+
+}  // namespace dg

@@ -1,0 +1,5 @@
+#include "desktop/launch.h"
+
+int main(int argc, char** argv) {
+  return dg::runDesktop(argc, argv);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "shell/main_window.h"
+
+class QSplitter;
+
+namespace dg {
+
+class HelpWindow;
+class MenuBar;
+class TreePanel;
+class ViewStack;
+
+/// Draws the program's main window: store name on top, tree on the left, a view beside it, status
+/// panes at the foot, and the menus. Closing it ends the program.
+///
+/// While a load or refresh runs, keys and clicks for this window are thrown away: they would come
+/// into the middle of it.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(frmTRVN& form);
+  ~MainWindow() override;
+
+  frmTRVN& form() const { return form_; }
+  ViewStack& views() const { return *views_; }
+  TreePanel& tree() const { return *tree_; }
+  MenuBar& menus() const { return *menus_; }
+  HelpWindow* help() const { return help_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* buildBand();
+  void connectForm();
+  void pick(const QString& menu, int index);
+  void showCharts();
+  void showHelp();
+  void print();
+
+  frmTRVN& form_;
+  MenuBar* menus_;
+  TreePanel* tree_;
+  ViewStack* views_;
+  QSplitter* splitter_;
+  HelpWindow* help_ = nullptr;
+  Connection viewShown_;
+};
+
+}  // namespace dg

@@ -1,0 +1,53 @@
+#include "desktop/report.h"
+
+#include "desktop/grid_model.h"
+#include "desktop/text.h"
+#include "platform/clock.h"
+
+namespace dg {
+
+namespace {
+
+QString& storeName() {
+  static QString name;
+  return name;
+}
+
+}  // namespace
+
+ReportTable tableOf(const GridModel& model, const QString& heading) {
+  ReportTable table;
+  table.heading = heading;
+  QList<int> visible;
+  QString group;
+  for (int column = 0; column < model.columnCount(); ++column) {
+    const Grid::Column& source = model.grid().columns()[static_cast<std::size_t>(column)];
+    // A group that begins over a hidden column goes on over the next visible one.
+    if (!source.group.empty()) group = cellText(source.group);
+    if (source.hidden) continue;
+    table.columns.append({cellText(source.caption), group, alignsRight(source.kind)});
+    visible.append(column);
+    group.clear();
+  }
+  table.rows = model.rowCount();
+  table.cell = [&model, visible](int row, int column) {
+    return model.index(row, visible[column]).data().toString();
+  };
+  return table;
+}
+
+Report newReport(const QString& title, const QString& note, QList<ReportTable> tables) {
+  const Date moment = now();
+  return {storeName(), title, note,
+          fromBytes(moment.shortDateText() + "  " + moment.longTimeText()), std::move(tables)};
+}
+
+QString reportStore() {
+  return storeName();
+}
+
+void setReportStore(const QString& name) {
+  storeName() = name;
+}
+
+}  // namespace dg

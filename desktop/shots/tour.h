@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace dg {
+
+/// Starts the program, goes through all its windows, and saves a picture of each into a folder.
+/// Returns whether all could be saved.
+bool takeTour(const QString& folder);
+
+}  // namespace dg

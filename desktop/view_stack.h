@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QStackedWidget>
+#include <map>
+
+#include "shell/main_window.h"
+
+namespace dg {
+
+class ChartsPage;
+
+/// The client area of the main window: the views, one of which is on show, and the charts page.
+/// A view's page is made when it is first shown and dropped with the view.
+class ViewStack : public QStackedWidget {
+  Q_OBJECT
+
+ public:
+  explicit ViewStack(const frmTRVN& main, QWidget* parent = nullptr);
+
+  void showView(View& view);
+  /// Takes the page on show off the screen; the area is empty until the next one shows.
+  void hideView();
+  void showCharts();
+  /// Forgets a form that is about to go; nothing when it has no page.
+  void drop(const Form& form);
+  /// Forgets all pages.
+  void dropAll();
+
+  bool chartsShown() const;
+  /// The page of a view, or null.
+  QWidget* pageOf(const Form& form) const;
+
+ Q_SIGNALS:
+  void chartsOpened();
+  void recapRequested();
+
+ private:
+  QWidget* makePage(View& view);
+
+  const frmTRVN& main_;
+  std::map<const Form*, QWidget*> pages_;
+  QWidget* empty_;
+  ChartsPage* charts_ = nullptr;
+};
+
+}  // namespace dg
