@@ -1,0 +1,17 @@
+// Runs the tests of the desktop program: real widgets and events, drawn into memory.
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include "desktop/resources.h"
+#include "desktop/theme.h"
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  dg::initializeResources();
+  dg::applyTheme(dg::Theme::kLight);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

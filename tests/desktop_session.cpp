@@ -1,0 +1,99 @@
+#include "tests/desktop_session.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <filesystem>
+
+#include "desktop/grid_view.h"
+#include "desktop/message_boxes.h"
+#include "desktop/tree_panel.h"
+#include "desktop/view_stack.h"
+#include "platform/file.h"
+#include "shell/main.h"
+#include "shell/splash.h"
+#include "tools/sample/sample_store.h"
+#include "views/view_catalogue.h"
+
+namespace dg {
+
+DesktopSession::DesktopSession() : formerConfig_(qgetenv("XDG_CONFIG_HOME")) {
+  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(run.folder.path().string()));
+}
+
+DesktopSession::~DesktopSession() {
+  presenter.close();
+  main_.reset();
+  releaseSplash();
+  setPresenter(nullptr);
+  qputenv("XDG_CONFIG_HOME", formerConfig_);
+}
+
+void DesktopSession::start(const std::vector<std::string>& missing) {
+  const std::string store = run.folder.file("store");
+  writeSampleStore(store, {});
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(store)) {
+    const std::string name = entry.path().filename().string();
+    if (std::find(missing.begin(), missing.end(), name) != missing.end()) {
+      std::filesystem::remove(entry.path());
+    }
+  }
+  environment().temp = store + "/temp";
+  environment().shareRoot = store + "/share";
+  setFileSystem(nullptr);
+  setLogFile();
+  setPresenter(&presenter);
+  main_ = startProgram(viewCatalogue());
+  QApplication::setActiveWindow(&window());
+  QApplication::processEvents();
+}
+
+void DesktopSession::end() {
+  window().close();
+  QApplication::processEvents();
+}
+
+void DesktopSession::clickNode(const std::string& key) const {
+  TreePanel& tree = window().tree();
+  const QRect where = tree.visualItemRect(tree.itemOf(key));
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, where.center());
+}
+
+QWidget& DesktopSession::page() const {
+  return *window().views().currentWidget();
+}
+
+bool withDialog(const std::function<void()>& action,
+                const std::function<void(QDialog&)>& atDialog) {
+  const QWidget* before = QApplication::activeModalWidget();
+  bool shown = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || dialog == before) return;
+    shown = true;
+    QApplication::setActiveWindow(dialog);
+    atDialog(*dialog);
+    if (QApplication::activeModalWidget() == dialog) dialog->reject();
+  });
+  action();
+  QApplication::processEvents();
+  return shown;
+}
+
+void clickCell(GridView& view, int row, int column, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex index = view.model()->index(row, column);
+  view.scrollTo(index);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, view.visualRect(index).center());
+}
+
+void clickHead(GridView& view, int column) {
+  QHeaderView* header = view.horizontalHeader();
+  view.scrollTo(view.model()->index(0, column));
+  const QPoint where(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
+                     header->height() - 6);
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, where);
+}
+
+}  // namespace dg
