@@ -125,7 +125,7 @@ BarChart::Scale BarChart::scaleFor(int width) const {
   const double step = roundStep(most - least, width > 500 ? 5 : 3);
   least = std::floor(least / step) * step;
   most = std::ceil(most / step) * step;
-  const int left = kMargin + qMin(names, width * 2 / 5) + 10;
+  const int left = kMargin + qMin(names + 2, width * 2 / 5) + 10;
   const int leftFigures = least < 0 ? figures + 6 : 0;
   return {left + leftFigures, width - kMargin - figures - 6, headHeight(), least, most, step};
 }

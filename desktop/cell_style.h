@@ -14,7 +14,7 @@ class CellStyle : public QProxyStyle {
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr) const override {
-    constexpr int kRoom = 7;
+    constexpr int kRoom = 5;
     if (metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin) return kRoom;
     return QProxyStyle::pixelMetric(metric, option, widget);
   }

@@ -4,9 +4,9 @@
 #include <QDialogButtonBox>
 #include <QIcon>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include "desktop/control_widgets.h"
@@ -21,6 +21,23 @@ namespace dg {
 namespace {
 
 constexpr int kLogo = 64;
+
+QIcon arrow(bool right, const QPalette& palette) {
+  constexpr int kSide = 48;
+  QPixmap pixmap(kSide, kSide);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!right) {
+    painter.translate(kSide, 0);
+    painter.scale(-1, 1);
+  }
+  painter.setPen(
+      QPen(palette.color(QPalette::ButtonText), 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawLine(8, 24, 40, 24);
+  painter.drawPolyline(QPolygon({{28, 12}, {40, 24}, {28, 36}}));
+  return pixmap;
+}
 
 /// The direction in which the account setup's buttons move rows, two of which have the same text.
 void addMoveArrows(const FormView& view) {

@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QStyleOptionHeader>
 #include <QToolTip>
 #include <algorithm>
@@ -50,7 +51,12 @@ QSize GroupHeader::sectionSizeFromContents(int section) const {
   size.setHeight(qMax(size.height(), fontMetrics().height() + 10) + groupHeight());
   // Room for the sort arrow in every column, so that a sort does not cut a heading.
   const bool sorted = isSortIndicatorShown() && sortIndicatorSection() == section;
-  if (!sorted && sectionsClickable()) size.rwidth() += 12;
+  if (!sorted && sectionsClickable()) {
+    const auto metric = [this](QStyle::PixelMetric each) {
+      return style()->pixelMetric(each, nullptr, this);
+    };
+    size.rwidth() += metric(QStyle::PM_HeaderMarkSize) + metric(QStyle::PM_HeaderMargin);
+  }
   return size;
 }
 

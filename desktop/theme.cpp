@@ -19,7 +19,7 @@ struct FixedColors {
 };
 constexpr FixedColors kLightColors = {0xfff3f4f6, 0xff1c2127, 0xffffffff, 0xfff7f8fa, 0xfffbfbfc,
                                       0xff1f6fb2, 0xffffffff, 0xff0b5fa5, 0xfffffbe6};
-constexpr FixedColors kDarkColors = {0xff22262b, 0xffe6e9ed, 0xff1a1d21, 0xff1f2327, 0xff30353b,
+constexpr FixedColors kDarkColors = {0xff2a2e33, 0xffe6e9ed, 0xff1d2024, 0xff24282c, 0xff3a3f46,
                                      0xff2f7fc4, 0xffffffff, 0xff7dbcf5, 0xff343a41};
 
 QPalette fixedPalette(const FixedColors& colors) {
