@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/read_ahead_file.h"
 #include "platform/system_file.h"
 
 namespace dg {
@@ -13,14 +14,31 @@ std::unique_ptr<FileSystem>& replacedFileSystem() {
   return replaced;
 }
 
+/// The file system in place, with files that read ahead while a ReadAheadScope lives.
+class FrontFileSystem final : public FileSystem {
+ public:
+  std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
+    return readAheadFile(inPlace().open(path, access), path);
+  }
+  bool fileExists(const std::string& path) override { return inPlace().fileExists(path); }
+  bool directoryExists(const std::string& path) override { return inPlace().directoryExists(path); }
+
+ private:
+  static FileSystem& inPlace() {
+    const std::unique_ptr<FileSystem>& replaced = replacedFileSystem();
+    return replaced ? *replaced : systemFileSystem();
+  }
+};
+
 }  // namespace
 
 FileSystem& fileSystem() {
-  const std::unique_ptr<FileSystem>& replaced = replacedFileSystem();
-  return replaced ? *replaced : systemFileSystem();
+  static FrontFileSystem front;
+  return front;
 }
 
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement) {
+  forgetKeptBytes();
   return std::exchange(replacedFileSystem(), std::move(replacement));
 }
 

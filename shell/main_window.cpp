@@ -8,6 +8,7 @@
 #include "engine/state.h"
 #include "platform/clock.h"
 #include "platform/message_box.h"
+#include "platform/read_ahead.h"
 #include "platform/text.h"
 #include "records/catalogue.h"
 #include "shell/about.h"
@@ -136,6 +137,7 @@ frmTRVN::~frmTRVN() = default;
 
 void frmTRVN::Form_Load() {
   const Raised loading(loading_);
+  const ReadAheadScope keeping;
   trapErrors([this] { loadSteps(); },
              [this](const RunTimeError& error) {
                LastError = shellFailureText("Error in form load event ", error);
@@ -220,6 +222,7 @@ void frmTRVN::settree() {
 void frmTRVN::ReLoadBm() {
   if (loading_) return;
   const Raised loading(loading_);
+  const ReadAheadScope keeping;
   trapErrors([this] { refreshSteps(); },
              [this](const RunTimeError& error) {
                splash().Hide();

@@ -32,6 +32,9 @@ class SystemFile final : public File {
       if (got == 0) break;
       statistics.bytes += static_cast<std::uint64_t>(got);
       done += static_cast<std::size_t>(got);
+      // Fewer bytes than asked for are the file's last ones, or those before a failure, which
+      // another read then tells. The length settles it without one.
+      if (done < count && offset + static_cast<std::int64_t>(done) >= size()) break;
     }
     return done;
   }

@@ -6,11 +6,13 @@
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/environment.h"
 #include "platform/run_time_error.h"
 #include "platform/share_path.h"
+#include "platform/system_file.h"
 #include "platform/text.h"
 
 namespace dg {
@@ -22,27 +24,55 @@ bool exists(const std::string& native) {
   return ::lstat(native.c_str(), &status) == 0;
 }
 
-/// The directory's entry of that name without regard to case; of several the first in byte order,
-/// so that the answer does not depend on the directory's own order. The program's names are bytes
-/// of the code page, a directory's usually UTF-8, so either is met. The name itself when there is
-/// none.
-std::string entryIgnoringCase(const std::string& directory, const std::string& name) {
+/// A folder's entries by their names in lower case. Of several that differ in case alone the first
+/// in byte order, so that no answer depends on the folder's own order.
+using Listing = std::unordered_map<std::string, std::string>;
+
+/// What a load has learnt of the share's folders; a folder of documents may hold thousands.
+struct KnownPlaces {
+  bool areKept = false;
+  std::unordered_map<std::string, Listing> listings;
+  std::unordered_map<std::string, std::string> realFolders;
+};
+
+KnownPlaces& knownPlaces() {
+  static KnownPlaces places;
+  return places;
+}
+
+Listing readListing(const std::string& folder) {
   struct Closer {
     void operator()(DIR* open) const { ::closedir(open); }
   };
-  const std::unique_ptr<DIR, Closer> open(::opendir(directory.c_str()));
-  const std::string unicodeName = utf8FromBytes(name);
-  std::optional<std::string> found;
-  if (open) {
-    while (const dirent* entry = ::readdir(open.get())) {
-      const std::string_view candidate = entry->d_name;
-      if (!equalIgnoringCase(candidate, name) && !equalIgnoringCase(candidate, unicodeName)) {
-        continue;
-      }
-      if (!found || candidate < *found) found = candidate;
-    }
+  const std::unique_ptr<DIR, Closer> open(::opendir(folder.c_str()));
+  Listing listing;
+  if (!open) return listing;
+  while (const dirent* entry = ::readdir(open.get())) {
+    const std::string name = entry->d_name;
+    const auto [place, isNew] = listing.try_emplace(lowerCase(name), name);
+    if (!isNew && name < place->second) place->second = name;
   }
-  return found.value_or(name);
+  return listing;
+}
+
+const Listing& listingOf(const std::string& folder) {
+  auto& listings = knownPlaces().listings;
+  if (!knownPlaces().areKept) listings.clear();
+  const auto [place, isNew] = listings.try_emplace(folder);
+  if (isNew) place->second = readListing(folder);
+  return place->second;
+}
+
+/// The folder's entry of that name without regard to case, or the name itself when there is none.
+/// The program's names are bytes of the code page, a folder's usually UTF-8, so either is met.
+std::string entryIgnoringCase(const std::string& folder, const std::string& name) {
+  const Listing& listing = listingOf(folder);
+  const auto asBytes = listing.find(lowerCase(name));
+  const auto asUnicode = listing.find(lowerCase(utf8FromBytes(name)));
+  if (asBytes == listing.end() && asUnicode == listing.end()) return name;
+  if (asBytes == listing.end()) return asUnicode->second;
+  if (asUnicode == listing.end()) return asBytes->second;
+  return std::min(asBytes->second, asUnicode->second);
 }
 
 std::string resolveNames(const std::string& root, const std::vector<std::string>& names) {
@@ -67,6 +97,27 @@ std::optional<std::string> realPath(const std::string& native) {
                                                          &std::free);
   if (!real) return std::nullopt;
   return std::string(real.get());
+}
+
+std::optional<std::string> realFolder(const std::string& native) {
+  auto& folders = knownPlaces().realFolders;
+  if (!knownPlaces().areKept) folders.clear();
+  const auto known = folders.find(native);
+  if (known != folders.end()) return known->second;
+  const std::optional<std::string> real = realPath(native);
+  if (real) folders.emplace(native, *real);
+  return real;
+}
+
+/// The real path of what lies in a folder: the folder's own and the name, unless it is a link.
+std::optional<std::string> realEntry(const std::string& native) {
+  struct stat status = {};
+  if (::lstat(native.c_str(), &status) != 0) return std::nullopt;
+  const std::size_t end = native.rfind('/');
+  if (S_ISLNK(status.st_mode) || end == std::string::npos || end == 0) return realPath(native);
+  const std::optional<std::string> folder = realFolder(native.substr(0, end));
+  if (!folder) return std::nullopt;
+  return *folder + native.substr(end);
 }
 
 bool liesBelow(const std::string& real, const std::optional<std::string>& folder) {
@@ -105,14 +156,18 @@ Location locate(const std::string& path) {
 
   // The user's own folders lead to a share, and may do so through links; what lies in the share
   // is written by others.
-  const std::optional<std::string> real = realPath(*native);
+  const std::optional<std::string> real = realEntry(*native);
   if (!real) return {std::move(*native), 0};
   const std::string& root = environment().shareRoot;
-  if (!liesBelow(*real, realPath(shareFolder(*native, root))) &&
-      !liesBelow(*real, realPath(root))) {
+  if (!liesBelow(*real, realFolder(shareFolder(*native, root))) &&
+      !liesBelow(*real, realFolder(root))) {
     return {{}, kPermissionDenied};
   }
   return {*real, 0};
+}
+
+void keepPlaces(bool keep) {
+  knownPlaces() = {.areKept = keep, .listings = {}, .realFolders = {}};
 }
 
 }  // namespace dg

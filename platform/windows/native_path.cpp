@@ -1,5 +1,6 @@
 #include "platform/environment.h"
 #include "platform/share_path.h"
+#include "platform/system_file.h"
 
 namespace dg {
 
@@ -20,5 +21,8 @@ std::optional<std::string> nativePath(const std::string& path) {
   }
   return path;
 }
+
+/// The system looks names up itself, without regard to case.
+void keepPlaces(bool /*keep*/) {}
 
 }  // namespace dg

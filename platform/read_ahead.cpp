@@ -1,0 +1,236 @@
+#include "platform/read_ahead.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <list>
+#include <map>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "platform/read_ahead_file.h"
+#include "platform/run_time_error.h"
+#include "platform/system_file.h"
+
+namespace dg {
+
+namespace {
+
+using namespace read_ahead;
+
+constexpr std::int64_t kExtent = kExtentSize;
+constexpr std::size_t kLongestRunExtents = kLongestRun / kExtentSize;
+
+class KeptFile;
+
+/// Extents that one read fetched, one behind the other.
+struct Run {
+  KeptFile* file = nullptr;
+  std::int64_t firstExtent = 0;
+  std::size_t extents = 0;
+  std::unique_ptr<char[]> bytes;
+  std::size_t length = 0;  ///< of bytes: less than the extents' when the file ends there
+
+  std::int64_t begin() const { return firstExtent * kExtent; }
+  /// Bytes there are from a position within the extents on.
+  std::size_t lengthFrom(std::int64_t position) const {
+    return length - std::min(length, static_cast<std::size_t>(position - begin()));
+  }
+  bool isCutShort() const { return length < extents * kExtentSize; }
+};
+
+/// The one used last in front.
+using RunList = std::list<Run>;
+
+/// What is known of one path.
+class KeptFile {
+ public:
+  std::unordered_map<std::int64_t, RunList::iterator> runs;  ///< by the number of each extent
+  std::unordered_set<std::int64_t> unreadable;               ///< extents that are read as asked
+};
+
+/// All that a scope keeps.
+class Keeper {
+ public:
+  explicit Keeper(std::uint64_t id) : id_(id) {}
+
+  /// Tells one scope's keeper from the next.
+  std::uint64_t id() const { return id_; }
+  KeptFile& keptFile(const std::string& path) { return files_[path]; }
+
+  std::size_t read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
+                   std::size_t count);
+  void forgetAll();
+
+ private:
+  const Run* find(KeptFile& kept, std::int64_t extent);
+  const Run* fetch(KeptFile& kept, File& file, std::int64_t extent);
+  static std::size_t runLength(const KeptFile& kept, std::int64_t extent);
+  void makeRoom(std::size_t size);
+
+  std::uint64_t id_;
+  std::map<std::string, KeptFile> files_;
+  RunList runs_;
+  std::size_t keptBytes_ = 0;
+};
+
+std::size_t Keeper::read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
+                         std::size_t count) {
+  std::size_t done = 0;
+  while (done < count) {
+    const std::int64_t position = offset + static_cast<std::int64_t>(done);
+    const std::int64_t extent = position / kExtent;
+
+    const Run* run = find(kept, extent);
+    const bool isKnown = run != nullptr;
+    if (!isKnown) run = fetch(kept, file, extent);
+    const std::size_t there = run == nullptr ? 0 : run->lengthFrom(position);
+    // The end that the file had when the run was fetched need not be its end now.
+    if (run == nullptr || (isKnown && there == 0)) {
+      return done + file.read(position, buffer + done, count - done);
+    }
+    const std::size_t wanted = std::min(count - done, there);
+    std::copy_n(run->bytes.get() + (position - run->begin()), wanted, buffer + done);
+    done += wanted;
+    if (wanted == there && run->isCutShort()) break;
+  }
+  return done;
+}
+
+const Run* Keeper::find(KeptFile& kept, std::int64_t extent) {
+  const auto found = kept.runs.find(extent);
+  if (found == kept.runs.end()) return nullptr;
+  runs_.splice(runs_.begin(), runs_, found->second);
+  return &*found->second;
+}
+
+/// Extents that the next read fetches: one, or twice those of the run that it goes on from, up to
+/// the next one that is kept.
+std::size_t Keeper::runLength(const KeptFile& kept, std::int64_t extent) {
+  const auto before = kept.runs.find(extent - 1);
+  if (before == kept.runs.end()) return 1;
+  const std::size_t most = std::min(2 * before->second->extents, kLongestRunExtents);
+  std::size_t length = 1;
+  while (length < most && !kept.runs.contains(extent + static_cast<std::int64_t>(length)))
+    ++length;
+  return length;
+}
+
+const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
+  if (kept.unreadable.contains(extent)) return nullptr;
+
+  Run run;
+  run.file = &kept;
+  run.firstExtent = extent;
+  run.extents = runLength(kept, extent);
+  const std::size_t size = run.extents * kExtentSize;
+  makeRoom(size);
+  run.bytes = std::make_unique_for_overwrite<char[]>(size);
+  try {
+    run.length = file.read(run.begin(), run.bytes.get(), size);
+  } catch (const RunTimeError&) {
+    kept.unreadable.insert(extent);
+    return nullptr;
+  }
+  if (run.isCutShort()) {
+    // Stores have many small files: keep what there is, not its extent.
+    auto exact = std::make_unique_for_overwrite<char[]>(run.length);
+    std::copy_n(run.bytes.get(), run.length, exact.get());
+    run.bytes = std::move(exact);
+  }
+
+  runs_.push_front(std::move(run));
+  const RunList::iterator added = runs_.begin();
+  keptBytes_ += added->length;
+  for (std::size_t i = 0; i < added->extents; ++i)
+    kept.runs[extent + static_cast<std::int64_t>(i)] = added;
+  return &*added;
+}
+
+void Keeper::makeRoom(std::size_t size) {
+  while (!runs_.empty() && keptBytes_ + size > kMostKept) {
+    const Run& oldest = runs_.back();
+    for (std::size_t i = 0; i < oldest.extents; ++i)
+      oldest.file->runs.erase(oldest.firstExtent + static_cast<std::int64_t>(i));
+    keptBytes_ -= oldest.length;
+    runs_.pop_back();
+  }
+}
+
+void Keeper::forgetAll() {
+  for (auto& [path, file] : files_)
+    file = {};
+  runs_.clear();
+  keptBytes_ = 0;
+}
+
+/// The keeper of the scope in force; empty when there is none.
+std::unique_ptr<Keeper>& keeper() {
+  static std::unique_ptr<Keeper> current;
+  return current;
+}
+
+bool enabled = true;
+
+class ReadAheadFile final : public File {
+ public:
+  ReadAheadFile(std::unique_ptr<File> file, std::string path)
+      : file_(std::move(file)), path_(std::move(path)) {}
+
+  std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
+    Keeper* const current = keeper().get();
+    const bool isInRange =
+        offset >= 0 && std::cmp_less_equal(count, std::numeric_limits<std::int64_t>::max() -
+                                                      offset - std::int64_t{kLongestRun});
+    if (current == nullptr || !isInRange) return file_->read(offset, buffer, count);
+    if (keeperId_ != current->id()) {
+      kept_ = &current->keptFile(path_);
+      keeperId_ = current->id();
+    }
+    return current->read(*kept_, *file_, offset, buffer, count);
+  }
+
+  void write(std::int64_t offset, std::string_view data) override {
+    // Other paths may lead to the same file.
+    forgetKeptBytes();
+    file_->write(offset, data);
+  }
+
+  std::int64_t size() override { return file_->size(); }
+
+ private:
+  std::unique_ptr<File> file_;
+  std::string path_;
+  KeptFile* kept_ = nullptr;  ///< of the keeper with keeperId_
+  std::uint64_t keeperId_ = 0;
+};
+
+}  // namespace
+
+ReadAheadScope::ReadAheadScope() : isOutermost_(enabled && !keeper()) {
+  static std::uint64_t lastId = 0;
+  if (!isOutermost_) return;
+  keeper() = std::make_unique<Keeper>(++lastId);
+  keepPlaces(true);
+}
+
+ReadAheadScope::~ReadAheadScope() {
+  if (!isOutermost_) return;
+  keepPlaces(false);
+  keeper().reset();
+}
+
+bool setReadAheadEnabled(bool newSetting) {
+  return std::exchange(enabled, newSetting);
+}
+
+std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path) {
+  return std::make_unique<ReadAheadFile>(std::move(file), std::move(path));
+}
+
+void forgetKeptBytes() {
+  if (keeper()) keeper()->forgetAll();
+}
+
+}  // namespace dg

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+
+namespace dg {
+
+/// Keeps what files read, for the span of one load or refresh.
+///
+/// A load asks for thousands of records and blocks of some hundred bytes, many of them again and
+/// again, and on a share that other programs write to each read is a round trip. While a scope
+/// lives, every file opened through fileSystem() fetches whole extents instead, longer runs of them
+/// where a reader goes straight on, and answers later reads from what it has. All openings of one
+/// path share what is kept, also one after the other.
+///
+/// A byte that was fetched stays as it was, whatever happens to the file meanwhile; the end of the
+/// scope forgets all, so that nothing stays from one refresh to the next. What cannot be fetched as
+/// an extent is read exactly as asked: a damaged place fails only those who read it. Reads that
+/// begin beyond the end that a file had go to the file: it may have grown.
+///
+/// So do the folders of the share where they are looked through for names of other case: their
+/// entries and links count as they were first seen.
+///
+/// A scope inside another does nothing. For the one thread that reads files.
+class ReadAheadScope {
+ public:
+  ReadAheadScope();
+  ~ReadAheadScope();
+  ReadAheadScope(const ReadAheadScope&) = delete;
+  ReadAheadScope& operator=(const ReadAheadScope&) = delete;
+
+ private:
+  bool isOutermost_;
+};
+
+namespace read_ahead {
+/// Unit of what is fetched and kept: extents begin at its multiples.
+inline constexpr std::size_t kExtentSize = std::size_t{64} << 10;
+/// The longest run that one read fetches.
+inline constexpr std::size_t kLongestRun = std::size_t{1} << 20;
+/// Bound of what a scope keeps, over all files; what was used longest ago goes first.
+inline constexpr std::size_t kMostKept = std::size_t{64} << 20;
+}  // namespace read_ahead
+
+/// Whether scopes that begin from now on do anything; returns the former setting. For benchmarks
+/// and tests that compare.
+bool setReadAheadEnabled(bool enabled);
+
+}  // namespace dg
