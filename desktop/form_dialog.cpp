@@ -45,8 +45,7 @@ void addMoveArrows(const FormView& view) {
     auto* button = qobject_cast<QPushButton*>(view.widgetOf(elementName("cmdMove", index)));
     if (button == nullptr) continue;
     const bool right = index < 2;
-    button->setIcon(
-        button->style()->standardIcon(right ? QStyle::SP_ArrowRight : QStyle::SP_ArrowLeft));
+    button->setIcon(arrow(right, button->palette()));
     button->setAccessibleName(right ? FormDialog::tr("%1 to the right").arg(button->text())
                                     : FormDialog::tr("%1 to the left").arg(button->text()));
   }
