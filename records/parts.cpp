@@ -43,22 +43,13 @@ void writePartWithDashes(const clsParts& part, std::string& record) {
 }
 
 /// The substitute is decoded over 142 bytes, not 14: a decoded text runs to the record's end, so
-/// its mask is taken from far behind the field. The suite's own programs do the same.
+/// its mask is taken from far behind the field. The suite's own programs do the same. Nothing of it
+/// is written back: the number is Sub_Part_Number's, and the rest belongs to other members.
 constexpr int kSubPartReadWidth = 142;
 
 void readSubPartWithDashes(clsParts& part, const std::string& record) {
   part.Sub_Part_w_Dash = withDashes(record, 129, kSubPartReadWidth);
 }
-/// Only the field itself is written: the rest of what was decoded belongs to other members.
-void writeSubPartWithDashes(const clsParts& part, std::string& record) {
-  std::string number = part.Sub_Part_w_Dash;
-  std::string mask;
-  StripDashes(number, mask);
-  number.resize(15, ' ');
-  mask.resize(kMaskCharacters, ' ');
-  putTextField(record, 129, 12, packText(number + mask), '\0');
-}
-
 /// Six one-character codes stand in one packed text from position 21 on.
 constexpr int kCodesPosition = 21;
 constexpr int kCodesReadWidth = 24;
@@ -165,7 +156,7 @@ constexpr Field<clsParts> kFields[] = {
     integer(125, 'J', DG_MEMBER(MTD_Demand_2_back)),
     integer(127, 'J', DG_MEMBER(MTD_Demand_1_back)),
     packedText(129, 10, DG_MEMBER(Sub_Part_Number)),
-    rule<clsParts>(&readSubPartWithDashes, &writeSubPartWithDashes, DG_MEMBER(Sub_Part_w_Dash)),
+    rule<clsParts>(&readSubPartWithDashes, nullptr, DG_MEMBER(Sub_Part_w_Dash)),
     rawText(141, 6, DG_MEMBER(Last_Tran_Codes)),
     rule<clsParts>(&blankTransactionCodes, nullptr),
     scaled(148, 'D', 10, DG_MEMBER(Quantity_Alloc)),

@@ -62,6 +62,13 @@ std::string codes(Random& random) {
   return text;
 }
 
+/// A mask whose last dash still stands before a character of the number.
+std::string_view dashMask(Random& random, std::string_view number) {
+  const std::string_view mask = random.pick(kDashMasks);
+  const auto lastPlace = static_cast<std::size_t>(mask.back() - '0');
+  return lastPlace < number.size() + mask.size() ? mask : "3";
+}
+
 /// What stands on the shelf, is on order and is owed to customers.
 void putQuantities(RecordWriter& record, Random& random) {
   const std::int32_t onHand = random.chance(5) ? -random.between(1, 40) : random.between(0, 400);
@@ -122,7 +129,7 @@ std::string partRecord(Random& random, const SampleOptions& options, const Sampl
     if (random.chance(10)) record.bit(89, 'B', flag);
   }
   record.raw(95, 3, partNumber(random, 3)).packed(129, 10, substitute);
-  if (!substitute.empty()) record.packed(139, 2, random.pick(kDashMasks));
+  if (!substitute.empty()) record.packed(139, 2, dashMask(random, substitute));
   record.packed(179, 14, partDescription(random))
       .integer(267, 'C', random.between(0, 30))
       .integer(269, 'C', random.between(0, 20))
@@ -152,7 +159,7 @@ void addParts(StoreBuilder& builder, Random& random, const SampleOptions& option
     SamplePart part{.lineCode = random.pick(world.lines).alpha, .number = {}};
     part.number = freeNumber(random, part.lineCode, taken);
     part.cost = cost(random, i);
-    const std::string_view dashes = random.chance(30) ? random.pick(kDashMasks) : "";
+    const std::string_view dashes = random.chance(30) ? dashMask(random, part.number) : "";
     const bool replaced = !world.parts.empty() && random.chance(15);
     const std::string substitute = replaced ? random.pick(world.parts).number : "";
     part.record =
