@@ -18,22 +18,11 @@
 namespace dg {
 namespace {
 
+using test::dollars;
 using test::RawStore;
 using test::signedAt;
 using test::unsignedAt;
 using testing::IsEmpty;
-
-/// Hundredths as a recap shows them: "$1,234.50", "-$.05".
-std::string dollars(std::int64_t cents) {
-  const std::int64_t whole = std::abs(cents) / 100;
-  std::string text = whole == 0 ? "" : std::to_string(whole);
-  for (std::size_t at = text.size(); at > 3;) {
-    at -= 3;
-    text.insert(at, ",");
-  }
-  const std::string rest = std::to_string(std::abs(cents) % 100);
-  return std::string(cents < 0 ? "-" : "") + "$" + text + "." + (rest.size() < 2 ? "0" : "") + rest;
-}
 
 constexpr std::size_t kBlock = 512;
 

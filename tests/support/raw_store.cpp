@@ -1,6 +1,6 @@
 #include "tests/support/raw_store.h"
 
-#include <stdexcept>
+#include <cstdlib>
 
 namespace dg::test {
 
@@ -32,13 +32,11 @@ std::int64_t signedAt(const std::string& bytes, std::size_t position, std::size_
 }
 
 RawStore::RawStore(const std::vector<SampleFile>& files) {
-  std::map<std::string, std::string> contents;
   for (const SampleFile& file : files)
-    contents[fileName(file.path)] = file.content;
-  controlFile_ = contents.at("FILE0");
-  for (const auto& [name, directory] : contents) {
+    contents_[fileName(file.path)] = file.content;
+  for (const auto& [name, directory] : contents_) {
     if (!name.ends_with("LK")) continue;
-    const std::string& data = contents.at(name.substr(0, name.size() - 2) + "DB");
+    const std::string& data = contents_.at(name.substr(0, name.size() - 2) + "DB");
     for (std::size_t at = 0; at < directory.size(); at += kEntry) {
       const std::string entry = directory.substr(at, kEntry);
       const std::string file = entry.substr(0, entry.find('\0'));
@@ -49,6 +47,12 @@ RawStore::RawStore(const std::vector<SampleFile>& files) {
                       .lastRecord = static_cast<std::int32_t>(signedAt(entry, 17, 4))};
     }
   }
+}
+
+const std::string& RawStore::file(const std::string& name) const {
+  static const std::string none;
+  const auto found = contents_.find(name);
+  return found == contents_.end() ? none : found->second;
 }
 
 std::string RawStore::record(const std::string& name, std::int32_t number) const {
@@ -84,6 +88,16 @@ std::vector<std::pair<std::string, std::int32_t>> RawStore::entries(
     if (next == kLastLeaf) return found;
     node = block(next);
   }
+}
+
+std::string dollars(std::int64_t cents, bool leadingZero) {
+  const std::int64_t amount = std::abs(cents);
+  std::string whole = std::to_string(amount / 100);
+  if (whole == "0" && !leadingZero) whole.clear();
+  for (std::size_t end = whole.size(); end > 3; end -= 3)
+    whole.insert(end - 3, ",");
+  const std::string rest = std::to_string(100 + amount % 100).substr(1);
+  return (cents < 0 ? "-$" : "$") + whole + "." + rest;
 }
 
 }  // namespace dg::test

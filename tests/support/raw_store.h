@@ -20,7 +20,10 @@ class RawStore {
   std::int32_t lastRecord(const std::string& name) const { return files_.at(name).lastRecord; }
   /// The entries of an index from its first leaf to its last: key and record.
   std::vector<std::pair<std::string, std::int32_t>> entries(const std::string& index) const;
-  const std::string& controlFile() const { return controlFile_; }
+  const std::string& controlFile() const { return file("FILE0"); }
+  /// A plain file by its name, or a data file; empty when it is not there.
+  const std::string& file(const std::string& name) const;
+  bool has(const std::string& name) const { return contents_.contains(name); }
 
  private:
   struct LogicalFile {
@@ -28,12 +31,16 @@ class RawStore {
     std::int32_t length = 0;
     std::int32_t lastRecord = 0;
   };
+  std::map<std::string, std::string> contents_;  // of all files, by name
   std::map<std::string, LogicalFile> files_;
-  std::string controlFile_;
 };
 
 /// A big-endian number of `width` bytes at a 1-based position.
 std::int64_t unsignedAt(const std::string& bytes, std::size_t position, std::size_t width);
 std::int64_t signedAt(const std::string& bytes, std::size_t position, std::size_t width);
+
+/// Hundredths as the program shows dollars: "$1,234.50", "-$.05", and "$0.05" where a mask has a
+/// zero before the point.
+std::string dollars(std::int64_t cents, bool leadingZero = false);
 
 }  // namespace dg::test
