@@ -131,6 +131,7 @@ void GridView::sortByCurrentColumn() {
 
 void GridView::showSortArrow() {
   int column = grid_.sortedColumn();
+  // Where a hidden key is sorted by, the arrow stands over the column that it belongs to.
   if (column >= 0 && column < grid_.Cols() && isColumnHidden(column)) {
     const std::string& seen = grid_.columns()[static_cast<std::size_t>(column)].keyOf;
     column = seen.empty() ? -1 : grid_.columnIndex(seen);

@@ -96,10 +96,11 @@ void sortByHead(Grid& grid, int clicked, std::span<const HeadSort> table) {
   if (entry.column.empty()) return;
 
   std::int16_t textFlag = entry.text ? kTrue : kFalse;
-  SortGrid(grid, grid.Rows(), grid.Cols(), grid.columnIndex(entry.column), gSortDirection,
-           textFlag);
+  const int column = grid.columnIndex(entry.column);
+  SortGrid(grid, grid.Rows(), grid.Cols(), column, gSortDirection, textFlag);
   grid.MoveFirst();
-  grid.markSorted(clicked, grid.Cols() > 1 && gSortDirection == kDescending);
+  // Not always the clicked one: some tables stand out of step with their grid.
+  grid.markSorted(column, grid.Cols() > 1 && gSortDirection == kDescending);
 }
 
 }  // namespace dg

@@ -28,9 +28,9 @@ struct HeadSort {
 };
 
 /// The column-head click of every grid: flips gSortDirection, sorts by the entry of the clicked
-/// index in `table`, moves to the first row and marks the clicked head. An index beyond the table
-/// and an entry without a column only flip the direction. Raises as SortGrid, and 9 for a column
-/// that the grid does not have; the direction is flipped by then.
+/// index in `table`, moves to the first row and marks the column sorted by. An index beyond the
+/// table and an entry without a column only flip the direction. Raises as SortGrid, and 9 for a
+/// column that the grid does not have; the direction is flipped by then.
 void sortByHead(Grid& grid, int clicked, std::span<const HeadSort> table);
 
 }  // namespace dg

@@ -26,7 +26,11 @@ constexpr ColumnSpec kColumns[] = {
     {.name = "Vendor Name"},
     {.name = "Date", .kind = ColumnKind::kDate},
     {.name = "Total", .kind = ColumnKind::kMoney},
-    {.name = "ndate", .caption = "jdate", .kind = ColumnKind::kNumber, .hidden = true},
+    {.name = "ndate",
+     .caption = "jdate",
+     .kind = ColumnKind::kNumber,
+     .hidden = true,
+     .keyOf = "Date"},
 };
 
 constexpr HeadSort kHeadSorts[] = {

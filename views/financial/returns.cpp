@@ -26,7 +26,7 @@ constexpr ColumnSpec kColumns[] = {
     {.name = "Vendor Name"},
     {.name = "Date", .kind = ColumnKind::kDate},
     {.name = "Total", .kind = ColumnKind::kMoney},
-    {.name = "ndate", .kind = ColumnKind::kNumber, .hidden = true},
+    {.name = "ndate", .kind = ColumnKind::kNumber, .hidden = true, .keyOf = "Date"},
 };
 
 // "Date" sorts by "ndate", which nothing fills here: with two rows or more the sort ends in a type

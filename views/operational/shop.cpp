@@ -60,8 +60,12 @@ constexpr ColumnSpec kColumns[] = {
     {.name = "Sub-Total", .kind = ColumnKind::kMoney},
     {.name = "Warranty"},
     {.name = "Brand"},
-    {.name = "ndateIn", .caption = "ndate", .kind = ColumnKind::kNumber, .hidden = true},
-    {.name = "ndateComp", .kind = ColumnKind::kNumber, .hidden = true},
+    {.name = "ndateIn",
+     .caption = "ndate",
+     .kind = ColumnKind::kNumber,
+     .hidden = true,
+     .keyOf = "Date In"},
+    {.name = "ndateComp", .kind = ColumnKind::kNumber, .hidden = true, .keyOf = "Date Comp"},
 };
 
 // Made before the column "Request" stood at index 3: from there on a click sorts by the column to

@@ -45,7 +45,8 @@ constexpr ColumnSpec kDistributor = {
     .name = "Distributor", .caption = "Dist", .kind = ColumnKind::kNumber};
 constexpr ColumnSpec kParts = {.name = "Parts", .kind = ColumnKind::kMoney};
 constexpr ColumnSpec kLabor = {.name = "Labor", .kind = ColumnKind::kMoney};
-constexpr ColumnSpec kDayNumber = {.name = "ndate", .kind = ColumnKind::kNumber, .hidden = true};
+constexpr ColumnSpec kDayNumber = {
+    .name = "ndate", .kind = ColumnKind::kNumber, .hidden = true, .keyOf = "Date Billed"};
 
 constexpr ColumnSpec kClaimColumns[] = {
     kShopReference, kInvoice,     kCustomer, {.name = "Name"}, {.name = "Brand/Type"},
