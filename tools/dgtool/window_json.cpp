@@ -23,25 +23,28 @@ Json gridJson(const Grid& grid) {
   return {{"columns", std::move(columns)}, {"rows", std::move(rows)}};
 }
 
-/// nlohmann escapes the control characters below 32; those from 127 to 159 are legal in JSON but
-/// not harmless on a terminal. They can stand inside texts only.
-std::string withEscapedControls(const std::string& document) {
-  std::string result;
-  result.reserve(document.size());
+/// Writes a document with all control characters as escapes. nlohmann escapes those below 32; those
+/// from 127 to 159 are legal in JSON but not harmless on a terminal. They can stand inside texts
+/// only.
+void writeEscaped(std::ostream& out, std::string_view document) {
   constexpr char kHex[] = "0123456789abcdef";
+  std::size_t written = 0;
   for (std::size_t i = 0; i < document.size(); ++i) {
     const auto byte = static_cast<unsigned char>(document[i]);
-    const auto next = i + 1 < document.size() ? static_cast<unsigned char>(document[i + 1]) : '\0';
-    if (byte == 0x7F) {
-      result += "\\u007f";
-    } else if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) {
-      result += std::string("\\u00") + kHex[next >> 4] + kHex[next & 15];
-      ++i;
-    } else {
-      result += document[i];
+    if (byte != 0x7F && byte != 0xC2) continue;
+    std::size_t length = 1;
+    unsigned char control = byte;
+    if (byte == 0xC2 && i + 1 < document.size()) {
+      control = static_cast<unsigned char>(document[i + 1]);
+      length = 2;
     }
+    if (control < 0x7F || control > 0x9F) continue;
+    out << document.substr(written, i - written) << "\\u00" << kHex[control >> 4]
+        << kHex[control & 15];
+    i += length - 1;
+    written = i + 1;
   }
-  return result;
+  out << document.substr(written);
 }
 
 }  // namespace
@@ -78,8 +81,8 @@ Json windowJson(const Form& form) {
 
 void writeJson(std::ostream& out, const Json& document) {
   constexpr int kIndent = 2;
-  out << withEscapedControls(document.dump(kIndent, ' ', false, Json::error_handler_t::replace))
-      << '\n';
+  writeEscaped(out, document.dump(kIndent, ' ', false, Json::error_handler_t::replace));
+  out << '\n';
 }
 
 }  // namespace dg
