@@ -30,9 +30,7 @@ std::string catalogPath() {
 
 }  // namespace
 
-void ReadCatalogConfiguration() {
-  // An engine of an earlier run would drop the new state at its end.
-  SharedEngine.reset();
+bool readCatalogFile() {
   EpcInfo = std::make_shared<cEpcInfo>();
   SystemInfo = std::make_shared<cSystem>();
 
@@ -40,7 +38,7 @@ void ReadCatalogConfiguration() {
   if (!fileSystem().fileExists(path)) {
     MsgBox("You are missing file: " + path + "    Are you running Velmora Workstation?",
            kSystemModal, "EpcError");
-    return;
+    return false;
   }
   const auto value = [&path](const char* key) {
     return GetPrivateProfileString(kSection, key, kValueBuffer, path);
@@ -55,6 +53,13 @@ void ReadCatalogConfiguration() {
 
   SystemInfo->mUNCDrive = EpcInfo->Server;
   SystemInfo->mDirectory = EpcInfo->Directory;
+  return true;
+}
+
+void ReadCatalogConfiguration() {
+  // An engine of an earlier run would drop the new state at its end.
+  SharedEngine.reset();
+  if (!readCatalogFile()) return;
   try {
     SharedEngine = std::make_shared<cBusinessBasic>();
   } catch (const RunTimeError&) {

@@ -8,6 +8,7 @@ _dgtool_options() {
     'inspect files') echo "--json $store" ;;
     'inspect keys') echo "--find --last --reverse --limit --json $store" ;;
     'inspect record') echo "--as --hex --json $store" ;;
+    check) echo "--quick --json --limit $store" ;;
     sample) echo '--seed --scale --as-of --warranty-segments' ;;
   esac
   echo '--help --version'
@@ -15,7 +16,7 @@ _dgtool_options() {
 
 _dgtool_commands() {
   case $1 in
-    '') echo 'report inspect sample' ;;
+    '') echo 'report inspect check sample' ;;
     inspect) echo 'files keys record' ;;
   esac
 }
@@ -31,7 +32,7 @@ _dgtool() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     word=${COMP_WORDS[i]}
     case "$command $word" in
-      ' report' | ' inspect' | ' sample') command=$word ;;
+      ' report' | ' inspect' | ' check' | ' sample') command=$word ;;
       'inspect files' | 'inspect keys' | 'inspect record') command="inspect $word" ;;
     esac
   done

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/run_time_error.h"
+#include "tools/dgtool/check_command.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/options.h"
 #include "tools/dgtool/report.h"
@@ -133,6 +134,16 @@ void addRecord(CLI::App& app, InspectOptions& options) {
   app.add_flag("--hex", options.hex, "Show the bytes as well as the members");
 }
 
+void addCheck(CLI::App& app, CheckCommandOptions& options) {
+  app.add_flag("--quick", options.quick,
+               "Examine the structures only: links, directories, record zeros, indexes");
+  app.add_flag("--json", options.json, "Write one JSON document");
+  app.add_option("--limit", options.limit, "Show at most this many findings of each file")
+      ->type_name("N")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 10'000));
+}
+
 void addSample(CLI::App& app, SampleCommandOptions& options) {
   app.add_option("DIR", options.folder, "Folder of the store; one that stands there is replaced")
       ->required();
@@ -170,6 +181,11 @@ class CommandLine {
     addInspect(inspect, "files", "List the logical files", {}, &inspectFiles);
     addInspect(inspect, "keys", "Walk or search a keyed index", &addKeys, &inspectKeys);
     addInspect(inspect, "record", "Show one record", &addRecord, &inspectRecord);
+
+    CLI::App& check = addCommand(app_, "check", "Examine a store's files for damage");
+    addCheck(check, check_);
+    addStoreOptions(check, check_.store);
+    on(check, [this](const Console& console) { return runCheck(check_, console); });
 
     CLI::App& sample = addCommand(app_, "sample", "Write a complete example store");
     addSample(sample, sample_);
@@ -227,6 +243,7 @@ class CommandLine {
   std::vector<std::pair<CLI::App*, Command>> commands_;
   ReportOptions report_;
   InspectOptions inspect_;
+  CheckCommandOptions check_;
   SampleCommandOptions sample_;
 };
 

@@ -55,6 +55,13 @@ struct InspectOptions {
   bool hex = false;         ///< record: the bytes as well
 };
 
+struct CheckCommandOptions {
+  StoreOptions store;
+  bool quick = false;
+  bool json = false;
+  int limit = 20;  ///< findings shown of each file
+};
+
 struct SampleCommandOptions {
   std::string folder;
   std::uint64_t seed = 1;

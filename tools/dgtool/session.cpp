@@ -6,6 +6,8 @@
 #include "engine/catalog_configuration.h"
 #include "engine/state.h"
 #include "platform/clock.h"
+#include "platform/environment.h"
+#include "platform/file.h"
 #include "records/failure_log.h"
 #include "shell/main.h"
 #include "shell/sort_grid.h"
@@ -74,12 +76,19 @@ void Session::openEngine() {
   throw UsageError("the store cannot be reached");
 }
 
+void Session::locateStore() {
+  const bool found = readCatalogFile() && !SystemInfo->mDirectory.empty() &&
+                     shareIsReachable("\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\") &&
+                     fileSystem().directoryExists(SystemInfo->VLMRLNK());
+  if (found) return;
+  complain();
+  throw UsageError("the store cannot be reached");
+}
+
 frmTRVN& Session::load(const ViewCatalogue& catalogue, const std::vector<std::string>& views) {
   if (console_.errIsTerminal) {
-    progress_ = splash().lblProgress.refreshed.connect([this] {
-      clearProgress();
-      console_.err << terminalText(splash().lblProgress.caption()) << std::flush;
-    });
+    progress_ = splash().lblProgress.refreshed.connect(
+        [this] { showProgress(splash().lblProgress.caption()); });
   }
   main_ = startProgram(catalogue, views);
   clearProgress();
@@ -101,6 +110,12 @@ void Session::complain() const {
   }
   for (const std::string& line : failures_)
     console_.complain(std::string_view(line).substr(1));
+}
+
+void Session::showProgress(std::string_view text) const {
+  if (!console_.errIsTerminal) return;
+  clearProgress();
+  console_.err << terminalText(text) << std::flush;
 }
 
 void Session::clearProgress() const {

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "forms/signal.h"
@@ -28,6 +29,11 @@ class Session {
   /// cannot be reached.
   void openEngine();
 
+  /// Finds the store without an engine, for a command that wants it however damaged it is:
+  /// SystemInfo then names server and directory. Raises UsageError when the share or the store's
+  /// directory cannot be reached.
+  void locateStore();
+
   /// Loads the main window with these views, all when empty, as the start of the desktop program
   /// does after its launch check.
   frmTRVN& load(const ViewCatalogue& catalogue, const std::vector<std::string>& views);
@@ -46,9 +52,12 @@ class Session {
   /// Writes messages and failures to the console's error stream.
   void complain() const;
 
- private:
+  /// Shows what is done now in place of what was shown before, when the error stream is a terminal.
+  void showProgress(std::string_view text) const;
+  /// Takes it away again.
   void clearProgress() const;
 
+ private:
   const Console& console_;
   Environment formerEnvironment_;
   MessageBoxHandler formerHandler_;

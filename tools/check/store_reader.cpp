@@ -1,0 +1,181 @@
+#include "tools/check/store_reader.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "engine/text_utilities.h"
+#include "platform/environment.h"
+#include "platform/file.h"
+#include "platform/run_time_error.h"
+#include "platform/share_path.h"
+#include "platform/text.h"
+#include "tools/check/catalogue.h"
+
+namespace dg::check {
+
+namespace {
+
+// More than any share has: what goes beyond is damage, and must not cost time or memory.
+constexpr std::int64_t kMostLinks = 65'536;
+constexpr std::size_t kMostDirectories = 128;
+constexpr std::int64_t kMostDirectoryEntries = 4'096;
+
+constexpr std::size_t kLinkNamePosition = 2;
+constexpr std::size_t kResolutionNamePosition = 82;
+constexpr std::size_t kLinkNameWidth = 79;
+
+/// The data file stands beside its directory file under the same stem.
+std::string dataFileOf(const std::string& directoryFile) {
+  constexpr std::size_t kEndingWidth = 2;
+  if (directoryFile.size() < kEndingWidth) return {};
+  return directoryFile.substr(0, directoryFile.size() - kEndingWidth) + "DB";
+}
+
+}  // namespace
+
+StoreReader::StoreReader(std::string server, std::string directory)
+    : server_(std::move(server)), directory_(std::move(directory)) {
+  readLinks();
+  for (const LinkEntry& link : links_) {
+    if (!isOfThisStore(link) || link.repeated || findDirectory(link.resolution) != nullptr)
+      continue;
+    if (directories_.size() == kMostDirectories) {
+      tooManyDirectories_ = true;
+      break;
+    }
+    readDirectory(pathOf(link.resolution));
+  }
+  collectFiles();
+}
+
+std::string StoreReader::sharePath(std::string_view path) const {
+  return "\\\\" + server_ + "\\VLMRLNK\\" + std::string(path);
+}
+
+std::string StoreReader::storePath(std::string_view name) const {
+  return sharePath(physicalName(name));
+}
+
+bool StoreReader::isOfThisStore(const LinkEntry& link) const {
+  const std::string prefix = ":" + directory_ + ":";
+  return link.link.size() > prefix.size() &&
+         equalIgnoringCase(link.link.substr(0, prefix.size()), prefix);
+}
+
+std::string_view StoreReader::shortName(const LinkEntry& link) const {
+  const std::string_view name = link.link;
+  return isOfThisStore(link) ? catalogueSpelling(name.substr(directory_.size() + 2)) : name;
+}
+
+Presence StoreReader::open(const std::string& path, const std::string& shown,
+                           std::shared_ptr<StoreFile>& file, std::string& error) const {
+  if (!sharePathNames(path)) return Presence::kOutside;
+  try {
+    if (!fileSystem().fileExists(path)) return Presence::kMissing;
+    file = std::make_shared<StoreFile>(shown, fileSystem().open(path, FileAccess::kRead));
+    return Presence::kThere;
+  } catch (const RunTimeError& failure) {
+    error = failure.description();
+    return Presence::kUnreadable;
+  }
+}
+
+Presence StoreReader::look(std::string_view resolution) const {
+  std::shared_ptr<StoreFile> file;
+  std::string error;
+  const std::string path = pathOf(resolution);
+  return open(sharePath(path), path, file, error);
+}
+
+/// The path below the link share that a resolution name stands for, in one spelling for all that
+/// lead to the same file, but for upper and lower case.
+std::string StoreReader::pathOf(std::string_view resolution) const {
+  std::string path(resolution);
+  std::replace(path.begin(), path.end(), ':', '\\');
+  const auto names = sharePathNames(sharePath(path));
+  if (!names) return path;
+  path.clear();
+  for (std::size_t i = 2; i < names->size(); ++i)  // server and share stand in front
+    path.append(path.empty() ? "" : "\\").append((*names)[i]);
+  return path;
+}
+
+void StoreReader::readLinks() {
+  std::shared_ptr<StoreFile> table;
+  linkTablePresence_ =
+      open(sharePath(kLinkTableName), std::string(kLinkTableName), table, linkTableError_);
+  if (!table) return;
+  std::set<std::string> known;
+  try {
+    for (std::int64_t number = 0; number * kLinkEntrySize < table->size(); ++number) {
+      if (number == kMostLinks) {
+        linkTableTooLong_ = true;
+        return;
+      }
+      const std::string bytes = table->bytes(number * kLinkEntrySize, kLinkEntrySize);
+      LinkEntry entry{
+          .number = number,
+          .link = Trun(middle(bytes, kLinkNamePosition, kLinkNameWidth), true),
+          .resolution = Trun(middle(bytes, kResolutionNamePosition, kLinkNameWidth), true),
+          .cut = (number + 1) * kLinkEntrySize > table->size()};
+      if (entry.link.empty() && !entry.cut) continue;
+      entry.repeated = !known.insert(upperCase(entry.link)).second;
+      links_.push_back(std::move(entry));
+    }
+  } catch (const RunTimeError& failure) {
+    linkTablePresence_ = Presence::kUnreadable;
+    linkTableError_ = failure.description();
+  }
+}
+
+void StoreReader::readDirectory(const std::string& path) {
+  DirectoryTable table;
+  table.path = path;
+  table.presence = open(sharePath(path), path, table.file, table.error);
+  const std::string dataPath = dataFileOf(path);
+  table.dataPresence = open(sharePath(dataPath), dataPath, table.data, table.dataError);
+  try {
+    for (std::int64_t number = 0; table.file && number < kMostDirectoryEntries &&
+                                  number * DirectoryEntry::kSize < table.file->size();
+         ++number) {
+      table.entries.push_back({.number = number,
+                               .entry = DirectoryEntry::decode(table.file->bytes(
+                                   number * DirectoryEntry::kSize, DirectoryEntry::kSize))});
+    }
+  } catch (const RunTimeError& failure) {
+    table.presence = Presence::kUnreadable;
+    table.error = failure.description();
+  }
+  directories_.push_back(std::move(table));
+}
+
+const DirectoryTable* StoreReader::findDirectory(std::string_view resolution) const {
+  const std::string path = pathOf(resolution);
+  for (const DirectoryTable& table : directories_) {
+    if (equalIgnoringCase(table.path, path)) return &table;
+  }
+  return nullptr;
+}
+
+void StoreReader::collectFiles() {
+  for (const LinkEntry& link : links_) {
+    if (!isOfThisStore(link) || link.repeated) continue;
+    const DirectoryTable* table = findDirectory(link.resolution);
+    if (table == nullptr || !table->data) continue;
+    const std::string name(shortName(link));
+    const auto found = std::find_if(
+        table->entries.begin(), table->entries.end(),
+        [&](const DirectoryTableEntry& entry) { return entry.entry.FileName == name; });
+    if (found == table->entries.end()) continue;
+    filesByName_.emplace(name, files_.size());
+    files_.push_back({.name = name, .entry = found->entry, .data = table->data});
+  }
+}
+
+const LogicalView* StoreReader::find(std::string_view name) const {
+  const auto found = filesByName_.find(name);
+  return found == filesByName_.end() ? nullptr : &files_[found->second];
+}
+
+}  // namespace dg::check
