@@ -48,7 +48,7 @@ TEST(DgtoolCommandLineTest, AWrongCommandLineIsToldAndHasItsOwnStatus) {
     const char* complaint;
   } kCases[] = {
       {{}, "subcommand"},
-      {{"reprot"}, "no command reprot; the commands are report inspect sample"},
+      {{"reprot"}, "no command reprot; the commands are report inspect check sample"},
       {{"inspect"}, "subcommand"},
       {{"report", "--nonsense"}, "--nonsense"},
       {{"report", "frmGLA"}, "frmGLA"},

@@ -24,7 +24,7 @@ inline std::int32_t field(char opcode, std::string_view bytes, std::int32_t posi
   return tryUnpack(opcode, bytes, position).value_or(0);
 }
 
-/// "byte 12 of PARTDB" is what a place tells; this is the byte of a 1-based position within it.
+/// Places count bytes from 0, positions in records and blocks count from 1.
 constexpr std::int64_t within(std::int32_t position) {
   return position - 1;
 }
