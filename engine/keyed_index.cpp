@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "engine/codec.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 #include "platform/checked.h"
 #include "platform/message_box.h"
 #include "platform/run_time_error.h"
@@ -18,16 +18,9 @@ using namespace index_cursor;
 
 /// Bytes of an entry behind its key.
 constexpr std::int32_t kPointerSize = 4;
-/// Node numbers have two bytes: no chain is longer, whatever capacity the directory tells.
-constexpr std::int64_t kMaxBlocks = 65536;
 
 std::int32_t blockOffset(const cLogicalFile& file, std::int32_t block) {
   return checkedMultiply(checkedAdd(file.Position, block), kBlockSize);
-}
-
-std::int32_t chainLimit(const cLogicalFile& file) {
-  return static_cast<std::int32_t>(
-      std::clamp<std::int64_t>(std::int64_t{file.LastRecord} + 1, 1, kMaxBlocks));
 }
 
 std::uint32_t bigEndian16(const char* bytes) {
@@ -191,7 +184,7 @@ void iKFind(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key
   Cursor cursor(LogicalFile, Buff, header.data());
   Key.resize(static_cast<std::size_t>(cursor.keyLength()), '\0');
 
-  StepGuard moves(chainLimit(LogicalFile));
+  WalkGuard moves(LogicalFile);
   std::int32_t level = 0;
   for (std::int32_t node = cursor.rootNode();;) {
     // What stands against a tree that is just being rewritten.
@@ -318,7 +311,7 @@ std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb) {
 
   Cursor cursor(LogicalFile, buff);
   std::int32_t entries = cursor.entryCount();
-  for (StepGuard leaves(chainLimit(LogicalFile)); cursor.nextLeaf() != kNoNextLeaf;) {
+  for (WalkGuard leaves(LogicalFile); cursor.nextLeaf() != kNoNextLeaf;) {
     leaves.step();
     cursor.readNode(cursor.nextLeaf(), Orb);
     entries = checkedAdd(entries, cursor.entryCount());

@@ -10,11 +10,12 @@ namespace dg {
 
 namespace {
 
-/// More entries than this no block can hold: an entry has at least a one-byte key and its pointer.
-constexpr std::int64_t kMaxEntriesPerBlock = 508 / 5;
+// An index block is its count and next leaf, and then entries of a key and a pointer each.
+constexpr std::size_t kEntriesSize = kBlockSize - 4;
+constexpr std::size_t kPointerSize = 4;
 
-std::int64_t entryLimit(const std::shared_ptr<cLogicalFile>& index) {
-  return (std::int64_t{index->LastRecord} + 1) * kMaxEntriesPerBlock;
+std::int64_t entriesPerBlock(std::size_t keyLength) {
+  return static_cast<std::int64_t>(kEntriesSize / (keyLength + kPointerSize)) + 1;
 }
 
 }  // namespace
@@ -34,12 +35,13 @@ std::int32_t findExact(const char* index, std::string key) {
 }
 
 IndexWalk::IndexWalk(const char* index, std::string key)
-    : index_(LogicalFileArgument(index).resolve()),
-      key_(std::move(key)),
-      guard_(entryLimit(index_)) {
+    : index_(LogicalFileArgument(index).resolve()), key_(std::move(key)), guard_(start()) {}
+
+WalkGuard IndexWalk::start() {
   bool orb = true;
   sharedEngine().KFind(index_, cursor_, key_, record_, orb);
   record_ = checkedAbs(record_);
+  return WalkGuard(*index_, entriesPerBlock(key_.size()));
 }
 
 std::int32_t IndexWalk::keyField(char opcode, std::int32_t position) const {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "engine/business_basic.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 
 namespace dg {
 
@@ -34,11 +34,14 @@ class IndexWalk {
   void next();
 
  private:
+  /// Finds the first entry; returns the guard of the walk from there.
+  WalkGuard start();
+
   std::shared_ptr<cLogicalFile> index_;
   std::string cursor_;
   std::string key_;
   std::int32_t record_ = 0;
-  StepGuard guard_;
+  WalkGuard guard_;
 };
 
 }  // namespace dg

@@ -6,9 +6,8 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 #include "platform/checked.h"
-#include "platform/file.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/session.h"
 #include "tools/dgtool/window_json.h"
@@ -30,12 +29,9 @@ struct KeyList {
   std::string error;  ///< what ended the walk early; empty: nothing
 };
 
-/// More entries than this an index cannot have, whatever its damaged nodes say: those of all the
-/// blocks of its physical file.
-StepGuard guardFor(const cLogicalFile& index, std::int32_t keyLength) {
-  const std::int64_t blocks = fileLength(index.OpenFile->vbFileNumber) / kBlockSize + 1;
-  const std::int64_t perBlock = kBlockSize / (std::int64_t{std::max(keyLength, 0)} + 4) + 1;
-  return StepGuard(blocks * perBlock);
+/// More entries than this a block of the index cannot hold.
+std::int64_t entriesPerBlock(std::int32_t keyLength) {
+  return kBlockSize / (std::int64_t{std::max(keyLength, 0)} + 4) + 1;
 }
 
 class KeyWalk {
@@ -74,7 +70,7 @@ class KeyWalk {
   }
 
   void walk() {
-    StepGuard guard = guardFor(*index_, *list_.keyLength);
+    WalkGuard guard(*index_, entriesPerBlock(*list_.keyLength));
     start();
     while (record_ != 0) {
       if (options_.limit && std::cmp_greater_equal(list_.entries.size(), *options_.limit)) return;

@@ -1,7 +1,8 @@
 #include "views/operational/detail_builder.h"
 
+#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 #include "platform/checked.h"
 #include "platform/clock.h"
 #include "platform/text.h"
@@ -59,7 +60,8 @@ std::int32_t& DetailBuilder::pageEntry(std::int32_t page) {
 
 void DetailBuilder::BuildPage(std::int32_t& record) {
   runTrapped("BuildPage", [&] {
-    StepGuard guard(recordCount(format_.file));
+    const auto file = LogicalFileArgument(format_.file).resolve();
+    WalkGuard guard(*file);
     for (;;) {
       guard.step();
       const PageRecord page = PageRecord::read(format_.file, record);

@@ -5,7 +5,7 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 #include "platform/convert.h"
 #include "platform/format.h"
 #include "platform/text.h"
@@ -189,7 +189,7 @@ void frmFpdtl::grdFpdtl_BtnClick(int row) {
   extents.setCaption("Extents...     Model " + grdFpdtl.CellValue("Model", row) + " - " +
                      grdFpdtl.CellValue("Serial Number", row));
   const auto file = LogicalFileArgument(files::kFloorPlanExtents).resolve();
-  StepGuard guard(file->LastRecord);
+  WalkGuard guard(*file);
   clsFloorPlanExtent extent;
   for (; record != 0; record = extent.ExtentNext) {
     guard.step();

@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "engine/step_guard.h"
+#include "engine/business_basic.h"
+#include "engine/walk_guard.h"
 #include "platform/checked.h"
 #include "platform/format.h"
 #include "records/catalogue.h"
@@ -21,7 +22,8 @@ PageRecord nextPage(const PageRecord& page) {
 }  // namespace
 
 PageRecord firstPage(PageRecord page) {
-  StepGuard guard(recordCount(files::kInvoices));
+  const auto file = LogicalFileArgument(files::kInvoices).resolve();
+  WalkGuard guard(*file);
   while (page.pageNumber() >= kFirstFollowingPage) {
     guard.step();
     page = nextPage(page);
@@ -30,7 +32,8 @@ PageRecord firstPage(PageRecord page) {
 }
 
 std::int32_t ItemCount(PageRecord page) {
-  StepGuard guard(recordCount(files::kInvoices));
+  const auto file = LogicalFileArgument(files::kInvoices).resolve();
+  WalkGuard guard(*file);
   std::int32_t count = page.lineCount();
   while (page.pageNumber() >= kFirstFollowingPage) {
     guard.step();

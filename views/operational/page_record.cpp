@@ -43,8 +43,4 @@ std::string_view PageRecord::line(std::int32_t number) const {
   return middle(bytes_, static_cast<std::size_t>(position), kLineWidth);
 }
 
-std::int32_t recordCount(const char* file) {
-  return LogicalFileArgument(file).resolve()->LastRecord;
-}
-
 }  // namespace dg

@@ -32,7 +32,4 @@ class PageRecord {
   std::string bytes_;
 };
 
-/// The number of records of a logical file: no chain in it can be longer.
-std::int32_t recordCount(const char* file);
-
 }  // namespace dg

@@ -4,7 +4,7 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "engine/step_guard.h"
+#include "engine/walk_guard.h"
 #include "platform/convert.h"
 #include "platform/format.h"
 #include "platform/text.h"
@@ -84,7 +84,7 @@ Currency unitCost(const clsUnits& unit) {
   Currency cost;
   if (unit.SubLedgerChain == 0) return cost;
   const auto ledger = LogicalFileArgument(files::kUnitLedger).resolve();
-  StepGuard guard(ledger->LastRecord);
+  WalkGuard guard(*ledger);
   clsUnitsLedger entry;
   for (std::int32_t record = unit.SubLedgerChain; record != 0; record = entry.LedgerNext) {
     guard.step();

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/logical_file.h"
+
+namespace dg {
+
+/// Stands against walks over a logical file that never end: links, leaves and pages of a damaged
+/// file can lead in a circle. A walk has no more steps than the file has records or blocks; one
+/// that does raises 6 into its routine's trap.
+///
+/// How many there are the directory tells as the capacity. A damaged one can tell any number, so a
+/// walk that gets long is measured by the length of the physical file as well; short walks do not
+/// pay for asking it.
+class WalkGuard {
+ public:
+  /// `stepsPerRecord`: for walks that visit a record or block several times, as those over the
+  /// entries of an index do. The file must outlive the guard.
+  explicit WalkGuard(const cLogicalFile& file, std::int64_t stepsPerRecord = 1);
+
+  /// Counts a step. Raises 6, and what asking for the file's length raises.
+  void step() {
+    if (++taken_ > limit_) measure();
+  }
+
+ private:
+  void measure();
+
+  const cLogicalFile* file_;
+  std::int64_t stepsPerRecord_;
+  std::int64_t taken_ = 0;
+  std::int64_t limit_;
+  bool measured_ = false;
+};
+
+}  // namespace dg
