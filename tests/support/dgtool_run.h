@@ -36,6 +36,8 @@ class DgtoolRun {
   ProgramRun store;
   /// The views that there are: the recap, and what a test adds.
   ViewCatalogue views;
+  /// Takes the store that is in place already, instead of `store`'s builder.
+  void useOpenStore() { opened_ = true; }
   /// Adds a view under one of the program's names that `fill` furnishes whenever it is made.
   void addView(const std::string& name, std::function<void(TestView&)> fill);
 

@@ -32,6 +32,9 @@ constexpr std::size_t kVendorNameWidth = 20;
 }  // namespace
 
 std::optional<VendorDocument> VendorDocument::open(const std::string& name) {
+  // The name comes out of a record. To the engine one with a backslash is a whole path, which could
+  // lead anywhere on this workstation; documents lie in the store directory.
+  if (name.find('\\') != std::string::npos) return std::nullopt;
   std::int32_t lastRecord = 0;
   auto file = sharedEngine().PhysLogicalOpen(name, "L", kRecordLength, lastRecord);
   if (!file) return std::nullopt;

@@ -22,7 +22,7 @@ class VendorDocument {
   static constexpr std::int32_t kTotalRecord = 6;
   static constexpr std::int32_t kFirstLine = 7;
 
-  /// Nothing when the file is missing or cannot be opened.
+  /// Nothing when the file is missing or cannot be opened, or when the name is a path.
   static std::optional<VendorDocument> open(const std::string& name);
   VendorDocument(VendorDocument&&) noexcept = default;
   VendorDocument& operator=(VendorDocument&&) noexcept = default;

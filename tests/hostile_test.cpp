@@ -1,0 +1,293 @@
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/inotify.h>
+#include <unistd.h>
+#include <vector>
+
+#include "tests/support/damage.h"
+#include "tests/support/dgtool_run.h"
+#include "tests/support/full_run.h"
+#include "tests/support/vendor_documents.h"
+#include "tools/sample/sample_store.h"
+#include "views/view_catalogue.h"
+
+namespace dg::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kStepLimit = 500'000;
+
+/// Notices every file of a folder that is opened or read.
+class Watch {
+ public:
+  explicit Watch(const fs::path& folder) : descriptor_(::inotify_init1(IN_NONBLOCK)) {
+    add(folder);
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+      if (entry.is_directory()) add(entry.path());
+    sawAny();  // the look around itself opened folders
+  }
+  ~Watch() { ::close(descriptor_); }
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+
+  /// Whether anything was opened since the last call.
+  bool sawAny() {
+    alignas(inotify_event) char events[4096];
+    bool any = false;
+    while (::read(descriptor_, events, sizeof events) > 0)
+      any = true;
+    return any;
+  }
+
+ private:
+  void add(const fs::path& folder) {
+    EXPECT_GE(::inotify_add_watch(descriptor_, folder.c_str(), IN_OPEN | IN_ACCESS), 0);
+  }
+  int descriptor_;
+};
+
+/// A store on disk, and beside its share a folder with the same files for hostile names to find.
+class HostileNamesTest : public testing::Test {
+ protected:
+  HostileNamesTest() {
+    writeSampleStore(store_, {});
+    fs::create_directories(folder_.path() / "out");
+    fs::copy(linkShare(), folder_.path() / "out", fs::copy_options::recursive);
+    folder_.write("out/T", folder_.read("store/share/SRV1/VLMRLNK/LNK001/V00001"));
+    fs::current_path(folder_.path());
+  }
+  ~HostileNamesTest() override { fs::current_path(former_); }
+
+  fs::path linkShare() const { return fs::path(store_) / "share" / "SRV1" / "VLMRLNK"; }
+  fs::path inStore(const std::string& name) const { return linkShare() / "LNK001" / name; }
+
+  std::string read(const fs::path& file) const {
+    return folder_.read(file.lexically_relative(folder_.path()).string());
+  }
+  void write(const fs::path& file, const std::string& content) const {
+    folder_.write(file.lexically_relative(folder_.path()).string(), content);
+  }
+
+  /// Runs everything and expects that nothing outside the share was opened.
+  FullRun expectNothingOutside(const std::string& what) {
+    Watch watch(folder_.path() / "out");
+    const FullRun run = runFullyOnDisk(store_, kStepLimit);
+    EXPECT_TRUE(run.faults.empty()) << what << ": " << testing::PrintToString(run.faults);
+    EXPECT_FALSE(watch.sawAny()) << what << " was opened";
+    return run;
+  }
+
+  TemporaryFolder folder_;
+  const std::string store_ = folder_.file("store");
+  const fs::path former_ = fs::current_path();
+};
+
+TEST_F(HostileNamesTest, TheWatchSeesWhatItMustSee) {
+  Watch watch(folder_.path() / "out");
+  EXPECT_FALSE(watch.sawAny());
+  EXPECT_FALSE(folder_.read("out/LNK001/CUSTLK").empty());
+  EXPECT_TRUE(watch.sawAny());
+}
+
+TEST_F(HostileNamesTest, ResolutionNamesStayOnTheShare) {
+  const std::string absolute = (folder_.path() / "out").string();
+  const std::string sound = read(linkShare() / "LINKSFILE");
+  const std::string hostile[] = {
+      "..:..:..:..:out:LNK001",
+      "LNK001:..:..:..:..:..:out:LNK001",
+      "LNK001:../../../../../out/LNK001",
+      "." + absolute + "/LNK001",
+      absolute + "/LNK001",
+      ":" + absolute + ":LNK001",
+      "..\\..\\..\\..\\out\\LNK001",
+      "C:out:LNK001",
+      std::string("LNK001\0:..:out:LNK001", 21),
+      ". .:out:LNK001",
+      "NUL:LNK001",
+      "",
+  };
+  for (const std::string& folder : hostile) {
+    std::string links = sound;
+    for (std::size_t at = 0; at + 160 <= links.size(); at += 160) {
+      const std::string former = links.substr(at + 81, 79);
+      std::string resolution = folder + former.substr(6);  // behind "LNK001"
+      resolution.resize(79, '\0');
+      links.replace(at + 81, 79, resolution);
+    }
+    write(linkShare() / "LINKSFILE", links);
+    const FullRun run = expectNothingOutside("resolution " + folder);
+    EXPECT_FALSE(run.failed.empty()) << folder;
+  }
+}
+
+TEST_F(HostileNamesTest, DocumentNamesStayInTheStore) {
+  const std::string names[] = {"out\\T",   ".\\out\\T", "..\\out\\T", "../out/T",
+                               "out/T",    "C:out\\T",  "\\\\out\\T", "NUL",
+                               "\\out\\T", "T\0.\\..",  "..",         "LNK001\\.."};
+  sample::StoreBuilder builder{SampleOptions{}};
+  std::vector<std::string> keys;
+  for (const std::string& name : names) {
+    keys.push_back(documentKey(name, 60));
+    keys.push_back(documentKey("V" + name, 20));
+  }
+  std::ranges::sort(keys);
+  for (const std::string& key : keys)
+    builder.index("PUTBI").add(key, 1);
+  // A document in place whose header names others for the click on its row.
+  for (const char* number : {"out\\T", "..\\out\\T", "out/T"}) {
+    const std::string name = "W000" + std::to_string(builder.index("RTTBI").count());
+    builder.addFile(name, Document{.name = name, .number = number}.bytes());
+    builder.index("RTTBI").add(documentKey("R" + name, 20), 1);
+    builder.addFile("R" + name, Document{.name = "R" + name, .number = number}.bytes());
+  }
+  for (const SampleFile& file : builder.finish())
+    if (file.path.starts_with("share/")) write(fs::path(store_) / file.path, file.content);
+  expectNothingOutside("a document's name");
+}
+
+TEST_F(HostileNamesTest, CatalogNamesStayOnTheShare) {
+  const std::string outside = (folder_.path() / "out").string();
+  const std::string servers[] = {
+      "..",      "..\\..", outside, "\\\\" + outside, ".", "SRV1\\..\\..\\..", "SRV1/../../../out",
+      "C:\\out", "CON",    ""};
+  for (const std::string& server : servers) {
+    folder_.write("store/temp/cQTCatalog.ini",
+                  "[eZ-Lines]\r\nServer=" + server + "\r\nDirectory=LNK001\r\n");
+    expectNothingOutside("server " + server);
+  }
+  const std::string directories[] = {"..\\..\\..\\..\\out\\LNK001",
+                                     outside,
+                                     "../../../../out",
+                                     "LNK001\\..\\..\\..\\..\\out",
+                                     "C:out",
+                                     "",
+                                     "LPT1"};
+  for (const std::string& directory : directories) {
+    folder_.write("store/temp/cQTCatalog.ini",
+                  "[eZ-Lines]\r\nServer=SRV1\r\nDirectory=" + directory + "\r\n");
+    expectNothingOutside("directory " + directory);
+  }
+}
+
+TEST_F(HostileNamesTest, LinksOutOfTheShareAreNotFollowed) {
+  const fs::path outside = folder_.path() / "out";
+  for (const char* name : {"CUSTLK", "PARTDB", "FILE0", "V00001", "DARR.TRVN"}) {
+    fs::remove(inStore(name));
+    fs::create_symlink(outside / "LNK001" / name, inStore(name));
+  }
+  EXPECT_FALSE(expectNothingOutside("a link in the store").failed.empty());
+
+  for (const char* name : {"ttymap", "LINKSFILE"}) {
+    fs::remove(linkShare() / name);
+    fs::create_symlink(outside / name, linkShare() / name);
+    expectNothingOutside(std::string("a link at ") + name);
+  }
+  fs::remove_all(linkShare() / "LNK001");
+  fs::create_directory_symlink(outside / "LNK001", linkShare() / "LNK001");
+  expectNothingOutside("a link in place of the store");
+}
+
+// --- Texts ---------------------------------------------------------------------------------------
+
+/// Places of `text` that hold a control character other than the line ends allowed.
+std::size_t controlsIn(std::string_view text, std::string_view lineEnds) {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    const bool plain = byte < 0x20 && lineEnds.find(text[i]) == std::string_view::npos;
+    const bool late = byte == 0xC2 && i + 1 < text.size() &&
+                      static_cast<unsigned char>(text[i + 1]) < 0xA0;  // U+0080 to U+009F
+    if (plain || byte == 0x7F || late) ++count;
+  }
+  return count;
+}
+
+/// A store in whose data files printable bytes gave way to control characters and bytes that are no
+/// code page's, in records, directories, links, documents and texts alike; keys and counts are
+/// below or above those bytes and stay.
+std::vector<SampleFile> poisonedStore(std::uint64_t seed, int percent) {
+  std::vector<SampleFile> files = composeSampleStore({});
+  sample::Random random(seed, "poison");
+  constexpr std::string_view kPoison = "\x1B\x07\x08\x7F\x90\x9B\x9D\x81\x85\r\n\t\x01\xFF";
+  for (SampleFile& file : files) {
+    if (file.path.ends_with(".ini")) continue;
+    for (char& byte : file.content)
+      if (byte >= ' ' && byte <= '~' && random.chance(percent)) byte = random.pick(kPoison);
+  }
+  return files;
+}
+
+class HostileTextsTest : public testing::TestWithParam<int> {
+ protected:
+  void SetUp() override {
+    tool_.views = viewCatalogue();
+    tool_.store.openStore(poisonedStore(static_cast<std::uint64_t>(GetParam()), GetParam()));
+    tool_.useOpenStore();
+  }
+  DgtoolRun tool_;
+};
+
+TEST_P(HostileTextsTest, NoControlCharacterReachesTerminalLogOrSheet) {
+  tool_.run({"report", "--details"});
+  EXPECT_GT(tool_.out.size(), 1000U);
+  EXPECT_EQ(controlsIn(tool_.out, "\n"), 0U);
+  EXPECT_EQ(controlsIn(tool_.err, "\n"), 0U);
+  EXPECT_EQ(controlsIn(tool_.store.log(), "\r\n"), 0U);
+
+  for (const char* grid : {"grdPO", "grdUnits", "grdInvest", "grdTickets", "grdShop"}) {
+    tool_.run({"report", "--csv", grid});
+    EXPECT_EQ(controlsIn(tool_.out, "\r\n"), 0U) << grid;
+    EXPECT_EQ(std::ranges::count(tool_.out, '\r'), std::ranges::count(tool_.out, '\n')) << grid;
+  }
+  tool_.run({"inspect", "files"});
+  EXPECT_EQ(controlsIn(tool_.out + tool_.err, "\n"), 0U);
+  for (const char* index : {"PARTI", "PUTBI", "UNITI"}) {
+    tool_.run({"inspect", "keys", index});
+    EXPECT_EQ(controlsIn(tool_.out + tool_.err, "\n"), 0U) << index;
+  }
+  for (const char* file : {"CUSTL", "INVOL", "UNITL", "VNDRL"}) {
+    tool_.run({"inspect", "record", file, "2"});
+    EXPECT_EQ(controlsIn(tool_.out + tool_.err, "\n"), 0U) << file;
+  }
+  for (const char* as : {"clsUnits", "clsInvoiceHistory", "clsShop"}) {
+    tool_.run({"inspect", "record", as == std::string_view("clsUnits") ? "UNITL" : "INVOL", "3",
+               "--as", as});
+    EXPECT_EQ(controlsIn(tool_.out + tool_.err, "\n"), 0U) << as;
+  }
+}
+
+TEST_P(HostileTextsTest, JsonIsValidForAnyBytes) {
+  tool_.run({"report", "--json", "--details"});
+  const auto report = tool_.json();
+  EXPECT_EQ(report["recap"].size(), 22U);
+  EXPECT_EQ(controlsIn(tool_.out, "\n"), 0U);
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"inspect", "files", "--json"},
+        {"inspect", "keys", "PARTI", "--json"},
+        {"inspect", "record", "INVOL", "3", "--as", "clsInvoiceHistory", "--json"}}) {
+    tool_.run(arguments);
+    EXPECT_TRUE(tool_.out.empty() || tool_.json().is_object());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Percent, HostileTextsTest, testing::Values(1, 10, 60));
+
+TEST(HostileSheetTest, TextsThatBeginLikeFormulasStayTexts) {
+  DgtoolRun tool;
+  tool.views = viewCatalogue();
+  addVendor(tool.store.builder, 7, "ELVERTON MARINA");
+  for (const char* number : {"=1+1", "@SUM(1)", "+1-1", "-1+1", " =2"}) {
+    const std::string name = "V0000" + std::to_string(tool.store.builder.index("PUTBI").count());
+    tool.store.builder.addFile(name, Document{.name = name, .number = number}.bytes());
+    tool.store.builder.index("PUTBI").add(documentKey(name, 20), 1);
+  }
+  tool.run({"report", "--csv", "grdPO"});
+  for (const char* cell : {"\n'=1+1,", "\n'@SUM(1),", "\n'+1-1,", "\n'-1+1,", "\n' =2,"})
+    EXPECT_NE(tool.out.find(cell), std::string::npos) << cell << " in " << tool.out;
+}
+
+}  // namespace
+}  // namespace dg::test
