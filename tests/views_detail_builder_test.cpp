@@ -141,7 +141,7 @@ TEST_F(DetailBuilderTest, QuantitiesAreCutToWholeUnitsBeforeTheyAreMultiplied) {
   }
   for (int record = 1; record <= 5; ++record) {
     const clsShopDetail shop = shopDetail(record);
-    quantities.push_back(linesOf(shop).front()[3]);
+    quantities.push_back(linesOf(shop).at(0)[3]);
     total += shop.ShopPartTotal();
   }
   EXPECT_THAT(quantities, ElementsAre("2", "0", "-1", "0", "1"));
@@ -197,7 +197,7 @@ TEST_F(DetailBuilderTest, ARemarkCarriesTheLineBeforeIt) {
                                       "BELT", "3", "250", "99", "0"),
                           ElementsAre("REM", "NEXT PAGE", "BELT", "3", "250", "99", "1")));
   EXPECT_EQ(shop.ShopPartTotal(), 750) << "only once";
-  EXPECT_THAT(linesOf(claimDetail(12), 6).back(),
+  EXPECT_THAT(linesOf(claimDetail(12), 6).at(3),
               ElementsAre("REM", "NEXT PAGE", "BELT", "3", "250", "99"));
   EXPECT_THAT(linesOf(invoiceDetail(1), 6),
               ElementsAre(ElementsAre("REM", "FIRST OF ALL", "", "0", "0", "0"),
@@ -236,22 +236,34 @@ TEST_F(DetailBuilderTest, PagesUpToTwoHundredHaveTheirPlace) {
     addPage({.page = page, .link = 202 - page, .lines = {pricedLine("AB", "X", 10, 100)}});
   const clsShopDetail shop = shopDetail(1);
   EXPECT_FALSE(shop.DetailError());
-  EXPECT_EQ(shop.DetailReturn()->size(), 200U);
+  ASSERT_EQ(shop.DetailReturn()->size(), 200U);
   EXPECT_EQ(parts(shop).back(), "LAST");
 }
 
-TEST_F(DetailBuilderTest, PageNumberZeroPassesForTheHighestPage) {
-  // Its record number stands where the highest page number is kept: page 7 is read, and not there.
-  for (int record = 1; record <= 6; ++record)
-    addPage({});
-  addPage({.page = 0, .link = 1, .lines = {pricedLine("AB", "ZERO", 10, 100)}});
-  const clsShopDetail shop = shopDetail(7);
-  EXPECT_THAT(*shop.DetailReturn(), IsEmpty());
+TEST_F(DetailBuilderTest, OnPageZeroTheRecordNumberPassesForTheHighestPage) {
+  // Record 1 makes 1 the highest page, so that all is well; record 3 makes it 3, which is not
+  // there.
+  addPage({.page = 0, .link = 2, .lines = {pricedLine("AB", "ZERO", 10, 100)}});
+  addPage({.lines = {pricedLine("AB", "FIRST", 10, 100)}});
+  addPage({.page = 0, .link = 2, .lines = {pricedLine("AB", "ZERO", 10, 100)}});
+  EXPECT_THAT(parts(shopDetail(1)), ElementsAre("FIRST"));
+  EXPECT_THAT(run.logged, IsEmpty());
+  EXPECT_THAT(parts(shopDetail(3)), IsEmpty()) << "the highest page is tried ahead of all others";
   ASSERT_EQ(run.logged.size(), 1U);
   EXPECT_TRUE(
       run.logged[0].ends_with(" : clsShopDetail : BuildDetail81  Illegal Record Number for "
                               "File: INVOL and Record:  0  iLreadFile"))
       << run.logged[0];
+}
+
+TEST_F(DetailBuilderTest, ARecordNumberAboveTwoHundredIsNoHighestPage) {
+  for (int record = 1; record <= 200; ++record)
+    addPage({.lines = {pricedLine("AB", "FIRST", 10, 100)}});
+  addPage({.page = 0, .link = 1});
+  EXPECT_THAT(parts(shopDetail(201)), IsEmpty());
+  EXPECT_THAT(run.logged,
+              ElementsAre("11/24/26 : 10:30:00 AM : clsShopDetail : BuildDetail9  Subscript out of "
+                          "range  "));
 }
 
 TEST_F(DetailBuilderTest, AGapInThePagesKeepsThoseBeforeIt) {

@@ -323,9 +323,9 @@ TEST_F(OpenSalesTest, AvailableCreditIsRoundedToTheEvenNeighbour) {
 }
 
 TEST_F(OpenSalesTest, TheShipToAccountHasItsRules) {
-  // None, the sale's own, another, one beyond what fits a signed field, and an order's.
-  const std::int32_t far = 16'777'000;
-  for (const std::int32_t account : {501, 502, far})
+  // None, the sale's own, another, one that a signed field would take for -2, and an unknown one.
+  const std::int32_t far = 16'777'214;
+  for (const std::int32_t account : {0, 501, 502, far})
     addCustomer(run.builder, account, "CUSTOMER");
   addTicket(1, sale(501, 1, 0).integer(141, 'K', 0));
   addTicket(2, sale(501, 2, 0).integer(141, 'K', -1));
@@ -339,7 +339,7 @@ TEST_F(OpenSalesTest, TheShipToAccountHasItsRules) {
     const std::string text = click(view.grdTickets, row).labels.at("lblShipto");
     accounts.push_back(text.substr(0, text.find('\r')));
   }
-  EXPECT_THAT(accounts, ElementsAre("", "501", "502", "16777000", ""));
+  EXPECT_THAT(accounts, ElementsAre("", "501", "502", "16777214", ""));
   EXPECT_TRUE(click(view.grdSaved).labels.at("lblShipto").starts_with("502\r\n"));
 }
 

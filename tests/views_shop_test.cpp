@@ -390,6 +390,13 @@ TEST_F(RequestTest, TheListHasAnEntryForEachChangeOfRequest) {
                                  ElementsAre("P1", "P2", "P3", "P4", "P5")));
 }
 
+TEST_F(RequestTest, ASecondRequestIsEnoughForTheList) {
+  addPages({0, 1});
+  EXPECT_THAT(pick({2}), ElementsAre(ElementsAre("P2")));
+  EXPECT_TRUE(run.windows.front().visible.at("cmbRequest"));
+  EXPECT_TRUE(run.windows.front().visible.at("lblRequest"));
+}
+
 TEST_F(RequestTest, OnlyTheFirstDigitOfARequestIsRead) {
   addPages({0, 1, 9, 24, 89});
   const std::vector<Cells> lists = pick({3, 4, 5});
@@ -404,16 +411,20 @@ TEST_F(ShopTest, TheDetailIsFoundThroughTheJobsOwnSlot) {
   // Job 1000 has slot 104 of block 501, and job 1127 has slot 103 of block 502.
   const std::int32_t other =
       addRecord(jobHeader(4242, "O"), {.lines = {pricedLine("AB", "OTHER", 10, 1)}});
-  RecordWriter block(kBlock);
-  block.integer(1 + 4 * 104, 'L', other);
-  run.builder.controlFile().setBlock(501, block.bytes());
+  const auto slot = [&](int block, int index) {
+    run.builder.controlFile().setBlock(
+        block, RecordWriter(kBlock).integer(1 + 4 * index, 'L', other).bytes());
+  };
+  slot(501, 104);
+  slot(502, 103);
   run.builder.controlFile().setJob(3, addRecord(jobHeader(1000, "O")));
   frmShop& view = run.load<frmShop>();
-  EXPECT_THAT(column(view.grdShop, "Job #"), ElementsAre("1000", "4242"));
+  EXPECT_THAT(column(view.grdShop, "Job #"), ElementsAre("1000", "4242", "4242"));
   EXPECT_EQ(open(view, 0).grids.at("grdShopDetail").at(0).at(2), "OTHER")
       << "the row's own record stands in another job's slot";
   EXPECT_EQ(GetJob(1000), other);
-  EXPECT_EQ(GetJob(1001), 0);
+  EXPECT_EQ(GetJob(1126), 0);
+  EXPECT_EQ(GetJob(1127), other);
   EXPECT_EQ(GetJob(3), 2);
 }
 
