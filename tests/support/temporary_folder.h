@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace dg {
@@ -14,9 +14,10 @@ namespace dg {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
+    static const unsigned process = std::random_device()();
     static int count = 0;
     path_ = std::filesystem::temp_directory_path() /
-            ("dg_tests-" + std::to_string(::getpid()) + "-" + std::to_string(++count));
+            ("dg_tests-" + std::to_string(process) + "-" + std::to_string(++count));
     std::filesystem::create_directories(path_);
   }
   ~TemporaryFolder() {

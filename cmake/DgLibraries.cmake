@@ -1,0 +1,31 @@
+# The libraries that are not ours. A cross-build takes what consists of headers or sources from the
+# build machine's packages, and does without what it would need in binary form.
+
+if(NOT CMAKE_CROSSCOMPILING)
+  find_package(CLI11 REQUIRED)
+  find_package(nlohmann_json REQUIRED)
+  set(DG_XLSX ON)
+  if(DG_TESTS)
+    find_package(GTest REQUIRED)
+    find_package(ZLIB REQUIRED)
+  endif()
+  return()
+endif()
+
+# Only the library's own folder is exposed: the folder around it holds the build machine's headers.
+function(dg_headers target folder)
+  set(link_dir ${PROJECT_BINARY_DIR}/include/${folder})
+  file(MAKE_DIRECTORY ${link_dir})
+  file(CREATE_LINK /usr/include/${folder} ${link_dir}/${folder} SYMBOLIC)
+  add_library(${target} INTERFACE IMPORTED)
+  target_include_directories(${target} INTERFACE ${link_dir})
+endfunction()
+
+dg_headers(CLI11::CLI11 CLI)
+dg_headers(nlohmann_json::nlohmann_json nlohmann)
+set(DG_XLSX OFF)
+if(DG_TESTS)
+  set(BUILD_GMOCK ON)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+endif()
