@@ -12,15 +12,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Sleeps for most of the time and spins for the rest: a sleep alone comes back late.
-void waitUntil(Clock::time_point end) {
-  constexpr std::chrono::microseconds kSpin(150);
-  const auto left = end - Clock::now();
-  if (left > kSpin) std::this_thread::sleep_for(left - kSpin);
-  while (Clock::now() < end) {
-  }
-}
-
 class WatchedFile final : public File {
  public:
   WatchedFile(std::unique_ptr<File> file, std::string path, std::chrono::microseconds roundTrip,
@@ -45,6 +36,15 @@ class WatchedFile final : public File {
 };
 
 }  // namespace
+
+void waitUntil(Clock::time_point end) {
+  constexpr std::chrono::microseconds kSpin(150);
+  // A sleep alone comes back late.
+  const auto left = end - Clock::now();
+  if (left > kSpin) std::this_thread::sleep_for(left - kSpin);
+  while (Clock::now() < end) {
+  }
+}
 
 void TouchedExtents::add(const std::string& path, std::int64_t offset, std::size_t count) {
   if (count == 0) return;

@@ -11,6 +11,9 @@
 
 namespace dg::bench {
 
+/// Waits until a moment, to some microseconds.
+void waitUntil(std::chrono::steady_clock::time_point end);
+
 /// What the reads of a run touched: extents of 64 KiB, by their numbers, of each path.
 class TouchedExtents {
  public:
