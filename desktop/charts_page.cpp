@@ -1,8 +1,6 @@
 #include "desktop/charts_page.h"
 
 #include <QButtonGroup>
-#include <QDir>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
@@ -11,9 +9,8 @@
 #include <QToolButton>
 
 #include "desktop/bar_chart.h"
-#include "desktop/message_boxes.h"
+#include "desktop/export_files.h"
 #include "desktop/theme.h"
-#include "desktop/user_settings.h"
 
 namespace dg {
 
@@ -140,19 +137,12 @@ bool ChartsPage::savePicture(const QString& file) const {
 }
 
 void ChartsPage::askAndSave(const BarChart* chart) {
-  const QString proposed = UserSettings::exportFolder() + QStringLiteral("/Charts.png");
-  QString file = QFileDialog::getSaveFileName(window(), tr("Save as Picture"), proposed,
-                                              tr("PNG picture (*.png)"));
+  const QString file =
+      askForExportFile(window(), tr("Charts"), QStringLiteral("png"), tr("PNG picture (*.png)"));
   if (file.isEmpty()) return;
-  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".png");
   const bool saved =
       chart == nullptr ? savePicture(file) : savePng(chart->picture(kPictureScale), file);
-  if (saved) {
-    UserSettings::setExportFolder(QFileInfo(file).absolutePath());
-  } else {
-    showWarning(window(), tr("Save as Picture"),
-                tr("The file cannot be written.") + u'\n' + QDir::toNativeSeparators(file));
-  }
+  exported(window(), file, saved);
 }
 
 bool savePng(const QImage& picture, const QString& file) {

@@ -3,18 +3,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
-#include <QStandardPaths>
 #include <algorithm>
 
+#include "desktop/export_files.h"
 #include "desktop/grid_export.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_view.h"
-#include "desktop/message_boxes.h"
 #include "desktop/report_printing.h"
 #include "desktop/text.h"
-#include "desktop/user_settings.h"
 
 namespace dg {
 
@@ -28,14 +26,6 @@ Report reportOf(GridView& view, const QString& title) {
                            ? QString()
                            : GridActions::tr("Rows with \"%1\"").arg(model.filter());
   return newReport(title, note, {tableOf(model, {})});
-}
-
-/// A title as a file's name.
-QString fileName(QString title) {
-  for (QChar& character : title) {
-    if (QStringLiteral("\\/:*?\"<>|&").contains(character)) character = u'-';
-  }
-  return title.simplified();
 }
 
 }  // namespace
@@ -138,25 +128,17 @@ void GridActions::preview() const {
 }
 
 void GridActions::askAndExport(const QString& suffix, const QString& kind) const {
-  const QString proposed = UserSettings::exportFolder() + u'/' + fileName(title_) + u'.' + suffix;
-  QString file = QFileDialog::getSaveFileName(view_.window(), tr("Export"), proposed, kind);
-  if (file.isEmpty()) return;
-  if (QFileInfo(file).suffix().isEmpty()) file += u'.' + suffix;
-  if (exportTo(file)) UserSettings::setExportFolder(QFileInfo(file).absolutePath());
+  const QString file = askForExportFile(view_.window(), title_, suffix, kind);
+  if (!file.isEmpty()) exportTo(file);
 }
 
 bool GridActions::exportTo(const QString& file) const {
   view_.synchronize();
-  const QString suffix = QFileInfo(file).suffix().toLower();
-  QString problem;
-  if (suffix == QStringLiteral("pdf")) {
-    if (!writePdf(reportOf(view_, title_), file)) problem = tr("The file cannot be written.");
-  } else {
-    problem = exportGrid(view_.gridModel(), title_, file);
+  if (QFileInfo(file).suffix().toLower() == QStringLiteral("pdf")) {
+    return exported(view_.window(), file, writePdf(reportOf(view_, title_), file));
   }
-  if (problem.isEmpty()) return true;
-  showWarning(view_.window(), tr("Export"), problem + u'\n' + QDir::toNativeSeparators(file));
-  return false;
+  const QString problem = exportGrid(view_.gridModel(), title_, file);
+  return exported(view_.window(), file, problem.isEmpty(), problem);
 }
 
 QString selectionText(const GridView& view, bool withHeadings) {

@@ -47,6 +47,12 @@ LabelWidget::LabelWidget(Label& label, QWidget* parent)
   setTextFormat(Qt::PlainText);
   setFont(roleFont(label.role(), font()));
   setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  if (!label.visible()) {
+    // A label that comes and goes keeps its place: it may have to show while the thread is busy.
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+  }
   binding_.apply(label, *this);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -10,6 +11,7 @@
 #include "desktop/main_window.h"
 #include "desktop/message_boxes.h"
 #include "desktop/resources.h"
+#include "desktop/shutdown_signals.h"
 #include "shell/main.h"
 #include "shell/splash.h"
 #include "views/view_catalogue.h"
@@ -51,6 +53,17 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   auto application = std::make_unique<QApplication>(argc, argv);
   qInstallMessageHandler(defaultHandler);
   return application;
+}
+
+/// Closes all windows, once a load that is under way has ended.
+void endWhenLoaded(const DesktopPresenter& presenter) {
+  const MainWindow* window = presenter.mainWindow();
+  if (window != nullptr && !window->form().loading()) {
+    QApplication::closeAllWindows();
+    return;
+  }
+  constexpr int kPause = 100;
+  QTimer::singleShot(kPause, qApp, [&presenter] { endWhenLoaded(presenter); });
 }
 
 }  // namespace
@@ -95,6 +108,9 @@ int runDesktop(int argc, char** argv) {
   setMessageBoxHandler(&showMessageBox);
   DesktopPresenter presenter;
   setPresenter(&presenter);
+  const ShutdownSignals signals;
+  QObject::connect(&signals, &ShutdownSignals::requested, application.get(),
+                   [&presenter] { endWhenLoaded(presenter); });
   int status = kRefused;
   {
     const std::unique_ptr<frmTRVN> main = Main(tail, viewCatalogue());

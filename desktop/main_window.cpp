@@ -115,13 +115,10 @@ void MainWindow::connectForm() {
   // No node stands for the charts; the last one is marked again with the next click.
   connect(views_, &ViewStack::chartsOpened, tree_, &QTreeWidget::clearSelection);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
-  const auto onKey = [this](const QKeySequence& key, auto action) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this, action);
-  };
-  onKey(QKeySequence::Find, [this] {
-    if (GridPanel* panel = gridInFocus(*views_)) panel->find();
-  });
-  onKey(QKeySequence::Print, [this] { print(); });
+  auto* findKey = new QShortcut(QKeySequence::Find, this);
+  connect(findKey, &QShortcut::activated, this, &MainWindow::find);
+  auto* printKey = new QShortcut(QKeySequence::Print, this);
+  connect(printKey, &QShortcut::activated, this, &MainWindow::print);
 }
 
 void MainWindow::pick(const QString& menu, int index) {
@@ -131,6 +128,10 @@ void MainWindow::pick(const QString& menu, int index) {
 
 void MainWindow::showCharts() {
   if (!form_.loading()) views_->showCharts();
+}
+
+void MainWindow::find() {
+  if (GridPanel* panel = gridInFocus(*views_)) panel->find();
 }
 
 void MainWindow::print() {

@@ -41,6 +41,7 @@ class MainWindow : public QMainWindow {
   void pick(const QString& menu, int index);
   void showCharts();
   void showHelp();
+  void find();
   void print();
 
   frmTRVN& form_;

@@ -6,6 +6,7 @@
 #include <QToolButton>
 
 #include "desktop/card.h"
+#include "desktop/export_files.h"
 #include "desktop/label_widget.h"
 #include "desktop/recap_rows.h"
 #include "desktop/report_printing.h"
@@ -111,6 +112,7 @@ QWidget* RecapView::buildHead() {
   auto* menu = new QMenu(paper);
   menu->addAction(tr("&Print..."), this, &RecapView::print);
   menu->addAction(tr("Print Pre&view..."), this, &RecapView::preview);
+  menu->addAction(tr("Save as P&DF..."), this, &RecapView::savePdf);
   paper->setMenu(menu);
   paper->setPopupMode(QToolButton::InstantPopup);
   layout->addWidget(paper, 0, 2, 2, 1);
@@ -169,6 +171,12 @@ Card* RecapView::buildProfit() {
 
 void RecapView::print() {
   printReport(recapReport(form_), window());
+}
+
+void RecapView::savePdf() {
+  const QString file = askForExportFile(window(), QStringLiteral("Recap"), QStringLiteral("pdf"),
+                                        tr("PDF file (*.pdf)"));
+  if (!file.isEmpty()) exported(window(), file, writePdf(recapReport(form_), file));
 }
 
 void RecapView::preview() {

@@ -21,6 +21,8 @@ class RecapView : public QWidget {
 
   void print();
   void preview();
+  /// Asks for a file and writes the recap as PDF.
+  void savePdf();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -60,7 +60,7 @@ class Signal {
     if (observers_->empty()) return;
     // The signal itself may go while it is emitted, and so may any observer.
     const std::shared_ptr<const List> list = observers_;
-    const List snapshot = *list;
+    const List snapshot(list->begin(), list->end());
     for (const Entry& entry : snapshot) {
       const bool stillThere = std::any_of(list->begin(), list->end(),
                                           [&](const Entry& other) { return other.id == entry.id; });

@@ -29,6 +29,8 @@
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tests/desktop_session.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/sample/sample_store.h"
 #include "views/view_catalogue.h"
 
 namespace dg {
@@ -347,6 +349,28 @@ TEST(DesktopStartTest, WithoutADisplayItSaysSo) {
   const Outcome outcome = startProgramWith({"7Q809R21T"}, "xcb");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_TRUE(outcome.errors.contains("no display")) << outcome.errors.toStdString();
+}
+
+TEST(DesktopStartTest, ASystemThatShutsDownGetsAProperEnd) {
+  const TemporaryFolder folder;
+  const std::string store = folder.file("store");
+  writeSampleStore(store, {});
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  environment.insert("TEMP", QString::fromStdString(store + "/temp"));
+  environment.insert("DG_SHARE_ROOT", QString::fromStdString(store + "/share"));
+  environment.insert("XDG_CONFIG_HOME", QString::fromStdString(store + "/config"));
+  process.setProcessEnvironment(environment);
+  process.start(DG_DEALERGAUGE, {"7Q809R21T"});
+  const auto log = [&folder] { return folder.read("store/temp/dgoperation.log"); };
+  while (process.state() != QProcess::NotRunning && log().empty())
+    process.waitForFinished(20);
+  process.terminate();
+  ASSERT_TRUE(process.waitForFinished(60'000));
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_TRUE(log().ends_with("  Program End \r\n")) << log();
 }
 
 TEST_F(DesktopProgramTest, AWrongTokenIsRefused) {
