@@ -85,9 +85,10 @@ class SystemFileSystem final : public FileSystem {
  private:
   static bool isOfType(const std::string& path, mode_t type) {
     const Location location = locate(path);
+    if (location.error != 0) return false;
+    if (location.type != 0) return location.type == type;
     struct stat status = {};
-    return location.error == 0 && ::stat(location.native.c_str(), &status) == 0 &&
-           (status.st_mode & S_IFMT) == type;
+    return ::stat(location.native.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == type;
   }
 };
 

@@ -19,9 +19,18 @@ namespace dg {
 
 namespace {
 
-bool exists(const std::string& native) {
+/// What stands at a path of the platform's own form.
+struct Entry {
+  std::string native;
+  mode_t mode = 0;  ///< a link's own; 0 when nothing is there
+
+  bool isThere() const { return mode != 0; }
+};
+
+Entry entryAt(std::string native) {
   struct stat status = {};
-  return ::lstat(native.c_str(), &status) == 0;
+  const bool isThere = ::lstat(native.c_str(), &status) == 0;
+  return {std::move(native), isThere ? status.st_mode : 0};
 }
 
 /// A folder's entries by their names in lower case. Of several that differ in case alone the first
@@ -75,21 +84,31 @@ std::string entryIgnoringCase(const std::string& folder, const std::string& name
   return std::min(asBytes->second, asUnicode->second);
 }
 
-std::string resolveNames(const std::string& root, const std::vector<std::string>& names) {
+Entry resolveNames(const std::string& root, const std::vector<std::string>& names) {
   std::string asWritten = root;
   for (const std::string& name : names)
     asWritten += "/" + name;
-  if (exists(asWritten)) return asWritten;
+  Entry entry = entryAt(std::move(asWritten));
+  if (entry.isThere()) return entry;
 
-  std::string resolved = root;
+  entry = {root, S_IFDIR};
   for (const std::string& name : names) {
-    std::string next = resolved;
-    next.append("/").append(name);
-    if (!exists(next))
-      next.replace(resolved.size() + 1, name.size(), entryIgnoringCase(resolved, name));
-    resolved = std::move(next);
+    Entry next = entryAt(entry.native + "/" + name);
+    if (!next.isThere()) {
+      const std::string other = entryIgnoringCase(entry.native, name);
+      if (other != name) next = entryAt(entry.native + "/" + other);
+    }
+    entry = std::move(next);
   }
-  return resolved;
+  return entry;
+}
+
+/// Where a path of a share leads to.
+std::optional<Entry> shareEntry(const std::string& path) {
+  const std::string& root = environment().shareRoot;
+  const std::optional<std::vector<std::string>> names = sharePathNames(path);
+  if (root.empty() || root.find('\0') != std::string::npos || !names) return std::nullopt;
+  return resolveNames(root, *names);
 }
 
 std::optional<std::string> realPath(const std::string& native) {
@@ -109,15 +128,14 @@ std::optional<std::string> realFolder(const std::string& native) {
   return real;
 }
 
-/// The real path of what lies in a folder: the folder's own and the name, unless it is a link.
-std::optional<std::string> realEntry(const std::string& native) {
-  struct stat status = {};
-  if (::lstat(native.c_str(), &status) != 0) return std::nullopt;
-  const std::size_t end = native.rfind('/');
-  if (S_ISLNK(status.st_mode) || end == std::string::npos || end == 0) return realPath(native);
-  const std::optional<std::string> folder = realFolder(native.substr(0, end));
+/// The entry's real path: its folder's and its name, unless it is a link.
+std::optional<std::string> realEntry(const Entry& entry) {
+  if (!entry.isThere()) return std::nullopt;
+  const std::size_t end = entry.native.rfind('/');
+  if (S_ISLNK(entry.mode) || end == std::string::npos || end == 0) return realPath(entry.native);
+  const std::optional<std::string> folder = realFolder(entry.native.substr(0, end));
   if (!folder) return std::nullopt;
-  return *folder + native.substr(end);
+  return *folder + entry.native.substr(end);
 }
 
 bool liesBelow(const std::string& real, const std::optional<std::string>& folder) {
@@ -138,32 +156,35 @@ std::string shareFolder(const std::string& native, const std::string& root) {
 
 std::optional<std::string> nativePath(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
-  if (!isSharePath(path)) {
-    std::string native = path;
-    std::replace(native.begin(), native.end(), '\\', '/');
-    return native;
+  if (isSharePath(path)) {
+    std::optional<Entry> entry = shareEntry(path);
+    if (!entry) return std::nullopt;
+    return std::move(entry->native);
   }
-  const std::string& root = environment().shareRoot;
-  const std::optional<std::vector<std::string>> names = sharePathNames(path);
-  if (root.empty() || root.find('\0') != std::string::npos || !names) return std::nullopt;
-  return resolveNames(root, *names);
+  std::string native = path;
+  std::replace(native.begin(), native.end(), '\\', '/');
+  return native;
 }
 
 Location locate(const std::string& path) {
-  std::optional<std::string> native = nativePath(path);
-  if (!native) return {{}, kPathNotFound};
-  if (!isSharePath(path)) return {std::move(*native), 0};
+  if (!isSharePath(path)) {
+    std::optional<std::string> native = nativePath(path);
+    if (!native) return {.native = {}, .error = kPathNotFound};
+    return {.native = std::move(*native)};
+  }
+  std::optional<Entry> entry = shareEntry(path);
+  if (!entry) return {.native = {}, .error = kPathNotFound};
 
   // The user's own folders lead to a share, and may do so through links; what lies in the share
   // is written by others.
-  const std::optional<std::string> real = realEntry(*native);
-  if (!real) return {std::move(*native), 0};
+  std::optional<std::string> real = realEntry(*entry);
+  if (!real) return {.native = std::move(entry->native)};
   const std::string& root = environment().shareRoot;
-  if (!liesBelow(*real, realFolder(shareFolder(*native, root))) &&
+  if (!liesBelow(*real, realFolder(shareFolder(entry->native, root))) &&
       !liesBelow(*real, realFolder(root))) {
-    return {{}, kPermissionDenied};
+    return {.native = {}, .error = kPermissionDenied};
   }
-  return {*real, 0};
+  return {.native = std::move(*real), .type = S_ISLNK(entry->mode) ? 0 : entry->mode & S_IFMT};
 }
 
 void keepPlaces(bool keep) {
