@@ -73,6 +73,8 @@ class Keeper {
   std::map<std::string, KeptFile> files_;
   RunList runs_;
   std::size_t keptBytes_ = 0;
+  /// Where reads arrive: stores have thousands of files that are far shorter than an extent.
+  std::unique_ptr<char[]> arriving_ = std::make_unique_for_overwrite<char[]>(kLongestRun);
 };
 
 std::size_t Keeper::read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
@@ -124,21 +126,15 @@ const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
   run.file = &kept;
   run.firstExtent = extent;
   run.extents = runLength(kept, extent);
-  const std::size_t size = run.extents * kExtentSize;
-  makeRoom(size);
-  run.bytes = std::make_unique_for_overwrite<char[]>(size);
   try {
-    run.length = file.read(run.begin(), run.bytes.get(), size);
+    run.length = file.read(run.begin(), arriving_.get(), run.extents * kExtentSize);
   } catch (const RunTimeError&) {
     kept.unreadable.insert(extent);
     return nullptr;
   }
-  if (run.isCutShort()) {
-    // Stores have many small files: keep what there is, not its extent.
-    auto exact = std::make_unique_for_overwrite<char[]>(run.length);
-    std::copy_n(run.bytes.get(), run.length, exact.get());
-    run.bytes = std::move(exact);
-  }
+  makeRoom(run.length);
+  run.bytes = std::make_unique_for_overwrite<char[]>(run.length);
+  std::copy_n(arriving_.get(), run.length, run.bytes.get());
 
   runs_.push_front(std::move(run));
   const RunList::iterator added = runs_.begin();

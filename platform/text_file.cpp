@@ -1,6 +1,7 @@
 #include "platform/text_file.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/file.h"
 #include "platform/run_time_error.h"
@@ -13,28 +14,23 @@ namespace {
 /// A text of the run-time holds no more bytes.
 constexpr std::int64_t kLongestText = 0x7fffffff;
 
-constexpr std::size_t kReadAtOnce = std::size_t{1} << 16;
-
 }  // namespace
 
 std::string readAll(File& file) {
-  const std::int64_t expected = file.size();
-  if (expected > kLongestText) throw RunTimeError(kOutOfMemory);
-  std::string content(static_cast<std::size_t>(std::max<std::int64_t>(expected, 0)), '\0');
-  std::size_t done = file.read(0, content.data(), content.size());
-  // The file may have grown since its length was taken.
-  const bool mayHaveMore = done == content.size();
-  content.resize(done);
-  while (mayHaveMore) {
-    content.resize(done + kReadAtOnce);
+  std::string content;
+  // The file may grow meanwhile, so its length is taken again behind what has been read.
+  for (;;) {
+    const std::int64_t length = file.size();
+    if (length > kLongestText) throw RunTimeError(kOutOfMemory);
+    const std::size_t done = content.size();
+    if (std::cmp_less_equal(length, done)) return content;
+    content.resize(static_cast<std::size_t>(length));
     const std::size_t got =
-        file.read(static_cast<std::int64_t>(done), content.data() + done, kReadAtOnce);
-    done += got;
-    content.resize(done);
-    if (got < kReadAtOnce) break;
-    if (static_cast<std::int64_t>(done) > kLongestText) throw RunTimeError(kOutOfMemory);
+        file.read(static_cast<std::int64_t>(done), content.data() + done, content.size() - done);
+    const bool isCutShort = got < content.size() - done;
+    content.resize(done + got);
+    if (isCutShort) return content;
   }
-  return content;
 }
 
 TextReader::TextReader(const std::string& path) : content_(readWholeFile(path)) {}
