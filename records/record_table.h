@@ -187,18 +187,21 @@ inline std::string textField(std::string_view record, int position, int width) {
 /// lies beyond the record, and cuts at its end.
 void putTextField(std::string& record, int position, int width, std::string_view text, char fill);
 
-/// Reads one field. Raises what the codec raises.
+/// Reads one field; a number beyond the record's end leaves its member alone. Raises what the codec
+/// raises.
 template <class R>
 void unpackField(const Field<R>& field, R& self, const std::string& record) {
   if (!field.reads) return;
   const auto& access = field.member.access;
   switch (field.encoding) {
     case Encoding::kInteger: {
-      const std::int32_t value = Unpack(field.opcode, record, field.position);
+      // Asked and not raised: a record whose extension is missing lacks dozens of fields.
+      const auto value = tryUnpack(field.opcode, record, field.position);
+      if (!value) break;
       if (const auto* whole = std::get_if<std::int32_t& (*)(R&)>(&access)) {
-        (*whole)(self) = value;
+        (*whole)(self) = *value;
       } else {
-        std::get<Currency& (*)(R&)>(access)(self) = Currency::fromScaled(value, field.scaleOrBit);
+        std::get<Currency& (*)(R&)>(access)(self) = Currency::fromScaled(*value, field.scaleOrBit);
       }
       break;
     }
@@ -214,8 +217,10 @@ void unpackField(const Field<R>& field, R& self, const std::string& record) {
           UnPackDate(std::string_view(&field.opcode, 1), record, field.position);
       break;
     case Encoding::kBit:
-      std::get<std::int16_t& (*)(R&)>(access)(self) = static_cast<std::int16_t>(
-          (Unpack(field.opcode, record, field.position) >> field.scaleOrBit) & 1);
+      if (const auto value = tryUnpack(field.opcode, record, field.position)) {
+        std::get<std::int16_t& (*)(R&)>(access)(self) =
+            static_cast<std::int16_t>((*value >> field.scaleOrBit) & 1);
+      }
       break;
     case Encoding::kMaskHead:
       setMaskHead(field.head);
