@@ -230,6 +230,15 @@ TEST_F(FloorPlanTest, AMissingEntryEndsTheLoad) {
                           "Number for File: FPLNL and Record:  4711"));
 }
 
+TEST_F(FloorPlanTest, ALineOfANegativeRecordEndsTheLoad) {
+  addLine(run.builder, 7, "MOWERS", "U");
+  add(7, entry(7, 100));
+  run.builder.index("LINEI").add(integerKey('C', 8, 2), -5);
+  const frmFp& view = run.load<frmFp>();
+  EXPECT_THAT(column(view.grdFp, "Line"), ElementsAre("7"));
+  EXPECT_EQ(run.recap(11), "! Data Error !") << "the lines behind it are missing from the total";
+}
+
 TEST_F(FloorPlanTest, TheListSortsByItsFirstThreeColumnsOnly) {
   addLine(run.builder, 10, "B", "U");
   addLine(run.builder, 9, "C", "U");

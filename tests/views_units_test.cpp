@@ -116,6 +116,14 @@ TEST_F(UnitsTest, ALoopOrAMissingRecordInALedgerEndsTheLoad) {
   }
 }
 
+TEST_F(UnitsTest, ALineOfANegativeRecordEndsTheLoad) {
+  addLine(run.builder, 7, "WHOLE GOODS", "U");
+  run.builder.index("LINEI").add(integerKey('C', 8, 2), -5);
+  const frmUnits& view = run.load<frmUnits>();
+  EXPECT_EQ(view.grdUnits.Rows(), 1);
+  EXPECT_EQ(run.recap(12), "! Data Error !") << "the lines behind it are missing from the total";
+}
+
 TEST_F(UnitsTest, CentsAreAddedExactly) {
   addLine(run.builder, 7, "WHOLE GOODS", "U");
   addLedger(10, 2);

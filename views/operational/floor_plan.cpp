@@ -220,7 +220,8 @@ void frmFp::Form_Load() {
 void frmFp::GetFpData() {
   Currency grand;
   clsLines line;
-  for (IndexWalk walk(files::kLineIndex, integerKey('C', 0)); !walk.atEnd(); walk.next()) {
+  // Only 0 ends the list: an entry with a negative pointer is an error of the read.
+  for (IndexWalk walk(files::kLineIndex, integerKey('C', 0)); walk.record() != 0; walk.next()) {
     const std::int32_t number = walk.keyField('C', 1);
     if (number >= kFirstForeignLine) break;
     bool orb = true;

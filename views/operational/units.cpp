@@ -1,5 +1,6 @@
 #include "views/operational/units.h"
 
+#include <functional>
 #include <string_view>
 
 #include "engine/business_basic.h"
@@ -219,8 +220,9 @@ void frmUnits::Form_Load() {
 void frmUnits::GetUnitData() {
   Currency grand;
   clsLines line;
+  // Only 0 ends the list: an entry with a negative pointer is an error of the read.
   for (IndexWalk walk(files::kLineIndex, integerKey('C', 0));
-       !walk.atEnd() && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
+       walk.record() != 0 && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
     bool orb = true;
     line.Unpack(sharedEngine().LreadFile(files::kLines, walk.record(), orb));
     if (line.Line_Type == kUnitLine) grand += GetLineUnits(line.Line, line.Line_Name);
