@@ -3,18 +3,17 @@
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
-#include "platform/format.h"
 #include "platform/text.h"
 #include "records/catalogue.h"
 #include "records/index_walk.h"
 #include "shell/trap.h"
+#include "views/digit_date.h"
 
 namespace dg {
 
 namespace {
 
 constexpr std::int32_t kRecordLength = 38;
-constexpr std::string_view kDateMask = "##/##/##";
 
 constexpr std::size_t kKeyNameWidth = 10;
 constexpr std::int32_t kKeyStatus = 16;
@@ -66,7 +65,7 @@ VendorDocumentHeader VendorDocumentHeader::decode(const std::string& record) {
 }
 
 std::int32_t VendorDocumentHeader::dayNumber() const {
-  return Date::fromText(Format(dateDigits, kDateMask)).days() - kDayZero.days();
+  return digitDateDay(dateDigits);
 }
 
 Currency vendorDocumentTotal(const std::string& record) {

@@ -37,6 +37,13 @@ struct DetailFormat {
   bool remarkClears;            ///< a remark empties what it does not set; else it carries it over
 };
 
+/// The codes of shop jobs and orders.
+inline constexpr DetailFormat::Code kInvoiceCodes[] = {
+    {"500", DetailTotal::kLabor},
+    {"502", DetailTotal::kFreight},
+    {"550", DetailTotal::kMisc},
+};
+
 /// Turns a document's chain of page records into display lines in page order, and sums them. The
 /// three builders derive from it and add how they find the first record.
 class DetailBuilder {

@@ -7,16 +7,10 @@ namespace dg {
 
 namespace {
 
-constexpr DetailFormat::Code kCodes[] = {
-    {"500", DetailTotal::kLabor},
-    {"502", DetailTotal::kFreight},
-    {"550", DetailTotal::kMisc},
-};
-
 // The tag is the shop builder's: readers of the log know these words for both.
 constexpr DetailFormat kFormat = {.file = files::kInvoices,
                                   .tag = "clsShopDetail",
-                                  .codes = kCodes,
+                                  .codes = kInvoiceCodes,
                                   .hasRequest = false,
                                   .remarkClears = true};
 

@@ -17,6 +17,7 @@
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
+#include "views/digit_date.h"
 #include "views/operational/customer_lookup.h"
 #include "views/operational/open_sales_window.h"
 #include "views/operational/order_pages.h"
@@ -97,8 +98,8 @@ Currency addOrder(Grid& grid, clsInvoiceHistory& order, std::int32_t record,
   grid.set("PO Number", order.Purchase_Order_No);
   grid.set("Items", ItemCount(named));
   grid.set("Sub-Total", Format(order.Sub_Total, kSubTotalMask));
-  grid.set("Date", orderDateText(date));
-  grid.set("ndate", Date::fromText(orderDateText(date)).days() - kDayZero.days());
+  grid.set("Date", digitDateText(date));
+  grid.set("ndate", digitDateDay(date));
   return order.Sub_Total;
 }
 

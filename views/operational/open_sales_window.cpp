@@ -7,8 +7,9 @@
 #include "records/catalogue.h"
 #include "records/index_walk.h"
 #include "records/invoice_history.h"
+#include "views/digit_date.h"
 #include "views/operational/customer_lookup.h"
-#include "views/operational/detail_line_text.h"
+#include "views/operational/detail_line_cells.h"
 #include "views/operational/invoice_detail.h"
 #include "views/operational/order_pages.h"
 
@@ -22,15 +23,6 @@ constexpr const char* kLineBreak = "\r\n";
 
 constexpr std::string_view kDetailCaptions[] = {
     "Avail CR : ", "Date : ", "CM : ", "SM :  ", "PO :  ", "DEL :  "};
-
-constexpr ColumnSpec kColumns[] = {
-    {.name = "Line"},
-    {.name = "Part #"},
-    {.name = "Description"},
-    {.name = "Qty", .kind = ColumnKind::kNumber},
-    {.name = "Net", .kind = ColumnKind::kMoney},
-    {.name = "Cost", .kind = ColumnKind::kMoney},
-};
 
 constexpr Place kSheet[] = {
     {.control = "Frame1", .row = 0, .column = 0, .rowSpan = 3},
@@ -75,7 +67,7 @@ frmPTSDetail::frmPTSDetail()
       lblDtl(addLabels<6>("lblDtl")),
       lblCust((add<Frame>("Frame1", "Sold To"), add<Label>("lblCust"))),
       lblShipto((add<Frame>("Frame2", "Ship To"), add<Label>("lblShipto"))),
-      grdPTS(add<Grid>("grdPTS", kColumns)) {
+      grdPTS(add<Grid>("grdPTS", kLineColumns)) {
   for (std::size_t i = 0; i < std::size(kDetailCaptions); ++i) {
     add<Label>(elementName("Label1", static_cast<int>(i)), std::string(kDetailCaptions[i]),
                LabelRole::kCaption);
@@ -98,7 +90,7 @@ void frmPTSDetail::showOrder(const std::string& document, const PageRecord& page
   if (order.ShipTo != 0) {
     if (const auto shipTo = findCustomer(order.ShipTo)) lblShipto.setCaption(addressText(*shipTo));
   }
-  lblDtl[1]->setCaption(orderDateText(first.link()));
+  lblDtl[1]->setCaption(digitDateText(first.link()));
   lblDtl[2]->setCaption(std::to_string(order.COUNTERMAN_Number));
   lblDtl[3]->setCaption(std::to_string(order.Salesman_Number));
   lblDtl[4]->setCaption(std::string(shown(order.Purchase_Order_No)));
@@ -111,12 +103,8 @@ void frmPTSDetail::showLines(std::int32_t record) {
   detail.GetDetail();
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdPTS.AddNew();
-    grdPTS.set("Line", line[0]);
-    grdPTS.set("Part #", line[1]);
-    grdPTS.set("Description", line[2]);
-    grdPTS.set("Qty", line[3]);
-    grdPTS.set("Net", lineAmount(line, 4));
-    grdPTS.set("Cost", lineAmount(line, 5));
+    setLineCode(grdPTS, line);
+    setLineValues(grdPTS, line);
     grdPTS.Update();
   }
 }

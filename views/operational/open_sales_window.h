@@ -5,7 +5,6 @@
 #include <string>
 
 #include "forms/form.h"
-#include "records/customers.h"
 #include "views/operational/page_record.h"
 
 namespace dg {

@@ -5,7 +5,6 @@
 #include "engine/business_basic.h"
 #include "engine/walk_guard.h"
 #include "platform/checked.h"
-#include "platform/format.h"
 #include "records/catalogue.h"
 
 namespace dg {
@@ -13,7 +12,6 @@ namespace dg {
 namespace {
 
 constexpr std::int32_t kFirstFollowingPage = 2;
-constexpr std::string_view kDateMask = "##/##/##";
 
 PageRecord nextPage(const PageRecord& page) {
   return PageRecord::read(files::kInvoices, checkedAbs(page.link()));
@@ -41,10 +39,6 @@ std::int32_t ItemCount(PageRecord page) {
     count = checkedAdd(count, page.lineCount());
   }
   return count;
-}
-
-std::string orderDateText(std::int32_t number) {
-  return Format(number, kDateMask);
 }
 
 }  // namespace dg

@@ -6,15 +6,9 @@ namespace dg {
 
 namespace {
 
-constexpr DetailFormat::Code kCodes[] = {
-    {"500", DetailTotal::kLabor},
-    {"502", DetailTotal::kFreight},
-    {"550", DetailTotal::kMisc},
-};
-
 constexpr DetailFormat kFormat = {.file = files::kInvoices,
                                   .tag = "clsShopDetail",
-                                  .codes = kCodes,
+                                  .codes = kInvoiceCodes,
                                   .hasRequest = true,
                                   .remarkClears = false};
 

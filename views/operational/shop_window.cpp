@@ -14,7 +14,7 @@
 #include "records/countermen.h"
 #include "records/index_walk.h"
 #include "views/operational/customer_lookup.h"
-#include "views/operational/detail_line_text.h"
+#include "views/operational/detail_line_cells.h"
 #include "views/operational/shop.h"
 
 namespace dg {
@@ -277,12 +277,8 @@ void frmShopDetail::showLines() {
 
 void frmShopDetail::addLine(const DisplayLine& line) {
   grdShopDetail.AddNew();
-  grdShopDetail.set("Line", line[0]);
-  grdShopDetail.set("Part #", line[1]);
-  grdShopDetail.set("Description", line[2]);
-  grdShopDetail.set("Qty", line[3]);
-  grdShopDetail.set("Net", lineAmount(line, 4));
-  grdShopDetail.set("Cost", lineAmount(line, 5));
+  setLineCode(grdShopDetail, line);
+  setLineValues(grdShopDetail, line);
   grdShopDetail.set("Request", std::get<std::int32_t>(line[6]) + 1);
   grdShopDetail.Update();
 }

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "forms/form.h"
 #include "records/shop.h"
-#include "shell/view.h"
 #include "views/operational/detail_builder.h"
 #include "views/operational/shop_detail.h"
 

@@ -13,7 +13,8 @@
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
-#include "views/operational/detail_line_text.h"
+#include "views/digit_date.h"
+#include "views/operational/detail_line_cells.h"
 
 namespace dg {
 
@@ -22,7 +23,6 @@ namespace {
 constexpr int kRecapWarranties = 6;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kAmountMask = "$#####.00";
-constexpr std::string_view kDateMask = "##/##/##";
 constexpr std::string_view kPhoneMask = "000-0000";
 constexpr const char* kLineBreak = "\r\n";
 constexpr std::string_view kRemark = "REM";
@@ -68,15 +68,6 @@ constexpr HeadSort kHeadSorts[] = {
     {"ndate"},    {"Distributor"}, {"Parts"},  {"Labor"},
 };
 
-constexpr ColumnSpec kDetailColumns[] = {
-    {.name = "Line"},
-    {.name = "Part #"},
-    {.name = "Description"},
-    {.name = "Qty", .kind = ColumnKind::kNumber},
-    {.name = "Net", .kind = ColumnKind::kMoney},
-    {.name = "Cost", .kind = ColumnKind::kMoney},
-};
-
 constexpr Place kSheet[] = {
     {.control = "lblTitle", .row = 0},
     {.control = "grdWarr", .row = 1},
@@ -93,10 +84,6 @@ constexpr Place kDetailSheet[] = {
     {.control = "grdwd", .row = 1, .column = 0, .columnSpan = 3},
 };
 
-std::string digitsAsDate(std::int32_t digits) {
-  return Format(digits, kDateMask);
-}
-
 std::string text(const std::string& member) {
   return std::string(shown(member));
 }
@@ -109,7 +96,7 @@ frmWarrDetail::frmWarrDetail(const std::string& shopReference)
       lblSn1((add<Frame>("Frame2", "Serial Numbers"), add<Label>("lblSn1"))),
       lblSn2(add<Label>("lblSn2")),
       lblMisc((add<Frame>("Frame3", "Remarks"), add<Label>("lblMisc"))),
-      grdwd(add<Grid>("grdwd", kDetailColumns)) {
+      grdwd(add<Grid>("grdwd", kLineColumns)) {
   setSheet(kDetailSheet);
 }
 
@@ -119,14 +106,8 @@ void frmWarrDetail::showLines(std::int32_t number) {
   detail.GetDetail();
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdwd.AddNew();
-    grdwd.set("Line", line[0]);
-    grdwd.set("Part #", line[1]);
-    if (lineText(line, 0) != kRemark) {
-      grdwd.set("Description", line[2]);
-      grdwd.set("Qty", line[3]);
-      grdwd.set("Net", lineAmount(line, 4));
-      grdwd.set("Cost", lineAmount(line, 5));
-    }
+    setLineCode(grdwd, line);
+    if (lineText(line, 0) != kRemark) setLineValues(grdwd, line);
     grdwd.Update();
   }
   grdwd.MoveFirst();
@@ -192,7 +173,7 @@ void BilledWarranties::addClaim(const clsWarranty& claim, const Reference& refer
     grdWarr.set("Brand/Type", text(claim.Repair_Brand) + " - " + text(claim.Repair_Equip_Desc));
   }
   grdWarr.set("Date Billed", claim.Date_Billed);
-  grdWarr.set("ndate", Date::fromText(digitsAsDate(billedDigits)).days() - kDayZero.days());
+  grdWarr.set("ndate", digitDateDay(billedDigits));
   grdWarr.set("Distributor", claim.Distributor);
   if (detail.DetailError()) {
     grdWarr.set("Parts", std::string());

@@ -3,9 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
 
-#include "platform/currency.h"
 #include "records/warranty.h"
 #include "shell/view.h"
 #include "views/operational/warranty_detail.h"

@@ -1,0 +1,16 @@
+#include "views/digit_date.h"
+
+#include "platform/date.h"
+#include "platform/format.h"
+
+namespace dg {
+
+std::string digitDateText(std::int32_t digits) {
+  return Format(digits, "##/##/##");
+}
+
+std::int32_t digitDateDay(std::int32_t digits) {
+  return Date::fromText(digitDateText(digits)).days() - kDayZero.days();
+}
+
+}  // namespace dg
