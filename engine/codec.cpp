@@ -19,10 +19,6 @@ constexpr unsigned kSecondWeight = 40;
 /// Characters of the table that code 10 of Stma can change.
 constexpr std::size_t kMaskHeadSize = 4;
 
-/// The first and the last day that the run-time's dates reach: 1 January 100, 31 December 9999.
-constexpr std::int32_t kFirstDay = -657434;
-constexpr std::int32_t kLastDay = 2958465;
-
 std::string quoted(char opcode) {
   return {'"', opcode, '"'};
 }
@@ -95,10 +91,7 @@ Date dateFromDigits(std::int32_t digits) {
 
 /// The suite's day number to a date: number 0 is the empty date, as is 1 by arithmetic.
 Date dateFromDayNumber(std::int32_t number) {
-  if (number == 0) return kEmptyDate;
-  const std::int32_t days = checkedAdd(kDayZero.days(), number);
-  if (days < kFirstDay || days > kLastDay) throw RunTimeError(kOverflow);
-  return Date(days);
+  return number == 0 ? kEmptyDate : kDayZero.plusDays(number);
 }
 
 std::int32_t toLong(const Variant& value) {
