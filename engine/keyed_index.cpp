@@ -16,9 +16,6 @@ namespace {
 
 using namespace index_cursor;
 
-/// Bytes of an entry behind its key.
-constexpr std::int32_t kPointerSize = 4;
-
 std::int32_t blockOffset(const cLogicalFile& file, std::int32_t block) {
   return checkedMultiply(checkedAdd(file.Position, block), kBlockSize);
 }

@@ -27,6 +27,16 @@ inline constexpr std::int32_t kEntries = 37;       ///< first entry
 /// NextLeaf of the last leaf.
 inline constexpr std::int32_t kNoNextLeaf = 65535;
 
+/// Bytes of an entry behind its key, and bytes of a node behind its count and next leaf.
+inline constexpr std::int32_t kPointerSize = 4;
+inline constexpr std::int32_t kEntriesSize = kBlockSize - 4;
+
+/// A bound of the entries that a walk meets in one block of an index; for a WalkGuard.
+constexpr std::int64_t mostEntriesPerBlock(std::int32_t keyLength) {
+  const std::int64_t entryLength = std::int64_t{keyLength < 0 ? 0 : keyLength} + kPointerSize;
+  return kEntriesSize / entryLength + 1;
+}
+
 // The index operations on an open logical file; see engine/business_basic.h. What they raise beside
 // the errors of the file's reads:
 //   5   an entry length below 4, which leaves the key a negative length; the entry in front of the

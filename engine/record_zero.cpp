@@ -11,8 +11,6 @@ namespace dg {
 
 namespace {
 
-constexpr std::int32_t kEntriesSize = kBlockSize - 4;
-
 std::int32_t headOffset(const cLogicalFile& file) {
   return checkedMultiply(file.Position, kBlockSize);
 }
@@ -31,7 +29,7 @@ void initialiseRecords(const std::shared_ptr<cLogicalFile>& file, bool& orb) {
 
 void initialiseIndex(const cLogicalFile& file, std::int32_t keyLength, bool duplicateKeys,
                      std::int32_t blockingFactor, bool& orb) {
-  const std::int32_t entryLength = checkedAdd(keyLength, 4);
+  const std::int32_t entryLength = checkedAdd(keyLength, kPointerSize);
   if (entryLength == 0) throw RunTimeError(kDivisionByZero);
   const std::int32_t entries = kEntriesSize / entryLength;
 

@@ -3,22 +3,11 @@
 #include <utility>
 
 #include "engine/codec.h"
+#include "engine/keyed_index.h"
 #include "engine/state.h"
 #include "platform/checked.h"
 
 namespace dg {
-
-namespace {
-
-// An index block is its count and next leaf, and then entries of a key and a pointer each.
-constexpr std::size_t kEntriesSize = kBlockSize - 4;
-constexpr std::size_t kPointerSize = 4;
-
-std::int64_t entriesPerBlock(std::size_t keyLength) {
-  return static_cast<std::int64_t>(kEntriesSize / (keyLength + kPointerSize)) + 1;
-}
-
-}  // namespace
 
 std::string integerKey(char opcode, std::int32_t value) {
   std::string key(static_cast<std::size_t>(opcodeWidth(opcode)), '\0');
@@ -41,7 +30,8 @@ WalkGuard IndexWalk::start() {
   bool orb = true;
   sharedEngine().KFind(index_, cursor_, key_, record_, orb);
   record_ = checkedAbs(record_);
-  return WalkGuard(*index_, entriesPerBlock(key_.size()));
+  const auto keyLength = static_cast<std::int32_t>(key_.size());
+  return WalkGuard(*index_, mostEntriesPerBlock(keyLength));
 }
 
 std::int32_t IndexWalk::keyField(char opcode, std::int32_t position) const {
@@ -52,6 +42,7 @@ void IndexWalk::next() {
   guard_.step();
   bool orb = true;
   sharedEngine().KNext(index_, cursor_, key_, record_, orb);
+  record_ = checkedAbs(record_);
 }
 
 }  // namespace dg

@@ -26,7 +26,8 @@ class IndexWalk {
   IndexWalk(const char* index, std::string key);
 
   /// Whether the walk has run past the last entry (or met one that points to no record).
-  bool atEnd() const { return record_ <= 0; }
+  bool atEnd() const { return record_ == 0; }
+  /// The magnitude of what the index gave: the first entry's sign tells only that it was not met.
   std::int32_t record() const { return record_; }
   const std::string& key() const { return key_; }
   /// An integer of the current key.

@@ -5,6 +5,7 @@
 #include "engine/codec.h"
 #include "platform/file.h"
 #include "records/index_walk.h"
+#include "tests/support/damage.h"
 #include "tests/support/dgtool_run.h"
 
 namespace dg {
@@ -110,6 +111,36 @@ TEST(DgtoolInspectTest, AnEmptyIndexHasNoEntriesFromEitherEnd) {
     EXPECT_TRUE(tool.json()["entries"].empty());
     EXPECT_EQ(tool.json()["count"], 0);
   }
+}
+
+TEST(DgtoolInspectTest, AnIndexWhoseLeavesBreakOffStillShowsThoseBefore) {
+  DgtoolRun tool;
+  addKeys(tool, 300);
+  std::vector<SampleFile> files = tool.store.builder.finish();
+  for (const test::PlacedFile& file : test::placedFiles(files)) {
+    if (file.name != "CUSTI") continue;
+    std::string& data = files[file.data].content;
+    const auto leaf = static_cast<std::size_t>(file.startBlock + 1) * kBlockSize;
+    Pack('C', data, 1, static_cast<std::int32_t>(leaf) + 3);  // the first leaf leads to itself
+  }
+  tool.store.openStore(std::move(files));
+  tool.useOpenStore();
+  EXPECT_EQ(tool.run({"inspect", "keys", "CUSTI", "--json", "--limit", "3"}), 1);
+  EXPECT_EQ(tool.json()["keyLength"], 4);
+  EXPECT_TRUE(tool.json()["count"].is_null());
+  EXPECT_EQ(tool.json()["error"], "Overflow");
+  EXPECT_EQ(records(tool.json()), (std::vector<int>{1, 2, 3}));
+}
+
+TEST(IndexWalkTest, ARecordNumberWithASignIsItsMagnitudeAndEndsNoWalk) {
+  ProgramRun run;
+  for (int i = 1; i <= 4; ++i)
+    run.builder.index("CUSTI").add(integerKey('L', i), i % 2 == 0 ? -10 * i : i);
+  run.openEngine();
+  std::vector<int> met;
+  for (IndexWalk walk("CUSTI", integerKey('L', 0)); !walk.atEnd(); walk.next())
+    met.push_back(walk.record());
+  EXPECT_EQ(met, (std::vector<int>{1, 20, 3, 40}));
 }
 
 TEST(DgtoolInspectTest, ARecordIsShownAsBytesOrThroughItsClass) {

@@ -11,8 +11,8 @@
 namespace dg {
 
 // The `dgtool inspect` commands. Each returns the exit status: 1 when something in the store could
-// not be read as it should. They raise UsageError for a store, file, class or record that is not
-// there.
+// not be read as it should. They raise UsageError for a store, file, class or control block that is
+// not there, and 81 for a record that is not.
 
 /// The logical files of the store's directory.
 int inspectFiles(const InspectOptions& options, const Console& console);

@@ -1,10 +1,10 @@
-#include <algorithm>
 #include <iomanip>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "engine/business_basic.h"
+#include "engine/keyed_index.h"
 #include "engine/state.h"
 #include "engine/walk_guard.h"
 #include "platform/checked.h"
@@ -26,13 +26,8 @@ struct KeyList {
   std::optional<std::int32_t> keyLength;
   std::optional<std::int32_t> count;
   std::vector<KeyEntry> entries;
-  std::string error;  ///< what ended the walk early; empty: nothing
+  std::string error;  ///< what ended the count or the walk early; empty: nothing
 };
-
-/// More entries than this a block of the index cannot hold.
-std::int64_t entriesPerBlock(std::int32_t keyLength) {
-  return kBlockSize / (std::int64_t{std::max(keyLength, 0)} + 4) + 1;
-}
 
 class KeyWalk {
  public:
@@ -40,18 +35,24 @@ class KeyWalk {
       : index_(std::move(index)), options_(options) {}
 
   KeyList run() {
-    try {
-      bool orb = true;
-      list_.keyLength = sharedEngine().KLength(index_, orb);
-      list_.count = sharedEngine().KCount(index_, orb);
-      walk();
-    } catch (const RunTimeError& error) {
-      list_.error = error.description();
-    }
+    bool orb = true;
+    noteError([&] { list_.keyLength = sharedEngine().KLength(index_, orb); });
+    // A chain of leaves that breaks off has no count, and still entries before the break.
+    noteError([&] { list_.count = sharedEngine().KCount(index_, orb); });
+    if (list_.keyLength) noteError([this] { walk(); });
     return std::move(list_);
   }
 
  private:
+  template <class Step>
+  void noteError(Step step) {
+    try {
+      step();
+    } catch (const RunTimeError& error) {
+      list_.error = error.description();
+    }
+  }
+
   bool backwards() const { return options_.reverse; }
 
   /// Where the walk begins. Backwards without a place to begin at is from the end.
@@ -62,7 +63,7 @@ class KeyWalk {
       sharedEngine().KFind(index_, cursor_, key_, record_, orb);
     } else if (options_.last || backwards()) {
       // The last entry is looked for before the end mark, so an empty index must not be asked.
-      if (*list_.count > 0) sharedEngine().KLast(index_, cursor_, key_, record_, orb);
+      if (list_.count != 0) sharedEngine().KLast(index_, cursor_, key_, record_, orb);
     } else {
       sharedEngine().KFind(index_, cursor_, key_, record_, orb);
       record_ = checkedAbs(record_);
@@ -70,7 +71,7 @@ class KeyWalk {
   }
 
   void walk() {
-    WalkGuard guard(*index_, entriesPerBlock(*list_.keyLength));
+    WalkGuard guard(*index_, mostEntriesPerBlock(*list_.keyLength));
     start();
     while (record_ != 0) {
       if (options_.limit && std::cmp_greater_equal(list_.entries.size(), *options_.limit)) return;
