@@ -27,40 +27,15 @@ int hexDigit(char c) {
   return -1;
 }
 
-std::optional<Date> parseDay(std::string_view text) {
-  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  const auto year = digits(text.substr(0, 4));
-  const auto month = digits(text.substr(5, 2));
-  const auto day = digits(text.substr(8, 2));
-  if (!year || !month || !day) return std::nullopt;
-  return Date::fromCalendar(*year, *month, *day);
-}
-
-std::optional<int> parseSecondOfDay(std::string_view text) {
-  if ((text.size() != 5 && text.size() != 8) || text[2] != ':') return std::nullopt;
-  const auto hour = digits(text.substr(0, 2));
-  const auto minute = digits(text.substr(3, 2));
-  std::optional<int> second = 0;
-  if (text.size() == 8) {
-    if (text[5] != ':') return std::nullopt;
-    second = digits(text.substr(6, 2));
-  }
-  if (!hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59) {
-    return std::nullopt;
-  }
-  return (*hour * 60 + *minute) * 60 + *second;
-}
-
 }  // namespace
 
 std::optional<Date> parseMoment(const std::string& text) {
-  const auto day = parseDay(std::string_view(text).substr(0, 10));
-  if (!day) return std::nullopt;
-  if (text.size() == 10) return day;
-  if (text[10] != 'T' && text[10] != ' ') return std::nullopt;
-  const auto second = parseSecondOfDay(std::string_view(text).substr(11));
-  if (!second) return std::nullopt;
-  return Date(day->days(), *second);
+  constexpr std::size_t kMark = 10;
+  constexpr std::size_t kWithoutSeconds = 16;
+  std::string moment = text;
+  if (moment.size() > kMark && moment[kMark] == ' ') moment[kMark] = 'T';
+  if (moment.size() == kWithoutSeconds) moment += ":00";
+  return Date::fromIso(moment);
 }
 
 std::optional<HeadClick> parseHeadClick(const std::string& text) {

@@ -70,8 +70,8 @@ struct SampleCommandOptions {
   bool warrantySegments = false;
 };
 
-/// A moment such as "2026-11-24T10:30:00", with a blank for the "T", or a day alone. Nothing when
-/// the text is no such moment.
+/// A moment such as "2026-11-24T10:30:00", also with a blank for the "T" or without seconds, or a
+/// day alone. Nothing when the text is no such moment.
 std::optional<Date> parseMoment(const std::string& text);
 
 /// The parts of "VIEW.GRID:INDEX", or nothing.
