@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <iostream>
 #include <string>
-#include <sys/resource.h>
 #include <vector>
 
 #include "engine/codec.h"
@@ -12,6 +11,7 @@
 #include "tests/support/engine_store.h"
 #include "tests/support/error_number.h"
 #include "tests/support/full_run.h"
+#include "tests/support/resident_memory.h"
 #include "tests/support/step_limit.h"
 #include "tools/sample/sample_store.h"
 
@@ -22,13 +22,6 @@ namespace {
 std::uint64_t fromEnvironment(const char* name, std::uint64_t otherwise) {
   const char* text = std::getenv(name);
   return text == nullptr || *text == '\0' ? otherwise : std::strtoull(text, nullptr, 10);
-}
-
-/// The greatest resident memory of the process so far.
-std::int64_t residentKilobytes() {
-  struct rusage usage = {};
-  EXPECT_EQ(getrusage(RUSAGE_SELF, &usage), 0);
-  return usage.ru_maxrss;
 }
 
 #if defined(__SANITIZE_ADDRESS__)
