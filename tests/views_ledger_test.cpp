@@ -157,6 +157,18 @@ TEST_F(Ledger, TheChartsRecordDecidesWhereItDisagreesWithItsIndex) {
   EXPECT_EQ(view->grdGLCash.rows(), (std::vector<Cells>{{"2", "600", "MOVED", "$2.00"}}));
 }
 
+TEST_F(Ledger, ASignedPointerIsADetailLikeAnyOther) {
+  addPosted(1, 500, {.cents = 100});
+  const std::int32_t second = run_.builder.records("GLDTL").add(
+      RecordWriter(64).integer(5, 'L', 500).integer(56, 'L', 4'000).bytes());
+  addDetailKey(1, 500, -second);
+  addDetail(1, 500, 500, {.cents = 20'000});
+  addEnd();
+  choose("Asset", "01500");
+  const auto view = load<frmGLA>();
+  EXPECT_EQ(column(view->grdGLCash, "Balance"), Cells{"$241.00"});
+}
+
 TEST_F(Ledger, ADetailOfAnotherAccountEndsTheSum) {
   addPosted(1, 500, {.cents = 100});
   addDetail(1, 500, 501, {.cents = 200});

@@ -105,6 +105,18 @@ TEST_F(PurchaseOrders, AnEntryWithoutItsFileAddsNothing) {
   EXPECT_TRUE(run_.logged.empty());
 }
 
+TEST_F(PurchaseOrders, ASignedPointerEndsTheListUnlessItIsTheFirst) {
+  for (const char* name : {"V1", "V2", "V3", "V4"}) {
+    run_.builder.addFile(name, Document{.name = name, .total = 100}.bytes());
+    const bool isSigned = name[1] == '1' || name[1] == '3';
+    run_.builder.index("PUTBI").add(test::documentKey(name, 20), isSigned ? -7 : 7);
+  }
+  const auto view = load<frmPo>();
+  EXPECT_EQ(column(view->grdPO, "PO Number"), (Cells{"V1", "V2"}));
+  EXPECT_EQ(recap(8), "$2.00");
+  EXPECT_TRUE(run_.logged.empty());
+}
+
 TEST_F(PurchaseOrders, AnEmptyIndexHasATotalOfZero) {
   const auto view = load<frmPo>();
   EXPECT_EQ(view->grdPO.Rows(), 0);

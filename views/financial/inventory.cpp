@@ -27,6 +27,7 @@ constexpr std::int32_t kFirstForeignLine = 1000;
 /// The program keeps its lines in a table of this size; a store with more is an error.
 constexpr int kMaxLines = 1000;
 
+// "Peices" is the program's own spelling; users find the heading by it.
 constexpr ColumnSpec kColumns[] = {
     {.name = "Line", .kind = ColumnKind::kNumber, .group = "Product Group"},
     {.name = "Alpha"},

@@ -107,6 +107,8 @@ void frmPo::GetPO() {
   grdPO.RemoveAll();
   grdPO.Refresh();
   Currency total;
+  // Only the first entry is taken by its magnitude: behind it a negative pointer ends the list, as
+  // the owners' totals have always had it.
   for (IndexWalk walk(files::kPurchaseOrderIndex, first); !walk.atEnd(); walk.next()) {
     const VendorDocumentKey key = VendorDocumentKey::decode(walk.key());
     if (!isOpen(key)) continue;
