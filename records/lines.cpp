@@ -15,8 +15,6 @@ namespace {
 
 using Self = clsLines;
 
-/// Line numbers from here on are no product lines.
-constexpr std::int32_t kFirstForeignLine = 1000;
 constexpr int kIllegalRecordNumber = 81;
 
 /// The commodity index has a key of the line number and one commodity code. The list begins with

@@ -12,6 +12,9 @@
 
 namespace dg {
 
+/// Line numbers from here on are no product lines; walks over "LINEI" end at the first of them.
+inline constexpr std::int32_t kFirstForeignLine = 1000;
+
 /// A product line of the parts department with its running totals: "LINEL", found through "LINEI"
 /// by line number, continued in "ELINEL". Members without a comment are carried, not shown.
 class clsLines final : public TableRecord<clsLines> {

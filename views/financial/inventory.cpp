@@ -22,8 +22,6 @@ constexpr std::string_view kSalesMask = "$##,###,###.00";
 constexpr std::string_view kTurnsMask = "####.00";
 constexpr std::string_view kRateMask = "##.00";
 
-/// The list ends at the first line number that is no product line.
-constexpr std::int32_t kFirstForeignLine = 1000;
 /// The program keeps its lines in a table of this size; a store with more is an error.
 constexpr int kMaxLines = 1000;
 

@@ -22,9 +22,6 @@ constexpr std::string_view kAmountMask = "$##,###,##0.00";
 constexpr std::string_view kTotalRateMask = "00.00%";
 constexpr std::string_view kRateMask = "##.0%";
 
-/// The list ends at the first line number that is no product line.
-constexpr std::int32_t kFirstForeignLine = 1000;
-
 constexpr ColumnSpec money(std::string_view name, std::string_view caption,
                            std::string_view group = {}) {
   return {.name = name,

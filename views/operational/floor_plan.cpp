@@ -27,9 +27,6 @@ constexpr int kRecapFloorPlan = 11;
 constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 
-/// The list ends at the first line number that is no product line.
-constexpr std::int32_t kFirstForeignLine = 1000;
-
 constexpr std::string_view kHasExtents = "Yes";
 constexpr std::string_view kTextLine = "REM";
 

@@ -26,8 +26,6 @@ constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 constexpr std::string_view kMeterMask = "######0.0";
 
-/// The list ends at the first line number that is no product line.
-constexpr std::int32_t kFirstForeignLine = 1000;
 constexpr std::string_view kUnitLine = "U";
 
 /// The user's own captions stand in this block of the control file.
