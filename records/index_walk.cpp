@@ -42,7 +42,6 @@ void IndexWalk::next() {
   guard_.step();
   bool orb = true;
   sharedEngine().KNext(index_, cursor_, key_, record_, orb);
-  record_ = checkedAbs(record_);
 }
 
 }  // namespace dg

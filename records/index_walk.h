@@ -25,9 +25,11 @@ class IndexWalk {
  public:
   IndexWalk(const char* index, std::string key);
 
-  /// Whether the walk has run past the last entry (or met one that points to no record).
-  bool atEnd() const { return record_ == 0; }
-  /// The magnitude of what the index gave: the first entry's sign tells only that it was not met.
+  /// Whether the walk has run past the last entry, or met one that points to no record: a pointer
+  /// with a sign behind the first entry ends most lists too. Walks that go on there ask record().
+  bool atEnd() const { return record_ <= 0; }
+  /// What the index gave; of the first entry the magnitude, because its sign tells only that the
+  /// key was not met.
   std::int32_t record() const { return record_; }
   const std::string& key() const { return key_; }
   /// An integer of the current key.

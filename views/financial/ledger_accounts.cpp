@@ -204,7 +204,7 @@ double LedgerAccounts::GetGLBalance(const std::string& key, std::int32_t account
         double cents = 0;
         for (IndexWalk walk(files::kLedgerDetailIndex, key);; walk.next()) {
           if (walk.record() == 0) return;
-          record = walk.record();
+          record = checkedAbs(walk.record());
           bool orb = true;
           const std::string detail = engine.LreadFile(files::kLedgerDetails, record, orb);
           if (engine.Unpack('L', detail, kDetailAccount) != account) break;
