@@ -145,7 +145,8 @@ clsLines::clsLines() {
 }
 
 void clsLines::Read(std::int32_t number, bool& lock) {
-  if (number < 1 || !lines_ || number > lines_->LastRecord) {
+  if (!lines_) throw RunTimeError(kObjectNotSet);
+  if (number < 1 || number > lines_->LastRecord) {
     throw RunTimeError(kIllegalRecordNumber, "", "Illegal Record Number");
   }
   std::string record = sharedEngine().LreadFile(lines_, number, lock);

@@ -23,8 +23,8 @@ class clsLines final : public TableRecord<clsLines> {
   clsLines();
 
   /// Reads a record and its extension and unpacks them. `lock` is passed on to the logical read.
-  /// Raises 81 "Illegal Record Number" for a number below 1 or above the file's capacity, and
-  /// what the engine raises.
+  /// Raises 81 "Illegal Record Number" for a number below 1 or above the file's capacity, 91 while
+  /// the file is closed, and what the engine raises.
   void Read(std::int32_t number, bool& lock);
 
   static std::span<const Field<clsLines>> fields();

@@ -236,7 +236,8 @@ clsParts::clsParts() {
 }
 
 void clsParts::Read(std::int32_t number, bool& lock) {
-  if (number < 1 || !parts_ || number > parts_->LastRecord) {
+  if (!parts_) throw RunTimeError(kObjectNotSet);
+  if (number < 1 || number > parts_->LastRecord) {
     throw RunTimeError(kIllegalRecordNumber, "", "Read - Illegal Record Number");
   }
   std::string record = sharedEngine().LreadFile(parts_, number, lock);
