@@ -20,9 +20,11 @@ void normaliseTransactionType(clsShop& job, const std::string&) {
   }
 }
 
+/// A record that ends before this field keeps what position 7 gave; 0 is the account there too.
 void readShipTo(clsShop& job, const std::string& record) {
-  job.ShipTo = Unpack('K', record, 141);
-  if (job.ShipTo != -1) job.ShipTo = Unpack('D', record, 141);
+  if (const auto stored = tryUnpack('K', record, 141)) {
+    job.ShipTo = *stored == -1 ? -1 : Unpack('D', record, 141);
+  }
   if (job.ShipTo == 0) job.ShipTo = job.Account;
 }
 

@@ -252,6 +252,12 @@ TEST(ShopRecords, TheShipToFallsBackToTheAccount) {
   EXPECT_EQ(shipTo(-1), -1);
   EXPECT_EQ(shipTo(-2), 0xFFFFFE);
   EXPECT_EQ(shipTo(44), 44);
+
+  clsShop cut;
+  cut.Unpack(RecordWriter(142).integer(3, 'L', 900).bytes());
+  EXPECT_EQ(cut.ShipTo, 900) << "the account also where the field is missing";
+  cut.Unpack(RecordWriter(142).integer(3, 'L', 900).integer(7, 'D', 55).bytes());
+  EXPECT_EQ(cut.ShipTo, 55);
 }
 
 TEST(ShopRecords, TwoMembersShareAByte) {
