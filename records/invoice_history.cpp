@@ -25,8 +25,7 @@ Layout layoutOf(std::int32_t type) {
   return Layout::kNone;
 }
 
-/// Signed where it is a small negative number, unsigned below -1; -1 is no ship-to: the account
-/// itself.
+/// -1 is no ship-to: the account itself. Any lower value is the upper half of an unsigned account.
 void readShipTo(clsInvoiceHistory& header, const std::string& record) {
   header.ShipTo = Unpack('K', record, 141);
   if (header.ShipTo < -1) header.ShipTo = Unpack('D', record, 141);

@@ -22,7 +22,7 @@ class clsInvoiceHistory final : public Record {
   void Pack(std::string& record) const override;
   std::vector<MemberValue> members() const override;
 
-  std::int32_t Record_Status = 0;  ///< type of the record; see salesLayout and orderLayout
+  std::int32_t Record_Status = 0;  ///< type of the record: selects the layout
   std::int16_t IsOrderLayout = 0;  ///< -1 after an order, 0 after a sale
   std::int16_t SaleFlag = 0;       ///< -1 for a sale whose raw transaction type is above 20
 

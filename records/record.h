@@ -20,12 +20,14 @@ struct MemberValue {
 /// What all record classes share: members filled from a record's bytes and written back to them.
 ///
 /// The record a class unpacks is the main record and, where the file has one, the extension record
-/// of the same number behind it. An instance holds the last record unpacked: a member that the next
-/// record does not reach keeps its value.
+/// of the same number behind it. An instance holds the last record unpacked. Of a field that the
+/// next record does not reach, a number keeps its value, a text becomes the bytes there are, and a
+/// date the empty date.
 class Record {
  public:
   virtual ~Record() = default;
-  /// Fills the members from the record's bytes. An error in a field leaves that member alone.
+  /// Fills the members from the record's bytes. An error in a field leaves that member alone and
+  /// does not end the reading.
   virtual void Unpack(const std::string& record) = 0;
   /// Writes the members back into a string that is long enough; what does not fit is left out.
   virtual void Pack(std::string& record) const = 0;
