@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/codec.h"
@@ -191,6 +192,22 @@ TEST(DgtoolInspectTest, ARecordWithoutItsExtensionStillHasItsFirstMembers) {
   EXPECT_EQ(tool.run({"inspect", "record", "LINEL", "900", "--as", "clsLines", "--json"}), 1);
   EXPECT_EQ(tool.json()["length"], 192);
   EXPECT_NE(tool.err.find("ELINEL"), std::string::npos) << tool.err;
+}
+
+TEST(DgtoolInspectTest, AFailureThatAClassTrapsItselfIsTold) {
+  DgtoolRun tool;
+  tool.store.builder.records("LINEL").add(std::string(192, ' '));
+  tool.store.builder.records("ELINEL").add(std::string(64, ' '));
+  auto files = tool.store.builder.finish();
+  for (auto& file : files) {
+    if (!file.path.ends_with("LINKSFILE")) continue;
+    file.content.replace(file.content.find("COMODI"), 6, "NOMODI");
+  }
+  tool.store.openStore(std::move(files));
+  tool.useOpenStore();
+  EXPECT_EQ(tool.run({"inspect", "record", "LINEL", "1", "--as", "clsLines", "--json"}), 1);
+  EXPECT_EQ(tool.json()["members"]["Commodities"], json::array({" "}));
+  EXPECT_NE(tool.err.find("COMODI"), std::string::npos) << tool.err;
 }
 
 }  // namespace

@@ -182,7 +182,7 @@ int inspectRecord(const InspectOptions& options, const Console& console) {
   }
   if (!facts.trouble.empty()) console.complain(facts.trouble);
   session.complain();
-  return facts.trouble.empty() ? 0 : 1;
+  return facts.trouble.empty() && session.failures().empty() ? 0 : 1;
 }
 
 }  // namespace dg

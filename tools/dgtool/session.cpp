@@ -70,6 +70,7 @@ Session::~Session() {
 }
 
 void Session::openEngine() {
+  connectFailureLog();
   ReadCatalogConfiguration();
   if (storeReachable()) return;
   complain();
