@@ -85,6 +85,7 @@ void GridView::synchronize() {
   if (rowsDiffer) {
     revision_ = grid_.revision();
     model_->synchronize();
+    restoreSelection();
     if (grid_.Rows() == 0) fitted_ = false;
     if (!fitted_) fitColumns();
     Q_EMIT rowsChanged();
@@ -97,9 +98,15 @@ void GridView::setFilter(const QString& text) {
   const int row = model_->gridRow(currentIndex().row());
   const int column = currentIndex().column();
   model_->setFilter(text);
+  restoreSelection();
   const QModelIndex kept =
       model_->index(model_->modelRow(row), column < 0 ? firstVisibleColumn() : column);
-  if (kept.isValid()) setCurrentIndex(kept);
+  if (kept.isValid()) {
+    selectionModel()->setCurrentIndex(kept, grid_.multiSelect
+                                                ? QItemSelectionModel::NoUpdate
+                                                : QItemSelectionModel::ClearAndSelect);
+    scrollTo(kept);
+  }
   Q_EMIT rowsChanged();
 }
 
@@ -206,6 +213,20 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QTableView::keyPressEvent(event);
+}
+
+void GridView::restoreSelection() {
+  if (!grid_.multiSelect) return;
+  QItemSelection kept;
+  std::vector<int> shown;
+  for (const int row : grid_.SelBookmarks) {
+    const QModelIndex index = model_->index(model_->modelRow(row), firstVisibleColumn());
+    if (!index.isValid()) continue;
+    kept.select(index, index);
+    shown.push_back(row);
+  }
+  selectionModel()->select(kept, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  grid_.SelBookmarks = std::move(shown);
 }
 
 void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

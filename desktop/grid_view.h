@@ -57,6 +57,9 @@ class GridView : public QTableView {
   void headClicked(int column);
   void showSortArrow();
   void showCurrentRow();
+  /// A reset of the model clears the selection without a word. Rows that are still on show get it
+  /// back, others lose it, so that nothing is moved that is not seen selected.
+  void restoreSelection();
   void setHovered(const QModelIndex& index);
   bool opensRow(const QModelIndex& index) const;
   int firstVisibleColumn() const;

@@ -205,6 +205,15 @@ TEST_F(DesktopGridTest, SelectedRowsReachAGridOfManySelections) {
   clickCell(view(), 0, 0);
   clickCell(view(), 2, 1, Qt::ControlModifier);
   EXPECT_EQ(grid_.SelBookmarks, (std::vector{0, 2}));
+  const auto seen = [this] { return view().selectionModel()->selectedRows().size(); };
+  panel_->filterBox().setText("zeta");
+  EXPECT_EQ(grid_.SelBookmarks, std::vector{2}) << "no row is selected unseen";
+  EXPECT_EQ(seen(), 1);
+  panel_->filterBox().clear();
+  grid_.AddItem("4\tNew");
+  view().synchronize();
+  EXPECT_EQ(grid_.SelBookmarks, std::vector{2});
+  EXPECT_EQ(seen(), 1) << "new rows leave the selection";
   panel_->filterBox().setText("zeta");
   clickCell(view(), 0, 0);
   EXPECT_EQ(grid_.SelBookmarks, std::vector{2});
