@@ -85,6 +85,10 @@ QWidget* SplashWindow::buildTitle() {
 }
 
 void SplashWindow::progressed() {
+  if (dismissed_) {
+    form_.dismiss();
+    return;  // this window is gone
+  }
   bar_->setValue(qMin(bar_->value() + 1, bar_->maximum()));
   if (!isVisible()) return;
   repaint();
@@ -100,11 +104,17 @@ void SplashWindow::paintEvent(QPaintEvent*) {
 }
 
 void SplashWindow::keyPressEvent(QKeyEvent*) {
-  form_.dismiss();
+  dismissSoon();
 }
 
 void SplashWindow::mousePressEvent(QMouseEvent*) {
-  form_.dismiss();
+  dismissSoon();
+}
+
+void SplashWindow::dismissSoon() {
+  // Dismissing the form deletes this window, which must not happen inside its own event.
+  dismissed_ = true;
+  hide();
 }
 
 }  // namespace dg

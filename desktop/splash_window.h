@@ -24,9 +24,11 @@ class SplashWindow : public QWidget {
  private:
   QWidget* buildTitle();
   void progressed();
+  void dismissSoon();
 
   frmSplash& form_;
   QProgressBar* bar_;
+  bool dismissed_ = false;  // by the user; the form follows with the next progress text
   Connection progressed_;
 };
 
