@@ -72,7 +72,7 @@ struct Progress {
   std::int32_t record = 0;  ///< record number that the index gave last
   std::int32_t read = 0;    ///< records read
   std::int32_t added = 0;   ///< rows added
-  std::int32_t walked = 0;  ///< index entries walked
+  std::int32_t walked = 0;  ///< index entries left behind
 
   std::string text(const RunTimeError& error, const std::string& kind) const {
     // Statements carry no line numbers, so the line of an error is always 0.
@@ -132,8 +132,8 @@ void frmSetup::GetGLAccount(const std::string& kind, Grid& grid) {
       [&] {
         std::string key = integerKey('L', kFirstKey);
         key.resize(kKeyWidth, ' ');
-        for (IndexWalk walk(files::kChartIndex, key); !walk.atEnd(); walk.next()) {
-          ++progress.walked;
+        for (IndexWalk walk(files::kChartIndex, key); !walk.atEnd();
+             walk.next(), ++progress.walked) {
           progress.record = walk.record();
           bool orb = true;
           const cBusinessBasic& engine = sharedEngine();
