@@ -126,6 +126,24 @@ TEST(DgtoolCommandLineTest, ADataErrorHasStatusOne) {
   EXPECT_EQ(tool.run({"report", "--view", "FRMRECAP"}), 0) << tool.err;
 }
 
+TEST(DgtoolCommandLineTest, ALoadThatBreaksOffHasStatusOneAndAStoreWithoutANameHasNot) {
+  DgtoolRun tool;
+  tool.store.missing = {"FILE0"};
+  bool breaks = false;
+  tool.addView("frmAR", [&](TestView& view) {
+    view.onLoad = [&] {
+      if (breaks) throw RunTimeError(kOverflow);
+    };
+  });
+  EXPECT_EQ(tool.run({"report", "--json"}), 0);
+  EXPECT_EQ(tool.json()["storeName"], "Error finding Store Name");
+  EXPECT_EQ(tool.run({"report", "--json", "--refresh"}), 0);
+
+  breaks = true;
+  EXPECT_EQ(tool.run({"report", "--json"}), 1);
+  EXPECT_EQ(tool.json()["log"].back(), "*Error  6 : Overflow");
+}
+
 TEST(DgtoolCommandLineTest, AnAnswerThatCannotBeWrittenHasStatusTwo) {
   DgtoolRun tool;
   tool.store.openStore();

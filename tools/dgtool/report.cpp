@@ -127,6 +127,12 @@ bool anyDataError(const frmTRVN& main) {
   return false;
 }
 
+/// Whether the load, and the refresh after it, came to their end: showing a view is their last
+/// step.
+bool isComplete(const frmTRVN& main) {
+  return main.CurrentView() != nullptr && main.CurrentView()->visible();
+}
+
 }  // namespace
 
 const Label* recapLabel(const View* recap, int index) {
@@ -161,7 +167,7 @@ int runReport(const ReportOptions& options, const Console& console,
     click(views, each);
   writeReport(options, console, session, main, views);
   if (options.format != ReportFormat::kJson) session.complain();
-  return anyDataError(main) || !main.LastError.empty() ? 1 : 0;
+  return anyDataError(main) || !isComplete(main) ? 1 : 0;
 }
 
 }  // namespace dg

@@ -6,8 +6,9 @@
 
 namespace dg {
 
-/// `dgtool report`. Returns the exit status: 1 when a view ended in "Data Error !", 2 when the
-/// store could not be reached. Raises UsageError for a view, grid or column that is not there.
+/// `dgtool report`. Returns the exit status: 1 when a view ended in "Data Error !" or the load
+/// broke off, 2 when the store could not be reached. Raises UsageError for a view, grid or column
+/// that is not there.
 int runReport(const ReportOptions& options, const Console& console, const ViewCatalogue& catalogue);
 
 /// A label of the recap, or null when there is no recap.
