@@ -80,8 +80,6 @@ class Grid final : public Control {
   int Bookmark() const { return current_; }
   /// Makes a row the current one, -1 for none. Raises 9.
   void setBookmark(int row);
-  int RowBookmark(int row) const { return row; }
-  int AddItemBookmark(int row) const { return row; }
   void removeRow(int row);
   /// Removes the selected rows.
   void DeleteSelected();

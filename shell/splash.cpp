@@ -24,7 +24,7 @@ constexpr Place kSheet[] = {
     {.control = "Frame1", .row = 0},
 };
 
-std::unique_ptr<frmSplash>& instance() {
+std::unique_ptr<frmSplash>& frmSplashRef() {
   static std::unique_ptr<frmSplash> window;
   return window;
 }
@@ -55,15 +55,15 @@ void frmSplash::dismiss() {
 }
 
 frmSplash& splash() {
-  if (!instance()) instance() = std::make_unique<frmSplash>();
-  if (!instance()->loaded()) instance()->Form_Load();
-  return *instance();
+  if (!frmSplashRef()) frmSplashRef() = std::make_unique<frmSplash>();
+  if (!frmSplashRef()->loaded()) frmSplashRef()->Form_Load();
+  return *frmSplashRef();
 }
 
 void releaseSplash() {
-  if (!instance()) return;
-  instance()->dismiss();
-  instance().reset();
+  if (!frmSplashRef()) return;
+  frmSplashRef()->dismiss();
+  frmSplashRef().reset();
 }
 
 void showProgress(const std::string& text) {
