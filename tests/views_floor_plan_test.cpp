@@ -230,13 +230,14 @@ TEST_F(FloorPlanTest, AMissingEntryEndsTheLoad) {
                           "Number for File: FPLNL and Record:  4711"));
 }
 
-TEST_F(FloorPlanTest, ALineOfANegativeRecordEndsTheLoad) {
+TEST_F(FloorPlanTest, ALineOfANegativePointerCountsByItsMagnitude) {
   addLine(run.builder, 7, "MOWERS", "U");
+  const std::int32_t record =
+      addLine(run.builder, test::lineRecord(9, "").packed(7, 20, "SAWS").raw(142, 1, "U"));
+  run.builder.index("LINEI").add(integerKey('C', 8, 2), -record);
   add(7, entry(7, 100));
-  run.builder.index("LINEI").add(integerKey('C', 8, 2), -5);
-  const frmFp& view = run.load<frmFp>();
-  EXPECT_THAT(column(view.grdFp, "Line"), ElementsAre("7"));
-  EXPECT_EQ(run.recap(11), "! Data Error !") << "the lines behind it are missing from the total";
+  add(8, entry(8, 200));
+  EXPECT_THAT(column(run.load<frmFp>().grdFp, "Name"), ElementsAre("MOWERS", "SAWS"));
 }
 
 TEST_F(FloorPlanTest, TheListSortsByItsFirstThreeColumnsOnly) {

@@ -6,6 +6,7 @@
 #include "engine/business_basic.h"
 #include "engine/state.h"
 #include "engine/walk_guard.h"
+#include "platform/checked.h"
 #include "platform/convert.h"
 #include "platform/format.h"
 #include "platform/text.h"
@@ -218,11 +219,11 @@ void frmUnits::Form_Load() {
 void frmUnits::GetUnitData() {
   Currency grand;
   clsLines line;
-  // Only 0 ends the list: an entry with a negative pointer is an error of the read.
+  // Only 0 ends the list: of a negative pointer the magnitude counts.
   for (IndexWalk walk(files::kLineIndex, integerKey('C', 0));
        walk.record() != 0 && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
     bool orb = true;
-    line.Unpack(sharedEngine().LreadFile(files::kLines, walk.record(), orb));
+    line.Unpack(sharedEngine().LreadFile(files::kLines, checkedAbs(walk.record()), orb));
     if (line.Line_Type == kUnitLine) grand += GetLineUnits(line.Line, line.Line_Name);
   }
   grdUnits.MoveFirst();
