@@ -1,11 +1,12 @@
 #include <climits>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 
-#include "platform/environment.h"
 #include "platform/file.h"
 #include "tests/support/error_number.h"
 #include "tests/support/faulty_file_system.h"
+#include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
 
@@ -22,8 +23,8 @@ class Files : public ::testing::TestWithParam<bool> {
   Files() {
     std::unique_ptr<MemoryFileSystem> memory;
     if (GetParam()) {
-      environment().shareRoot = folder_.path().string();
       folder_.write("srv/VLMRLNK/lnk/FILE0", kContent);
+      network_.emplace(folder_.path());
     } else {
       memory = std::make_unique<MemoryFileSystem>();
       memory->add(kFile, kContent);
@@ -34,6 +35,7 @@ class Files : public ::testing::TestWithParam<bool> {
   const std::string kContent = "0123456789";
   EnvironmentScope environment_;
   TemporaryFolder folder_;
+  std::optional<test::NetworkFolder> network_;
   std::unique_ptr<FileSystemScope> files_;
 };
 

@@ -9,6 +9,7 @@
 #include "platform/read_ahead.h"
 #include "platform/run_time_error.h"
 #include "tests/support/error_number.h"
+#include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/dgtool/json_report.h"
@@ -277,6 +278,8 @@ TEST(ReadAheadLoad, GivesTheSameReportsWithFarFewerReads) {
   const TemporaryFolder folder;
   const std::string store = folder.file("store");
   writeSampleStore(store, {});
+  const EnvironmentScope environment;
+  const test::NetworkFolder network(store + "/share");
   const Reports keeping = reportsOf(store, true);
   const Reports direct = reportsOf(store, false);
   EXPECT_GT(keeping.loaded.size(), 10'000u);

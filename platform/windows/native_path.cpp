@@ -16,10 +16,15 @@ std::optional<std::string> nativePath(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
   // The system takes two separators of either kind as the beginning of a network path or of a
   // device's; the program composes the former only, with backslashes.
-  if (path.size() >= 2 && isSeparator(path[0]) && isSeparator(path[1]) && !sharePathNames(path)) {
-    return std::nullopt;
-  }
-  return path;
+  if (path.size() < 2 || !isSeparator(path[0]) || !isSeparator(path[1])) return path;
+  const std::optional<std::vector<std::string>> names = sharePathNames(path);
+  if (!names) return std::nullopt;
+  // Put together anew: a store without a directory has two separators in a row, which not every
+  // server takes for one.
+  std::string native = "\\";
+  for (const std::string& name : *names)
+    native += "\\" + name;
+  return native;
 }
 
 /// The system looks names up itself, without regard to case.

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #ifdef _WIN32
-// windows.h has to stand before psapi.h.
-#include <psapi.h>
+// The second header needs the first one's types.
+// clang-format off
 #include <windows.h>
+#include <psapi.h>
+// clang-format on
 #else
 #include <sys/resource.h>
 #endif

@@ -43,6 +43,7 @@ CLI::Option* addParsed(CLI::App& app, const std::string& name, T& target, Parser
 }
 
 void addCommon(CLI::App& app) {
+  app.allow_windows_style_options(false);  // the same words mean the same everywhere
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.set_version_flag("--version", kVersion, "Print the version and exit");
 }
