@@ -11,6 +11,9 @@ namespace dg::test {
 /// servers are copied there; processes that run tests side by side would meet in it.
 class NetworkFolder {
  public:
+  /// Whether there is a place for it; a test that finds none has to be skipped.
+  static bool isPossible();
+
   /// To stand within an EnvironmentScope.
   explicit NetworkFolder(const std::filesystem::path& servers);
   ~NetworkFolder();
@@ -18,7 +21,7 @@ class NetworkFolder {
   NetworkFolder& operator=(const NetworkFolder&) = delete;
 
  private:
-  std::filesystem::path network_;  ///< what has to be emptied at the end; empty: nothing
+  std::filesystem::path network_;  ///< where copies stand that have to go at the end
 };
 
 }  // namespace dg::test
