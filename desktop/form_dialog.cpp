@@ -1,6 +1,5 @@
 #include "desktop/form_dialog.h"
 
-#include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QIcon>
 #include <QLabel>
@@ -64,8 +63,8 @@ FormDialog::FormDialog(Form& form, QWidget* parent)
     : QDialog(parent),
       form_(form),
       view_(new FormView(form, this)),
-      changed_(form.changed.connect([this] { setWindowTitle(cellText(form_.caption())); })) {
-  setWindowTitle(cellText(form.caption()));
+      changed_(form.changed.connect([this] { setWindowTitle(titleText(form_.caption())); })) {
+  setWindowTitle(titleText(form.caption()));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint, true);
   auto* layout = new QVBoxLayout(this);
@@ -137,11 +136,6 @@ void FormDialog::reject() {
 void FormDialog::closeForm() {
   closing_ = true;
   QDialog::accept();
-}
-
-void FormDialog::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  reject();
 }
 
 void addGridShortcuts(QWidget& window) {

@@ -23,9 +23,6 @@ class FormDialog : public QDialog {
   /// The form has unloaded itself.
   void closeForm();
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QLayout* buildBody();
   void addCloseButton();

@@ -55,17 +55,6 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   return application;
 }
 
-/// Closes all windows, once a load that is under way has ended.
-void endWhenLoaded(const DesktopPresenter& presenter) {
-  const MainWindow* window = presenter.mainWindow();
-  if (window != nullptr && !window->form().loading()) {
-    QApplication::closeAllWindows();
-    return;
-  }
-  constexpr int kPause = 100;
-  QTimer::singleShot(kPause, qApp, [&presenter] { endWhenLoaded(presenter); });
-}
-
 }  // namespace
 
 std::string commandTail(int argc, char** argv) {
@@ -92,6 +81,19 @@ std::string commandTail(int argc, char** argv) {
 #endif
 }
 
+void endProgram(const DesktopPresenter& presenter) {
+  const MainWindow* window = presenter.mainWindow();
+  QWidget* onTop = QApplication::activePopupWidget();
+  if (onTop == nullptr) onTop = QApplication::activeModalWidget();
+  if (onTop == nullptr && window != nullptr && !window->form().loading()) {
+    QApplication::closeAllWindows();
+    return;
+  }
+  if (onTop != nullptr) onTop->close();
+  constexpr int kPause = 100;
+  QTimer::singleShot(kPause, qApp, [&presenter] { endProgram(presenter); });
+}
+
 int runDesktop(int argc, char** argv) {
   const std::string tail = commandTail(argc, argv);
   // The token is all that the program takes; Qt's own options stay in environment variables.
@@ -110,7 +112,7 @@ int runDesktop(int argc, char** argv) {
   setPresenter(&presenter);
   const ShutdownSignals signals;
   QObject::connect(&signals, &ShutdownSignals::requested, application.get(),
-                   [&presenter] { endWhenLoaded(presenter); });
+                   [&presenter] { endProgram(presenter); });
   int status = kRefused;
   {
     const std::unique_ptr<frmTRVN> main = Main(tail, viewCatalogue());

@@ -12,6 +12,13 @@ inline constexpr int kNoDisplay = 2;  ///< there is no display to show windows o
 /// Everything behind the program's name on the command line, as one text.
 std::string commandTail(int argc, char** argv);
 
+class DesktopPresenter;
+
+/// Ends the program as closing its main window does, but in its own time: what is open above that
+/// window is closed first, and a load under way comes to its end, since code of the window's pages
+/// still runs below them.
+void endProgram(const DesktopPresenter& presenter);
+
 /// Runs the desktop program from start to end and returns its exit status.
 int runDesktop(int argc, char** argv);
 

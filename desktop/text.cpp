@@ -18,6 +18,10 @@ QString cellText(std::string_view bytes) {
   return fromBytes(bytes).replace(u'\n', u' ');
 }
 
+QString titleText(std::string_view bytes) {
+  return cellText(bytes).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 QString labelText(std::string_view caption) {
   return fromBytes(caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
 }

@@ -13,6 +13,9 @@ QString fromBytes(std::string_view bytes);
 /// As fromBytes, on one line.
 QString cellText(std::string_view bytes);
 
+/// As cellText, for a window's title: Qt takes "[*]" there for the mark of unsaved changes.
+QString titleText(std::string_view bytes);
+
 /// A label's caption: "&&" stands for one "&".
 QString labelText(std::string_view caption);
 

@@ -20,6 +20,7 @@
 #include "desktop/grid_view.h"
 #include "desktop/help_window.h"
 #include "desktop/label_widget.h"
+#include "desktop/launch.h"
 #include "desktop/menu_bar.h"
 #include "desktop/message_boxes.h"
 #include "desktop/splash_window.h"
@@ -287,6 +288,21 @@ TEST_F(DesktopProgramTest, ClosingTheWindowLogsTheEndLast) {
                  [](QDialog& dialog) { EXPECT_EQ(dialog.windowTitle(), "About Dealer Gauge 2"); }));
   session_.window().menus().item("mfile", 5)->trigger();
   EXPECT_FALSE(session_.window().isVisible());
+  EXPECT_TRUE(session_.log().ends_with("  Program End \r\n")) << session_.log();
+}
+
+TEST_F(DesktopProgramTest, AnEndFromOutsideClosesWhatIsOpenFirst) {
+  session_.start();
+  session_.clickNode("L1");
+  const auto closesWith = [this](const std::function<void()>& open) {
+    return withDialog(open, [this](QDialog&) {
+      endProgram(session_.presenter);
+      EXPECT_TRUE(session_.window().isVisible()) << "code of its pages still runs";
+    });
+  };
+  auto& orders = session_.widget<GridPanel>("grdPO").view();
+  EXPECT_TRUE(closesWith([&] { clickCell(orders, 0, 2); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !session_.window().isVisible(); }));
   EXPECT_TRUE(session_.log().ends_with("  Program End \r\n")) << session_.log();
 }
 
