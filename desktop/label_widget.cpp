@@ -23,6 +23,7 @@ QFont roleFont(LabelRole role, const QFont& base) {
       return scaledFont(base, 1.5, QFont::DemiBold);
     case LabelRole::kHeading:
       return scaledFont(base, 1.15, QFont::DemiBold);
+    case LabelRole::kNote:
     case LabelRole::kHint:
       return scaledFont(base, 0.92);
     case LabelRole::kValue:
@@ -30,6 +31,10 @@ QFont roleFont(LabelRole role, const QFont& base) {
       break;
   }
   return base;
+}
+
+bool isMuted(LabelRole role) {
+  return role == LabelRole::kCaption || role == LabelRole::kNote || role == LabelRole::kHint;
 }
 
 QString cutToWidth(const QString& text, const QFontMetrics& metrics, int width) {
@@ -84,7 +89,7 @@ void LabelWidget::updateColor() {
   QColor color = system.color(QPalette::WindowText);
   if (label_.foreColor() == kRed || link_) {
     color = errorColor(system);
-  } else if (label_.role() == LabelRole::kCaption || label_.role() == LabelRole::kHint) {
+  } else if (isMuted(label_.role())) {
     color = mutedColor(system);
   }
   QPalette own = palette();

@@ -7,8 +7,15 @@
 
 namespace dg {
 
-/// How prominently a label is drawn.
-enum class LabelRole { kValue, kCaption, kHeading, kTitle, kHint };
+/// What a label is for: decides how prominently it is drawn, and whether it goes on paper.
+enum class LabelRole {
+  kValue,
+  kCaption,
+  kHeading,
+  kTitle,
+  kNote,  ///< small print about the figures or the program
+  kHint,  ///< how to use the window; means nothing on paper
+};
 
 /// A text on a form. Captions are Windows-1252 bytes; "&&" stands for one "&".
 class Label final : public Control {

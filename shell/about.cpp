@@ -55,7 +55,7 @@ frmAbout::frmAbout()
     : Form("frmAbout", ""),
       lblTitle(add<Label>("lblTitle", "", LabelRole::kTitle)),
       lblVersion(add<Label>("lblVersion")),
-      lblDisclaimer(add<Label>("lblDisclaimer", "", LabelRole::kHint)),
+      lblDisclaimer(add<Label>("lblDisclaimer", "", LabelRole::kNote)),
       cmdOk(add<Button>("cmdOk", "OK")),
       cmdSysInfo(add<Button>("cmdSysInfo", "&Sys Info")) {
   cmdOk.onClick = [this] { Unload(); };

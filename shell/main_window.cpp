@@ -122,7 +122,7 @@ class Raised {
 frmTRVN::frmTRVN(const ViewCatalogue& catalogue, std::vector<std::string> only)
     : Form("frmTRVN", "Velmora Dealer Gauge 2"),
       lblStoreName(add<Label>("lblStoreName", "", LabelRole::kTitle)),
-      Label1(add<Label>("Label1", kProgramName, LabelRole::kHint)),
+      Label1(add<Label>("Label1", kProgramName, LabelRole::kNote)),
       tv1(add<TreeView>("tv1")),
       sb1(add<StatusBar>("sb1", std::size_t{4})),
       onViewLog(&showLogViewer),

@@ -38,7 +38,7 @@ frmSplash::frmSplash()
       Label2(add<Label>("Label2", "Gauge 2", LabelRole::kTitle)),
       lblVersion(add<Label>("lblVersion")),
       lblProgress(add<Label>("lblProgress")),
-      Label3(add<Label>("Label3", "", LabelRole::kHint)),
+      Label3(add<Label>("Label3", "", LabelRole::kNote)),
       unloadWatch_(unloaded.connect([this] { loaded_ = false; })) {
   setSheet(kSheet);
 }

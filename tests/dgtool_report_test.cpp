@@ -250,6 +250,7 @@ TEST(DgtoolReportTest, TextStandsInColumns) {
       add<Frame>("Frame2", "").setVisible(false);
       add<Label>("lblUnseen", "unseen");
       add<Label>("lblLoose", "loose");
+      add<Label>("lblHint", "Click here", LabelRole::kHint);  // not for a report
       setSheet(kSheet);
     }
     void Form_Load() override {}

@@ -44,7 +44,7 @@ class BandBuilder {
       return;
     }
     if (const auto* label = dynamic_cast<const Label*>(control)) {
-      labelBand().labels.push_back({label, place.row, place.column, place.columnSpan});
+      addLabel({label, place.row, place.column, place.columnSpan});
     } else if (const auto* grid = dynamic_cast<const Grid*>(control)) {
       addGrid(*grid);
     } else if (const auto* frame = dynamic_cast<const Frame*>(control)) {
@@ -67,11 +67,16 @@ class BandBuilder {
     for (const auto& control : form_.controls()) {
       if (!control->visible() || placed_.contains(control.get())) continue;
       if (const auto* label = dynamic_cast<const Label*>(control.get())) {
-        labelBand().labels.push_back({label, row++, 0, 1});
+        addLabel({label, row++, 0, 1});
       } else if (const auto* grid = dynamic_cast<const Grid*>(control.get())) {
         addGrid(*grid);
       }
     }
+  }
+
+  /// A hint tells how to use the window; a report is none.
+  void addLabel(const SheetLabel& place) {
+    if (place.label->role() != LabelRole::kHint) labelBand().labels.push_back(place);
   }
 
   Band& newBand() {

@@ -83,16 +83,16 @@ constexpr Place kSheet[] = {
     {.control = "Label1", .row = 0, .columnSpan = 3},
     {.control = "grdGLCash", .row = 1, .columnSpan = 4},
     {.control = "cmdCashSetup", .row = 2, .column = 0},
-    {.control = "lblReCalc", .row = 2, .column = 1},
-    {.control = "lblCashTotal", .row = 2, .column = 2},
-    {.control = "lblTotal", .row = 2, .column = 3},
+    {.control = "lblCashTotal", .row = 2, .column = 1},
+    {.control = "lblTotal", .row = 2, .column = 2},
+    {.control = "lblReCalc", .row = 2, .column = 3},
 };
 constexpr Place kLiabilitySheet[] = {
     {.control = "Label1", .row = 0, .columnSpan = 3},
-    {.control = "grdGLCash", .row = 1, .columnSpan = 4},
+    {.control = "grdGLCash", .row = 1, .columnSpan = 3},
     {.control = "cmdCashSetup", .row = 2, .column = 0},
-    {.control = "lblReCalc", .row = 2, .column = 1},
-    {.control = "lbltotal", .row = 2, .column = 3},
+    {.control = "lbltotal", .row = 2, .column = 1},
+    {.control = "lblReCalc", .row = 2, .column = 2},
 };
 
 std::string companyAccountKey(std::size_t length, char fill, std::int32_t company,
@@ -110,7 +110,7 @@ LedgerAccounts::LedgerAccounts(const LedgerKind& kind)
       grdGLCash((add<Label>("Label1", std::string(kind.title), LabelRole::kTitle),
                  add<Grid>("grdGLCash", kColumns))),
       lblTotal(add<Label>(std::string(kind.totalLabel))),
-      lblReCalc(add<Label>("lblReCalc", "Re-Calculating... please wait !", LabelRole::kHint)),
+      lblReCalc(add<Label>("lblReCalc", "Re-Calculating... please wait !", LabelRole::kNote)),
       cmdCashSetup(add<Button>("cmdCashSetup", "&Select Accounts")),
       kind_(kind) {
   if (kind.totalPrefix.empty()) add<Label>("lblCashTotal", "Total :", LabelRole::kCaption);

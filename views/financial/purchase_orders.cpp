@@ -38,12 +38,12 @@ constexpr HeadSort kHeadSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0, .columnSpan = 3},
-    {.control = "grdPO", .row = 1, .columnSpan = 3},
+    {.control = "Label1", .row = 0, .columnSpan = 4},
+    {.control = "grdPO", .row = 1, .columnSpan = 4},
     {.control = "cmdVtot", .row = 2, .column = 0},
-    {.control = "lblPoTotal", .row = 2, .column = 2},
-    {.control = "lblLoading", .row = 3, .column = 0},
-    {.control = "pb1", .row = 3, .column = 1, .columnSpan = 2},
+    {.control = "lblPoTotal", .row = 2, .column = 1},
+    {.control = "lblLoading", .row = 2, .column = 2},
+    {.control = "pb1", .row = 2, .column = 3},
 };
 
 constexpr ColumnSpec kVendorColumns[] = {
@@ -82,7 +82,7 @@ frmPo::frmPo()
       lblPoTotal(add<Label>("lblPoTotal")),
       cmdVtot(add<Button>("cmdVtot", "&Vendor Totals")),
       pb1(add<ProgressBar>("pb1")),
-      lblLoading(add<Label>("lblLoading", "Loading...", LabelRole::kHint)) {
+      lblLoading(add<Label>("lblLoading", "Loading...", LabelRole::kNote)) {
   pb1.setVisible(false);
   lblLoading.setVisible(false);
   grdPO.onHeadClick = [this](int column) {

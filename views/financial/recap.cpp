@@ -104,7 +104,7 @@ constexpr Place kSheet[] = {
 frmRecap::frmRecap()
     : View("frmRecap", "System Recap"),
       lblcompiledate((add<Label>("lblTitle", "System Recap", LabelRole::kTitle),
-                      add<Label>("lblcompiledate", "", LabelRole::kHint))),
+                      add<Label>("lblcompiledate", "", LabelRole::kNote))),
       recap_(addLabels<kRecapLabels>("lblRecap")) {
   for (const FixedText& heading : kHeadings) {
     add<Label>(std::string(heading.label), std::string(heading.text), LabelRole::kHeading);

@@ -63,7 +63,7 @@ void addBalance(Grid& grid, std::string_view labelColumn, const std::vector<std:
 frmAR::frmAR()
     : View("frmAR", "Accounts Receivable"),
       grdARCur((add<Label>("Label1", "Accounts Receivable", LabelRole::kTitle),
-                add<Label>("Label2", "as of last ENDDAY", LabelRole::kHint),
+                add<Label>("Label2", "as of last ENDDAY", LabelRole::kNote),
                 add<Grid>("grdARCur", kCurrentColumns))),
       grdFuture(add<Grid>("grdFuture", kFutureColumns, "Futures")) {
   setSheet(kSheet);

@@ -36,10 +36,10 @@ constexpr HeadSort kHeadSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0, .columnSpan = 2},
-    {.control = "grdReturn", .row = 1, .columnSpan = 2},
-    {.control = "Label2", .row = 2, .column = 0},
-    {.control = "lblRetTotal", .row = 2, .column = 1},
+    {.control = "Label1", .row = 0},
+    {.control = "Label2", .row = 1},
+    {.control = "grdReturn", .row = 2},
+    {.control = "lblRetTotal", .row = 3},
 };
 
 }  // namespace
