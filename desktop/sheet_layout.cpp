@@ -11,6 +11,9 @@ namespace dg {
 
 namespace {
 
+constexpr int kButtonGap = 8;
+constexpr int kEvenShare = 1;
+
 bool takesRoom(const QWidget* widget) {
   return qobject_cast<const GridPanel*>(widget) != nullptr ||
          qobject_cast<const TextAreaWidget*>(widget) != nullptr;
@@ -45,8 +48,8 @@ void SheetLayout::addControl(QWidget* widget, int row, int column, int rowSpan, 
   columns_ = qMax(columns_, column + columnSpan);
 }
 
-void SheetLayout::stretchColumn(int column) {
-  setColumnStretch(column, 1);
+void SheetLayout::stretchColumn(int column, int share) {
+  setColumnStretch(column, qMax(columnStretch(column), share));
   growsRight_ = true;
 }
 
@@ -64,6 +67,7 @@ void SheetLayout::gatherButtons() {
   for (auto entry = rows.begin(); entry != rows.end(); ++entry) {
     if (mixed.contains(entry.key())) continue;
     auto* foot = new QHBoxLayout;
+    foot->setSpacing(kButtonGap);
     foot->addStretch(1);
     for (const Cell& cell : entry.value()) {
       removeWidget(cell.widget);
@@ -79,9 +83,12 @@ void SheetLayout::finish() {
   for (const Cell& cell : all) {
     const int lastColumn = cell.column + cell.columnSpan - 1;
     const bool frame = qobject_cast<FrameWidget*>(cell.widget) != nullptr;
-    // Frames beside each other share the width; one that is not on show leaves it to the others.
-    if (frame && !cell.widget->isHidden()) stretchColumn(lastColumn);
-    if (takesRoom(cell.widget) && cell.columnSpan == 1) stretchColumn(lastColumn);
+    // Frames beside each other share the width as their contents need it, so that none cuts its
+    // texts while another has room; one that is not on show leaves it to the others.
+    if (frame && !cell.widget->isHidden()) {
+      stretchColumn(lastColumn, cell.widget->sizeHint().width());
+    }
+    if (takesRoom(cell.widget) && cell.columnSpan == 1) stretchColumn(lastColumn, kEvenShare);
   }
   for (const Cell& cell : all) {
     if (!takesRoom(cell.widget)) continue;
@@ -90,7 +97,7 @@ void SheetLayout::finish() {
     bool grows = false;
     for (int column = cell.column; column < cell.column + cell.columnSpan; ++column)
       grows = grows || columnStretch(column) > 0;
-    if (!grows) stretchColumn(cell.column + cell.columnSpan - 1);
+    if (!grows) stretchColumn(cell.column + cell.columnSpan - 1, kEvenShare);
   }
   for (const Cell& cell : all) {
     // An aligned control sets no limit to the height of a row that is to grow.

@@ -19,7 +19,7 @@ class SheetLayout : public QGridLayout {
 
  private:
   void gatherButtons();
-  void stretchColumn(int column);
+  void stretchColumn(int column, int share);
 
   int rows_ = 0;
   int columns_ = 0;

@@ -118,10 +118,10 @@ class Form {
   }
   /// Makes the labels "array(0)" to "array(N - 1)" of a control array.
   template <std::size_t N>
-  std::array<Label*, N> addLabels(std::string_view array) {
+  std::array<Label*, N> addLabels(std::string_view array, LabelRole role = LabelRole::kValue) {
     std::array<Label*, N> labels{};
     for (std::size_t i = 0; i < N; ++i) {
-      labels[i] = &add<Label>(elementName(array, static_cast<int>(i)));
+      labels[i] = &add<Label>(elementName(array, static_cast<int>(i)), "", role);
     }
     return labels;
   }

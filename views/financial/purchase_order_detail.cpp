@@ -116,7 +116,7 @@ void addLine(Grid& grid, LineState& line, const StatementRunner& run) {
 
 frmPODetail::frmPODetail()
     : Form("frmPODetail", "Purchase Order Detail"),
-      Label1(addLabels<kDetails>("Label1")),
+      Label1(addLabels<kDetails>("Label1", LabelRole::kCaption)),
       lblDetail(addLabels<kDetails>("lblDetail")),
       Frame3(add<Frame>("Frame3", "PO Comments")),
       lblComments(add<Label>("lblComments")),

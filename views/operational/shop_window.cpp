@@ -76,6 +76,7 @@ constexpr Place kSheet[] = {
     {.control = "lblCDisp(1)", .row = 1, .column = 1, .frame = "Frame1"},
     {.control = "lblCap(2)", .row = 2, .column = 0, .frame = "Frame1"},
     {.control = "lblCDisp(2)", .row = 2, .column = 1, .frame = "Frame1"},
+    {.control = "lblCap(3)", .row = 3, .column = 0, .frame = "Frame1"},
     {.control = "lblCDisp(3)", .row = 3, .column = 1, .frame = "Frame1"},
     {.control = "lblCap(4)", .row = 4, .column = 0, .frame = "Frame1"},
     {.control = "lblCDisp(4)", .row = 4, .column = 1, .frame = "Frame1"},
