@@ -7,12 +7,12 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "desktop/grid_actions.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_view.h"
+#include "desktop/menu_button.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 
@@ -20,14 +20,10 @@ namespace dg {
 
 namespace {
 
-QToolButton* menuButton(QMenu* menu, const QString& name) {
-  auto* button = new QToolButton;
-  // The blanks keep the style's arrow off the text.
-  button->setText(menu->title() + QStringLiteral("  "));
+MenuButton* menuButton(QMenu* menu, const QString& name) {
+  auto* button = new MenuButton(menu);
   button->setAccessibleName(name);
-  button->setMenu(menu);
-  button->setPopupMode(QToolButton::InstantPopup);
-  button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button->setToolTip(name);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
   return button;
@@ -77,7 +73,7 @@ QWidget* GridPanel::buildTools() {
   filter_->setAccessibleName(tr("Filter %1").arg(view_->accessibleName()));
   filter_->setToolTip(tr("Shows only the rows that hold these words (Ctrl+F)"));
   filter_->setClearButtonEnabled(true);
-  filter_->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
+  filter_->setMinimumWidth(fontMetrics().averageCharWidth() * 9);
   filter_->setMaximumWidth(fontMetrics().averageCharWidth() * 30);
   filter_->installEventFilter(this);
 

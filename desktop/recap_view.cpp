@@ -8,6 +8,7 @@
 #include "desktop/card.h"
 #include "desktop/export_files.h"
 #include "desktop/label_widget.h"
+#include "desktop/menu_button.h"
 #include "desktop/recap_rows.h"
 #include "desktop/report_printing.h"
 #include "desktop/text.h"
@@ -19,14 +20,6 @@ namespace {
 
 constexpr int kRowHeight = 34;
 constexpr int kWidestSheet = 1180;
-
-QToolButton* toolButton(const QString& text, QWidget* parent) {
-  auto* button = new QToolButton(parent);
-  button->setText(text);
-  button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  button->setFocusPolicy(Qt::StrongFocus);
-  return button;
-}
 
 }  // namespace
 
@@ -105,16 +98,18 @@ QWidget* RecapView::buildHead() {
   layout->addWidget(label("lblcompiledate", head, Qt::AlignLeft), 1, 0);
   layout->setColumnStretch(0, 1);
 
-  QToolButton* charts = toolButton(tr("C&harts"), head);
+  auto* charts = new QToolButton(head);
+  charts->setText(tr("C&harts"));
+  charts->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  charts->setFocusPolicy(Qt::StrongFocus);
   connect(charts, &QToolButton::clicked, this, &RecapView::chartsRequested);
   layout->addWidget(charts, 0, 1, 2, 1);
-  QToolButton* paper = toolButton(tr("&Print") + QStringLiteral("  "), head);
-  auto* menu = new QMenu(paper);
+  auto* menu = new QMenu(tr("&Print"), head);
   menu->addAction(tr("&Print..."), this, &RecapView::print);
   menu->addAction(tr("Print Pre&view..."), this, &RecapView::preview);
   menu->addAction(tr("Save as P&DF..."), this, &RecapView::savePdf);
-  paper->setMenu(menu);
-  paper->setPopupMode(QToolButton::InstantPopup);
+  auto* paper = new MenuButton(menu, head);
+  paper->setFocusPolicy(Qt::StrongFocus);
   layout->addWidget(paper, 0, 2, 2, 1);
   return head;
 }

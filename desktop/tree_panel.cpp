@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
 constexpr int kWidth = 230;
+constexpr int kLeastWidth = 150;
 
 QString keyOf(const QTreeWidgetItem* item) {
   return item->data(0, kKeyRole).toString();
@@ -35,6 +36,7 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent)
   setIndentation(18);
   setFrameShape(QFrame::NoFrame);
   setTextElideMode(Qt::ElideRight);
+  setMinimumWidth(kLeastWidth);
   setAccessibleName(tr("Views"));
   connect(this, &QTreeWidget::itemClicked, this,
           [this](const QTreeWidgetItem* item) { click(item); });
