@@ -11,6 +11,7 @@
 #include "desktop/grid_delegate.h"
 #include "desktop/grid_model.h"
 #include "desktop/group_header.h"
+#include "desktop/text.h"
 #include "desktop/theme.h"
 
 namespace dg {
@@ -42,7 +43,7 @@ GridView::GridView(Grid& grid, const QString& memory, QWidget* parent)
   for (int column = 0; column < grid.Cols(); ++column) {
     const Grid::Column& source = grid.columns()[static_cast<std::size_t>(column)];
     setColumnHidden(column, source.hidden);
-    captions = captions || (!source.hidden && !source.caption.empty());
+    captions = captions || (!source.hidden && !cellText(source.caption).trimmed().isEmpty());
   }
   // A table of names and values needs no heads.
   header_->setVisible(captions);
@@ -128,6 +129,8 @@ int GridView::firstVisibleColumn() const {
 }
 
 void GridView::headClicked(int column) {
+  // The header has set its arrow already; a message box of a sort that fails must not show with it.
+  showSortArrow();
   grid_.headClick(column);
   synchronize();
 }
@@ -239,10 +242,26 @@ void GridView::selectionChanged(const QItemSelection& selected, const QItemSelec
   std::sort(grid_.SelBookmarks.begin(), grid_.SelBookmarks.end());
 }
 
+void GridView::paintStripesBehindColumns(QPainter& painter) const {
+  const int left = header_->length() - header_->offset();
+  const int width = viewport()->width() - left;
+  const int first = rowAt(0);
+  if (width <= 0 || first < 0) return;
+  const int rowHeight = verticalHeader()->defaultSectionSize();
+  int top = rowViewportPosition(first);
+  for (int row = first; row < model_->rowCount() && top < viewport()->height(); ++row) {
+    if (row % 2 == 1) painter.fillRect(left, top, width, rowHeight, palette().alternateBase());
+    top += rowHeight;
+  }
+}
+
 void GridView::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
-  if (model_->rowCount() > 0) return;
   QPainter painter(viewport());
+  if (model_->rowCount() > 0) {
+    paintStripesBehindColumns(painter);
+    return;
+  }
   painter.setPen(mutedColor(palette()));
   const QString text =
       model_->filter().isEmpty() ? tr("Nothing to show") : tr("No row matches the filter");

@@ -63,6 +63,8 @@ class GridView : public QTableView {
   void setHovered(const QModelIndex& index);
   bool opensRow(const QModelIndex& index) const;
   int firstVisibleColumn() const;
+  /// The rows' alternating colours go on behind the last column.
+  void paintStripesBehindColumns(QPainter& painter) const;
   void fitColumns();
   void spreadColumns();
   void rememberColumns();

@@ -22,7 +22,7 @@ GroupHeader::GroupHeader(const Grid& grid, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), grid_(grid) {
   hasGroups_ = std::any_of(grid.columns().begin(), grid.columns().end(),
                            [](const Grid::Column& column) { return !column.group.empty(); });
-  setSectionsClickable(true);
+  setSectionsClickable(static_cast<bool>(grid.onHeadClick));
   setHighlightSections(false);
   setSectionsMovable(false);
   setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
@@ -62,6 +62,13 @@ QSize GroupHeader::sectionSizeFromContents(int section) const {
 
 void GroupHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
   QHeaderView::paintSection(painter, rect.adjusted(0, groupHeight(), 0, 0), section);
+}
+
+void GroupHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
+  QHeaderView::initStyleOptionForIndex(option, section);
+  if (sectionsClickable()) {
+    option->palette.setColor(QPalette::ButtonText, accentColor(option->palette));
+  }
 }
 
 QList<GroupHeader::Span> GroupHeader::spans() const {

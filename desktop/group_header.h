@@ -7,7 +7,7 @@
 namespace dg {
 
 /// A table's horizontal header with a second row on top for the columns' group headings. A grid
-/// without groups has one row.
+/// without groups has one row. Heads that sort by a click are drawn as links are.
 class GroupHeader : public QHeaderView {
   Q_OBJECT
 
@@ -21,6 +21,7 @@ class GroupHeader : public QHeaderView {
  protected:
   QSize sectionSizeFromContents(int section) const override;
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
   void paintEvent(QPaintEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 

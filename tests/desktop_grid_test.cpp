@@ -125,6 +125,21 @@ TEST_F(DesktopGridTest, AHeadClickSortsAndTheArrowTellsTheTruth) {
   EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
   EXPECT_EQ(view().currentIndex().row(), 0);
 
+  // A sort that fails leaves the arrow where it was, also while its message shows.
+  int failures = 0;
+  setMessageBoxHandler([&](const MessageBox&) {
+    ++failures;
+    EXPECT_EQ(header.sortIndicatorSection(), 3);
+    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+  });
+  grid_.onHeadClick = [](int) { throw RunTimeError(kTypeMismatch); };
+  clickHead(view(), 0);
+  clickHead(view(), 3);
+  setMessageBoxHandler({});
+  EXPECT_EQ(failures, 2);
+  EXPECT_EQ(header.sortIndicatorSection(), 3);
+  EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+
   // New rows stand in no order.
   addRow(9, "New", 1, "", 1);
   QApplication::processEvents();
