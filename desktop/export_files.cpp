@@ -23,10 +23,13 @@ QString fileName(QString title) {
 
 QString askForExportFile(QWidget* parent, const QString& title, const QString& suffix,
                          const QString& kind) {
-  const QString proposed = UserSettings::exportFolder() + u'/' + fileName(title) + u'.' + suffix;
-  QString file = QFileDialog::getSaveFileName(parent, QObject::tr("Export"), proposed, kind);
-  if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) file += u'.' + suffix;
-  return file;
+  QFileDialog dialog(parent, QObject::tr("Export"), UserSettings::exportFolder(), kind);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  // The dialog's own, so that it asks before a file of the completed name is replaced.
+  dialog.setDefaultSuffix(suffix);
+  dialog.selectFile(fileName(title) + u'.' + suffix);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool exported(QWidget* parent, const QString& file, bool written, const QString& problem) {
