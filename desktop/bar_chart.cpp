@@ -122,12 +122,15 @@ BarChart::Scale BarChart::scaleFor(int width) const {
     }
   }
   if (most <= least) most = least + 1;
-  const double step = roundStep(most - least, width > 500 ? 5 : 3);
+  const int leftFigures = least < 0 ? figures + 6 : 0;
+  const int left = kMargin + qMin(names + 2, width * 2 / 5) + 10 + leftFigures;
+  const int right = width - kMargin - figures - 6;
+  // Few enough parts that the figures under the axis stand apart.
+  const int parts = std::clamp((right - left) / (2 * figures + 10), 1, 5);
+  const double step = roundStep(most - least, parts);
   least = std::floor(least / step) * step;
   most = std::ceil(most / step) * step;
-  const int left = kMargin + qMin(names + 2, width * 2 / 5) + 10;
-  const int leftFigures = least < 0 ? figures + 6 : 0;
-  return {left + leftFigures, width - kMargin - figures - 6, headHeight(), least, most, step};
+  return {left, right, headHeight(), least, most, step};
 }
 
 void BarChart::paint(QPainter& painter, QSize size) const {

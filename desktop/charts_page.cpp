@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QSaveFile>
 #include <QScrollArea>
+#include <QStyle>
 #include <QToolButton>
 
 #include "desktop/bar_chart.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr double kPictureScale = 2;
 constexpr int kGap = 16;
+constexpr int kMargin = 20;
 
 QToolButton* button(const QString& text, QWidget* parent) {
   auto* made = new QToolButton(parent);
@@ -46,23 +48,39 @@ ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
   outer->addWidget(scroll);
 
   auto* sheet = new QWidget;
-  auto* layout = new QGridLayout(sheet);
-  layout->setContentsMargins(20, 16, 20, 20);
-  layout->setSpacing(kGap);
-  layout->addWidget(buildHead(), 0, 0, 1, 2);
-  layout->addWidget(assets_, 1, 0);
-  layout->addWidget(inventory_, 1, 1);
-  layout->addWidget(sales_, 2, 0, 1, 2);
+  sheet_ = new QGridLayout(sheet);
+  sheet_->setContentsMargins(kMargin, 16, kMargin, kMargin);
+  sheet_->setSpacing(kGap);
+  sheet_->addWidget(buildHead(), 0, 0, 1, 2);
   sales_->setTools(buildPeriods());
-  layout->setColumnStretch(0, 1);
-  layout->setColumnStretch(1, 1);
-  layout->setRowStretch(3, 1);
+  arrange();
   scroll->setWidget(sheet);
 
   for (BarChart* chart : {assets_, inventory_, sales_}) {
     connect(chart, &BarChart::saveRequested, this, [this, chart] { askAndSave(chart); });
   }
   reload();
+}
+
+void ChartsPage::arrange() {
+  for (BarChart* chart : {assets_, inventory_, sales_})
+    sheet_->removeWidget(chart);
+  sheet_->addWidget(assets_, 1, 0, 1, wide_ ? 1 : 2);
+  sheet_->addWidget(inventory_, wide_ ? 1 : 2, wide_ ? 1 : 0, 1, wide_ ? 1 : 2);
+  sheet_->addWidget(sales_, 3, 0, 1, 2);
+  sheet_->setColumnStretch(0, 1);
+  sheet_->setColumnStretch(1, 1);
+  sheet_->setRowStretch(4, 1);
+}
+
+void ChartsPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int needed = 2 * (assets_->minimumSizeHint().width() + kMargin) + kGap +
+                     style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const bool wide = width() >= needed;
+  if (wide == wide_) return;
+  wide_ = wide;
+  arrange();
 }
 
 QWidget* ChartsPage::buildHead() {
@@ -117,21 +135,17 @@ void ChartsPage::setPeriod(ChartPeriod period) {
 }
 
 bool ChartsPage::savePicture(const QString& file) const {
-  QSize size(0, kGap);
   const QList<BarChart*> charts = {assets_, inventory_, sales_};
-  for (const BarChart* chart : charts) {
-    size.setWidth(qMax(size.width(), chart->width() + 2 * kGap));
-    size.rheight() += chart->height() + kGap;
-  }
-  QImage whole(size * kPictureScale, QImage::Format_ARGB32_Premultiplied);
+  QRect area;
+  for (const BarChart* chart : charts)
+    area |= chart->geometry();
+  area.adjust(-kGap, -kGap, kGap, kGap);
+  QImage whole(area.size() * kPictureScale, QImage::Format_ARGB32_Premultiplied);
   whole.setDevicePixelRatio(kPictureScale);
   whole.fill(palette().color(QPalette::Window));
   QPainter painter(&whole);
-  int y = kGap;
-  for (const BarChart* chart : charts) {
-    painter.drawImage(kGap, y, chart->picture(kPictureScale));
-    y += chart->height() + kGap;
-  }
+  for (const BarChart* chart : charts)
+    painter.drawImage(chart->pos() - area.topLeft(), chart->picture(kPictureScale));
   painter.end();
   return savePng(whole, file);
 }

@@ -6,6 +6,7 @@
 #include "desktop/chart_data.h"
 
 class QButtonGroup;
+class QGridLayout;
 class QImage;
 
 namespace dg {
@@ -24,19 +25,26 @@ class ChartsPage : public QWidget {
   void reload();
   void setPeriod(ChartPeriod period);
 
-  /// Saves all charts below each other as a PNG file; returns whether it could be written.
+  /// Saves all charts as they stand as a PNG file; returns whether it could be written.
   bool savePicture(const QString& file) const;
 
  Q_SIGNALS:
   void recapRequested();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   QWidget* buildHead();
   QWidget* buildPeriods();
+  /// Two charts beside each other where the page is wide enough, else one below the other.
+  void arrange();
   void askAndSave(const BarChart* chart);
 
   const frmTRVN& main_;
   ChartPeriod period_ = ChartPeriod::kYear;
+  bool wide_ = true;
+  QGridLayout* sheet_ = nullptr;
   QButtonGroup* periods_;
   BarChart* assets_;
   BarChart* inventory_;
