@@ -126,7 +126,7 @@ BarChart::Scale BarChart::scaleFor(int width) const {
   const int left = kMargin + qMin(names + 2, width * 2 / 5) + 10 + leftFigures;
   const int right = width - kMargin - figures - 6;
   // Few enough parts that the figures under the axis stand apart.
-  const int parts = std::clamp((right - left) / (2 * figures + 10), 1, 5);
+  const int parts = std::clamp((right - left) / (figures + 24), 1, 5);
   const double step = roundStep(most - least, parts);
   least = std::floor(least / step) * step;
   most = std::ceil(most / step) * step;

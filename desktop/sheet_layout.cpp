@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kButtonGap = 8;
 constexpr int kEvenShare = 1;
+constexpr int kLeastFrameInCharacters = 20;
 
 bool takesRoom(const QWidget* widget) {
   return qobject_cast<const GridPanel*>(widget) != nullptr ||
@@ -86,7 +87,8 @@ void SheetLayout::finish() {
     // Frames beside each other share the width as their contents need it, so that none cuts its
     // texts while another has room; one that is not on show leaves it to the others.
     if (frame && !cell.widget->isHidden()) {
-      stretchColumn(lastColumn, cell.widget->sizeHint().width());
+      const int least = cell.widget->fontMetrics().averageCharWidth() * kLeastFrameInCharacters;
+      stretchColumn(lastColumn, qMax(least, cell.widget->sizeHint().width()));
     }
     if (takesRoom(cell.widget) && cell.columnSpan == 1) stretchColumn(lastColumn, kEvenShare);
   }
