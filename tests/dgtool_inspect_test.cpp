@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/codec.h"
+#include "engine/keyed_index.h"
 #include "platform/file.h"
 #include "records/index_walk.h"
 #include "tests/support/damage.h"
@@ -112,6 +113,33 @@ TEST(DgtoolInspectTest, AnEmptyIndexHasNoEntriesFromEitherEnd) {
     EXPECT_TRUE(tool.json()["entries"].empty());
     EXPECT_EQ(tool.json()["count"], 0);
   }
+}
+
+/// Entries taken out of the last leaf can leave the end mark there alone.
+TEST(DgtoolInspectTest, TheLastKeyIsFoundBeforeALeafOfTheEndMarkAlone) {
+  DgtoolRun tool;
+  addKeys(tool, 300);
+  std::vector<SampleFile> files = tool.store.builder.finish();
+  int last = 300;
+  for (const test::PlacedFile& file : test::placedFiles(files)) {
+    if (file.name != "CUSTI") continue;
+    std::string& data = files[file.data].content;
+    for (std::int32_t node = 1; node <= file.lastRecord; ++node) {
+      const std::int32_t at = (file.startBlock + node) * kBlockSize + 1;
+      const std::int32_t count = Unpack('C', data, at);
+      if (count < 2 || Unpack('C', data, at + 2) != kNoNextLeaf) continue;
+      last -= count - 1;
+      Pack('C', data, 1, at);
+      data.replace(static_cast<std::size_t>(at) + 3, 8, 8, '\xFF');
+    }
+  }
+  ASSERT_LT(last, 300);
+  tool.store.openStore(std::move(files));
+  tool.useOpenStore();
+  ASSERT_EQ(tool.run({"inspect", "keys", "CUSTI", "--last", "--json"}), 0) << tool.err;
+  EXPECT_EQ(records(tool.json()), std::vector<int>{last});
+  ASSERT_EQ(tool.run({"inspect", "keys", "CUSTI", "--reverse", "--json"}), 0) << tool.err;
+  EXPECT_EQ(records(tool.json()).size(), static_cast<std::size_t>(last));
 }
 
 TEST(DgtoolInspectTest, AnIndexWhoseLeavesBreakOffStillShowsThoseBefore) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iomanip>
 #include <optional>
 #include <utility>
@@ -63,11 +64,22 @@ class KeyWalk {
       sharedEngine().KFind(index_, cursor_, key_, record_, orb);
     } else if (options_.last || backwards()) {
       // The last entry is looked for before the end mark, so an empty index must not be asked.
-      if (list_.count != 0) sharedEngine().KLast(index_, cursor_, key_, record_, orb);
+      if (list_.count != 0) startAtLast();
     } else {
       sharedEngine().KFind(index_, cursor_, key_, record_, orb);
       record_ = checkedAbs(record_);
     }
+  }
+
+  /// The engine looks for the last entry in the last leaf only. Where the end mark stands alone
+  /// there, that is none, and the entry is the one before the mark.
+  void startAtLast() {
+    bool orb = true;
+    sharedEngine().KLast(index_, cursor_, key_, record_, orb);
+    if (sharedEngine().Unpack('B', cursor_, index_cursor::kCurrentEntry) != 0) return;
+    key_.assign(static_cast<std::size_t>(std::max(*list_.keyLength, 0)), '\xFF');
+    sharedEngine().KFind(index_, cursor_, key_, record_, orb);
+    sharedEngine().KPrev(index_, cursor_, key_, record_, orb);
   }
 
   void walk() {
