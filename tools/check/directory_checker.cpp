@@ -84,6 +84,7 @@ void DirectoryChecker::checkTable(const DirectoryTable& table) {
       run_.findings.note(
           kind::kDirectoryRepeated, placeOf(table, entry),
           "The name " + entry.entry.FileName + " stands a second time; the first entry counts.");
+      continue;
     }
     checkEntry(table, entry);
   }
@@ -203,9 +204,8 @@ void DirectoryChecker::checkOverlaps(const DirectoryTable& table) {
 
 void DirectoryChecker::markMisplaced(const DirectoryTable& table,
                                      const DirectoryTableEntry& entry) {
-  for (LogicalView& view : run_.store.files()) {
-    if (view.data == table.data && view.name == entry.entry.FileName) view.misplaced = true;
-  }
+  LogicalView* view = run_.store.find(entry.entry.FileName);
+  if (view != nullptr && view->data == table.data) view->misplaced = true;
 }
 
 }  // namespace dg::check

@@ -4,14 +4,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
 
 #include "platform/file.h"
 
 namespace dg::check {
 
-/// A file of the share, read in large pieces that are kept for a while: a check looks at
-/// neighbouring places one after another, and every read of a share is a round trip.
+/// A file of the share for reading bytes at any place.
 class StoreFile {
  public:
   /// `name` is the path below the link share, for people.
@@ -25,12 +23,9 @@ class StoreFile {
   std::string bytes(std::int64_t offset, std::size_t count);
 
  private:
-  const std::string& piece(std::int64_t number);
-
   std::string name_;
   std::unique_ptr<File> file_;
   std::int64_t size_;
-  std::unordered_map<std::int64_t, std::string> pieces_;
 };
 
 }  // namespace dg::check

@@ -34,6 +34,11 @@ std::string dataFileOf(const std::string& directoryFile) {
 
 }  // namespace
 
+const DirectoryTableEntry* DirectoryTable::find(std::string_view name) const {
+  const auto found = firstByName.find(name);
+  return found == firstByName.end() ? nullptr : &entries[found->second];
+}
+
 StoreReader::StoreReader(std::string server, std::string directory)
     : server_(std::move(server)), directory_(std::move(directory)) {
   readLinks();
@@ -139,23 +144,22 @@ void StoreReader::readDirectory(const std::string& path) {
     for (std::int64_t number = 0; table.file && number < kMostDirectoryEntries &&
                                   number * DirectoryEntry::kSize < table.file->size();
          ++number) {
-      table.entries.push_back({.number = number,
-                               .entry = DirectoryEntry::decode(table.file->bytes(
-                                   number * DirectoryEntry::kSize, DirectoryEntry::kSize))});
+      auto entry = DirectoryEntry::decode(
+          table.file->bytes(number * DirectoryEntry::kSize, DirectoryEntry::kSize));
+      table.firstByName.emplace(entry.FileName, table.entries.size());
+      table.entries.push_back({.number = number, .entry = std::move(entry)});
     }
   } catch (const RunTimeError& failure) {
     table.presence = Presence::kUnreadable;
     table.error = failure.description();
   }
+  directoriesByPath_.emplace(upperCase(path), directories_.size());
   directories_.push_back(std::move(table));
 }
 
 const DirectoryTable* StoreReader::findDirectory(std::string_view resolution) const {
-  const std::string path = pathOf(resolution);
-  for (const DirectoryTable& table : directories_) {
-    if (equalIgnoringCase(table.path, path)) return &table;
-  }
-  return nullptr;
+  const auto found = directoriesByPath_.find(upperCase(pathOf(resolution)));
+  return found == directoriesByPath_.end() ? nullptr : &directories_[found->second];
 }
 
 void StoreReader::collectFiles() {
@@ -164,16 +168,14 @@ void StoreReader::collectFiles() {
     const DirectoryTable* table = findDirectory(link.resolution);
     if (table == nullptr || !table->data) continue;
     const std::string name(shortName(link));
-    const auto found = std::find_if(
-        table->entries.begin(), table->entries.end(),
-        [&](const DirectoryTableEntry& entry) { return entry.entry.FileName == name; });
-    if (found == table->entries.end()) continue;
+    const DirectoryTableEntry* found = table->find(name);
+    if (found == nullptr) continue;
     filesByName_.emplace(name, files_.size());
     files_.push_back({.name = name, .entry = found->entry, .data = table->data});
   }
 }
 
-const LogicalView* StoreReader::find(std::string_view name) const {
+LogicalView* StoreReader::find(std::string_view name) {
   const auto found = filesByName_.find(name);
   return found == filesByName_.end() ? nullptr : &files_[found->second];
 }

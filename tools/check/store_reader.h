@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/logical_file.h"
+#include "platform/read_ahead.h"
 #include "tools/check/logical_view.h"
 #include "tools/check/store_file.h"
 
@@ -40,13 +41,18 @@ struct DirectoryTable {
   std::string error;                ///< why it is unreadable
   std::shared_ptr<StoreFile> file;  ///< empty unless there
   std::vector<DirectoryTableEntry> entries;
+  std::map<std::string, std::size_t, std::less<>> firstByName;  ///< in entries
   Presence dataPresence = Presence::kMissing;
   std::string dataError;
   std::shared_ptr<StoreFile> data;  ///< empty unless there
+
+  /// The entry of a name that counts, or null.
+  const DirectoryTableEntry* find(std::string_view name) const;
 };
 
 /// Reads a store's files as bytes, without the engine: link table, directories, data files. It
-/// judges nothing.
+/// judges nothing. While it lives, what was read is kept: a check looks at neighbouring places one
+/// after another, and every read of a share is a round trip.
 class StoreReader {
  public:
   /// Opens the store of a directory on the link share of a server and reads link table and
@@ -73,7 +79,7 @@ class StoreReader {
   /// file are there.
   std::deque<LogicalView>& files() { return files_; }
   /// The logical file of a name, or null when there is none that can be read.
-  const LogicalView* find(std::string_view name) const;
+  LogicalView* find(std::string_view name);
 
   /// A file of the link share by its path below it, or of the store directory.
   std::string sharePath(std::string_view path) const;
@@ -95,6 +101,7 @@ class StoreReader {
   std::string pathOf(std::string_view resolution) const;
   void collectFiles();
 
+  ReadAheadScope keeping_;
   std::string server_;
   std::string directory_;
   Presence linkTablePresence_ = Presence::kMissing;
@@ -103,6 +110,7 @@ class StoreReader {
   bool tooManyDirectories_ = false;
   std::vector<LinkEntry> links_;
   std::deque<DirectoryTable> directories_;
+  std::map<std::string, std::size_t, std::less<>> directoriesByPath_;  ///< in upper case
   std::deque<LogicalView> files_;
   std::map<std::string, std::size_t, std::less<>> filesByName_;
 };
