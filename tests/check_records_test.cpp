@@ -139,5 +139,15 @@ TEST_F(CheckRecords, ARecordThatLostItsMarkIsFoundByItsIndex) {
   EXPECT_EQ(ofKind(findings, check::kind::kIndexFreeRecord)[0].place.file, "CUSTI");
 }
 
+/// Readers join a record and the one of the same number in the extension file, or fail.
+TEST_F(CheckRecords, ARecordThatTheExtensionFileCannotContinue) {
+  const std::int64_t last = store.used(name).back();
+  const CheckedStore::Located extension = store.locate("ECUSTL");
+  store.setEntryField(extension, 'L', 17, static_cast<std::int32_t>(last) - 1);
+  EXPECT_TRUE(hasDamage(store.check(), check::kind::kExtensionShort, name, last, at(last, 1)));
+  store.setEntryField(extension, 'L', 17, static_cast<std::int32_t>(last));
+  EXPECT_TRUE(ofKind(store.check(), check::kind::kExtensionShort).empty());
+}
+
 }  // namespace
 }  // namespace dg

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
+#include <set>
 
 #include "tests/support/checked_store.h"
 #include "tests/support/faulty_file_system.h"
+#include "tools/sample/store_layout.h"
 
 // Link table, terminal table, directories, control file: what a store is found by.
 
@@ -89,6 +91,35 @@ TEST(CheckLinks, ANameThatNobodyCanAskForAndAFileWithoutALink) {
                       kLineIndexLink * kLinkEntrySize));
   ASSERT_EQ(ofKind(findings, check::kind::kLinkMissing).size(), 1U);
   EXPECT_NE(ofKind(findings, check::kind::kLinkMissing)[0].text.find("LINEI"), std::string::npos);
+  EXPECT_EQ(findings.damageCount(), 1) << "the file itself is there\n" << damageText(findings);
+}
+
+/// Bytes that got lost move all entries behind them.
+TEST(CheckLinks, ATableThatIsShifted) {
+  CheckedStore store;
+  std::string& links = store.file("LINKSFILE");
+  links.erase(kLineIndexLink * kLinkEntrySize, 7);
+  const Findings findings = store.check();
+  const std::size_t files = std::size(sample::kFileLayouts);
+  EXPECT_EQ(atWhole(findings, check::kind::kLinkMissing, "LINKSFILE"), files - kLineIndexLink)
+      << damageText(findings);
+}
+
+/// A store may do without a part of the suite: then nothing leads to its files, and there are none.
+TEST(CheckLinks, APartOfTheSuiteThatTheStoreDoesNotHave) {
+  CheckedStore store;
+  std::string& links = store.file("LINKSFILE");
+  for (const char* name : {"FPLNL", "FPEXL", "FPLNI"}) {
+    const std::size_t at = links.find(std::string(":LNK001:") + name);
+    ASSERT_NE(at, std::string::npos);
+    links.replace(at, 79, 79, '\0');
+    const CheckedStore::Located file = store.locate(name);
+    store.file(file.stem + "LK")
+        .replace(static_cast<std::size_t>(file.entryNumber) * 32, 32, 32, '\0');
+  }
+  const Findings findings = store.check();
+  EXPECT_EQ(findings.damageCount(), 0) << damageText(findings);
+  EXPECT_EQ(ofKind(findings, check::kind::kLinkMissing).size(), 3U);
 }
 
 TEST(CheckStructure, FilesThatAreNotThere) {
@@ -123,6 +154,8 @@ TEST(CheckDirectories, EntriesThatGiveNoPlace) {
   for (const Case& damaged : {Case{"LUNITL", 'C', 14, 0, check::kind::kRecordLength},
                               Case{"LUNITL", 'C', 14, 15, check::kind::kRecordLength},
                               Case{"UNITI", 'C', 14, 256, check::kind::kRecordLength},
+                              Case{"UNITL", 'B', 16, 'I', check::kind::kDirectoryType},
+                              Case{"UNITI", 'B', 16, 'X', check::kind::kDirectoryType},
                               Case{"UNITL", 'L', 17, -1, check::kind::kDirectoryCapacity},
                               Case{"UNITI", 'L', 17, 0, check::kind::kDirectoryCapacity},
                               Case{"UNITL", 'D', 11, 60'000, check::kind::kDirectoryPastEnd},
@@ -164,30 +197,52 @@ TEST(CheckDirectories, NamesThatStandTwiceAndLengthsThatAreOdd) {
   CheckedStore store;
   std::string& directory = store.inStore("UNITLK");
   const std::size_t length = directory.size();
-  directory += directory.substr(length - 32) + "short";
+  std::string again = directory.substr(length - 32);
+  again.replace(13, 2, 2, '\0');  // as it does not count, its record length says nothing
+  directory += again + "short";
   const Findings findings = store.check();
+  EXPECT_EQ(findings.damageCount(), 0) << damageText(findings);
   EXPECT_TRUE(hasNote(findings, check::kind::kDirectoryRepeated, "LNK001\\UNITLK",
                       static_cast<std::int64_t>(length) / 32, static_cast<std::int64_t>(length)));
   EXPECT_EQ(ofKind(findings, check::kind::kDirectoryLength).size(), 1U);
 }
 
-/// Every read of a check may fail: it goes on with what is left, and tells.
-TEST(CheckStructure, AReadThatFailsIsAFindingAndTheCheckGoesOn) {
+/// A check over a store whose reads fail after a number of them.
+Findings checkFailing(CheckedStore& store, std::uint64_t after, bool forEver) {
+  return store.check([=](std::unique_ptr<FileSystem> inner) {
+    auto faulty = std::make_unique<FaultyFileSystem>(std::move(inner));
+    faulty->failAfter(after, forEver);
+    return faulty;
+  });
+}
+
+/// The line to the share may break at any moment: what cannot be read is told where it is, and the
+/// check comes to its end.
+TEST(CheckStructure, WhatCannotBeReadIsAFindingAndTheCheckGoesOn) {
   CheckedStore store;
   constexpr std::uint64_t kManyReads = 1'000;
+  std::set<std::string> unreadable;
   std::uint64_t after = 0;
   for (; after < kManyReads; ++after) {
-    const Findings findings = store.check([after](std::unique_ptr<FileSystem> inner) {
-      auto faulty = std::make_unique<FaultyFileSystem>(std::move(inner));
-      faulty->failAfter(after);
-      return faulty;
-    });
+    const Findings findings = checkFailing(store, after, true);
     if (findings.damageCount() == 0) break;  // fewer reads than that
-    ASSERT_EQ(ofKind(findings, check::kind::kUnreadable).size(), 1U) << "read " << after << "\n"
-                                                                     << damageText(findings);
+    const auto found = ofKind(findings, check::kind::kUnreadable);
+    EXPECT_FALSE(found.empty()) << "read " << after << "\n" << damageText(findings);
+    for (const check::Finding& finding : found)
+      unreadable.insert(finding.place.file);
   }
-  EXPECT_GT(after, 10U);
   EXPECT_LT(after, kManyReads);
+  for (const char* file : {"LINKSFILE", "ttymap", "LNK001\\PARTLK", "PARTI", "INVOL", "FILE0"})
+    EXPECT_TRUE(unreadable.contains(file)) << file;
+}
+
+/// One read that fails takes no neighbours with it: each place is read again by itself.
+TEST(CheckStructure, AReadThatFailsOnceIsMadeAgain) {
+  CheckedStore store;
+  for (std::uint64_t after = 0; after < 30; ++after) {
+    const Findings findings = checkFailing(store, after, false);
+    EXPECT_EQ(findings.damageCount(), 0) << "read " << after << "\n" << damageText(findings);
+  }
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ struct RecordFileTraits {
 struct IndexTraits {
   std::string_view name;
   std::string_view recordFile;  ///< empty: its record numbers lead nowhere
-  int keyLength = 0;            ///< of the keys that readers ask for
+  int keyLength = 0;            ///< as far as it is known
   bool complete = false;        ///< whether it leads to every record in use
 };
 
@@ -95,6 +95,14 @@ constexpr const IndexTraits* indexTraits(std::string_view name) {
     if (traits.name == name) return &traits;
   }
   return nullptr;
+}
+
+/// The type that a file of the suite has in its directory, "L" or "I"; empty for another's name.
+constexpr std::string_view typeOf(std::string_view name) {
+  for (const RecordFileTraits& traits : kRecordFiles) {
+    if (traits.name == name) return "L";
+  }
+  return indexTraits(name) == nullptr ? "" : "I";
 }
 
 }  // namespace dg::check

@@ -110,6 +110,13 @@ void DirectoryChecker::checkEntry(const DirectoryTable& table, const DirectoryTa
 bool DirectoryChecker::checkShape(const DirectoryTableEntry& entry, const Place& place) {
   const DirectoryEntry& file = entry.entry;
   const std::string& name = file.FileName;
+  const std::string_view expected = typeOf(name);
+  if (!expected.empty() && file.FileType != expected) {
+    run_.findings.damage(kind::kDirectoryType, place,
+                         "The entry " + name + " has the type \"" + file.FileType +
+                             "\" instead of \"" + std::string(expected) + "\".");
+    return false;
+  }
   if (!isIndex(file) && !isRecordFile(file)) {
     run_.findings.note(kind::kDirectoryType, place,
                        "The entry " + name + " is neither of type \"L\" nor of type \"I\".");

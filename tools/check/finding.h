@@ -70,6 +70,7 @@ inline constexpr std::string_view kFreeContent = "free-record-content";
 inline constexpr std::string_view kFreeLost = "free-records-lost";
 inline constexpr std::string_view kBlankRecords = "blank-records";
 inline constexpr std::string_view kNotMarked = "records-not-marked";
+inline constexpr std::string_view kExtensionShort = "extension-short";
 
 inline constexpr std::string_view kIndexHeader = "index-header";
 inline constexpr std::string_view kIndexEntryLength = "index-entry-length";

@@ -73,8 +73,8 @@ bool IndexChecker::checkHeader() {
   contents_.keyLength = entryLength_ - kPointerLength;
   if (traits_ != nullptr && contents_.keyLength != traits_->keyLength) {
     run_.findings.note(kind::kIndexEntryLength, file_.atBlock(0, within(kEntryLength)),
-                       "The keys have " + text(contents_.keyLength) + " bytes; readers ask for " +
-                           text(traits_->keyLength) + ".");
+                       "The keys have " + text(contents_.keyLength) + " bytes; those of " +
+                           file_.name + " are known with " + text(traits_->keyLength) + ".");
   }
   const std::int32_t perNode = field('C', header, kEntriesPerNode);
   if (perNode != kRoom / entryLength_) {

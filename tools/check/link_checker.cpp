@@ -1,6 +1,5 @@
 #include "tools/check/link_checker.h"
 
-#include <algorithm>
 #include <set>
 
 #include "platform/text.h"
@@ -60,7 +59,7 @@ void LinkChecker::check() {
   }
   for (const LinkEntry& link : store.links())
     checkLink(link);
-  noteMissingNames();
+  checkMissingNames();
 }
 
 void LinkChecker::checkLink(const LinkEntry& link) {
@@ -107,17 +106,16 @@ void LinkChecker::checkOwnLink(const LinkEntry& link, const Place& place) {
       break;
   }
   const std::string_view name = run_.store.shortName(link);
-  const bool known =
-      std::any_of(table->entries.begin(), table->entries.end(),
-                  [&](const DirectoryTableEntry& entry) { return entry.entry.FileName == name; });
-  if (!known) {
+  if (table->find(name) == nullptr) {
     run_.findings.damage(kind::kLinkNowhere, place, lead + ", which has no entry of that name.");
   }
 }
 
 void LinkChecker::checkOthersLink(const LinkEntry& link, const Place& place) {
   const std::string lead = "Another store's link " + link.link + " leads to \"" + link.resolution;
-  switch (run_.store.look(link.resolution)) {
+  const auto [looked, isNew] = others_.try_emplace(link.resolution);
+  if (isNew) looked->second = run_.store.look(link.resolution);
+  switch (looked->second) {
     case Presence::kOutside:
       run_.findings.note(kind::kLinkOutside, place,
                          lead + "\", which is no path below the link share.");
@@ -131,8 +129,9 @@ void LinkChecker::checkOthersLink(const LinkEntry& link, const Place& place) {
   }
 }
 
-/// A view whose file has no link ends in an error, but a store may do without a part of the suite.
-void LinkChecker::noteMissingNames() {
+/// A view whose file has no link ends in an error. A store may do without a part of the suite, but
+/// then nothing else tells of the file.
+void LinkChecker::checkMissingNames() {
   std::set<std::string, std::less<>> linked;
   for (const LinkEntry& link : run_.store.links()) {
     if (run_.store.isOfThisStore(link)) linked.emplace(run_.store.shortName(link));
@@ -142,16 +141,29 @@ void LinkChecker::noteMissingNames() {
                          "No link belongs to the store " + run_.store.directory() + ".");
     return;
   }
-  const auto noteMissing = [&](std::string_view name) {
+  const auto checkName = [&](std::string_view name) {
     if (linked.contains(name)) return;
-    run_.findings.note(
-        kind::kLinkMissing, table(),
-        "The store has no link for " + std::string(name) + ", so what needs it shows an error.");
+    const std::string lead = "The store has no link for " + std::string(name);
+    for (const DirectoryTable& directory : run_.store.directories()) {
+      if (directory.find(name) == nullptr) continue;
+      run_.findings.damage(kind::kLinkMissing, table(),
+                           lead + ", though its directory " + directory.path +
+                               " has that file: what needs it shows an error.");
+      return;
+    }
+    if (const auto offset = run_.store.findInLinkTable(name)) {
+      Place place = table();
+      place.offset = offset;
+      run_.findings.damage(kind::kLinkMissing, place,
+                           lead + ": its name stands in the table, and not where an entry's does.");
+      return;
+    }
+    run_.findings.note(kind::kLinkMissing, table(), lead + ", so what needs it shows an error.");
   };
   for (const RecordFileTraits& traits : kRecordFiles)
-    noteMissing(traits.name);
+    checkName(traits.name);
   for (const IndexTraits& traits : kIndexes)
-    noteMissing(traits.name);
+    checkName(traits.name);
 }
 
 }  // namespace dg::check

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "tools/check/check_run.h"
 
 namespace dg::check {
@@ -15,9 +18,10 @@ class LinkChecker {
   void checkLink(const LinkEntry& link);
   void checkOwnLink(const LinkEntry& link, const Place& place);
   void checkOthersLink(const LinkEntry& link, const Place& place);
-  void noteMissingNames();
+  void checkMissingNames();
 
   CheckRun& run_;
+  std::map<std::string, Presence, std::less<>> others_;  ///< by resolution: many links lead to each
 };
 
 }  // namespace dg::check

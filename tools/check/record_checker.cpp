@@ -56,12 +56,9 @@ void RecordChecker::checkRecords() {
       run_.uses.insert_or_assign(file_.name, RecordUse(file_, traits_.inUse)).first->second;
   onChain_.assign(static_cast<std::size_t>(use.last()) + 1, false);
   checkFreeChain(use);
-  if (isExtension()) {
-    checkExtension();
-  } else {
-    checkCounts(use);
-    checkUnused(use);
-  }
+  if (isExtension()) return;
+  checkCounts(use);
+  checkUnused(use);
 }
 
 void RecordChecker::checkFreeChain(const RecordUse& use) {
@@ -165,15 +162,26 @@ void RecordChecker::checkUnused(const RecordUse& use) {
 }
 
 void RecordChecker::checkExtension() {
-  const LogicalView* main = run_.store.find(traits_.mainFile);
-  if (main == nullptr || main->misplaced || !main->isRecordFile()) return;
-  const std::string header = main->data->bytes(main->begin(), record_zero::kSize);
+  const RecordUse* main = isExtension() ? run_.use(traits_.mainFile) : nullptr;
+  if (main == nullptr) return;
+  readRecordZero();
+  const LogicalView& mainFile = main->file();
+  const std::string header = mainFile.data->bytes(mainFile.begin(), record_zero::kSize);
   const std::int32_t mainCount = field('L', header, record_zero::kActiveCount);
-  if (mainCount == activeCount_) return;
-  run_.findings.note(kind::kActiveCount, file_.atRecord(0, within(record_zero::kActiveCount)),
-                     "Record zero counts " + counted(activeCount_, "record") +
-                         " in use, and that of " + main->name + ", which this file continues, " +
-                         text(mainCount) + ".");
+  if (mainCount != activeCount_) {
+    run_.findings.note(kind::kActiveCount, file_.atRecord(0, within(record_zero::kActiveCount)),
+                       "Record zero counts " + counted(activeCount_, "record") +
+                           " in use, and that of " + mainFile.name +
+                           ", which this file continues, " + text(mainCount) + ".");
+  }
+  for (std::int64_t record = main->last(); record > file_.entry.LastRecord; --record) {
+    if (!main->isUsed(record)) continue;
+    run_.findings.damage(kind::kExtensionShort, mainFile.atRecord(record),
+                         "Record " + text(record) + " is in use, and " + file_.name +
+                             ", which continues it, has no record above " +
+                             text(file_.entry.LastRecord) + ".");
+    return;
+  }
 }
 
 }  // namespace dg::check

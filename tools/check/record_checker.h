@@ -18,6 +18,9 @@ class RecordChecker {
   /// The records: reads them all, and leaves their use in the run. Which records of an extension
   /// file are in use is the main file's to say.
   void checkRecords();
+  /// An extension file against the records that it continues; nothing for another file. Not before
+  /// the records of both.
+  void checkExtension();
 
  private:
   void readRecordZero();
@@ -25,7 +28,6 @@ class RecordChecker {
   void checkFreeRecord(const RecordUse& use, std::int64_t record);
   void checkCounts(const RecordUse& use);
   void checkUnused(const RecordUse& use);
-  void checkExtension();
   bool isExtension() const { return !traits_.mainFile.empty(); }
 
   CheckRun& run_;

@@ -113,17 +113,17 @@ void StoreReader::readLinks() {
   if (!table) return;
   std::set<std::string> known;
   try {
-    for (std::int64_t number = 0; number * kLinkEntrySize < table->size(); ++number) {
-      if (number == kMostLinks) {
-        linkTableTooLong_ = true;
-        return;
-      }
-      const std::string bytes = table->bytes(number * kLinkEntrySize, kLinkEntrySize);
+    const std::int64_t length = std::min(table->size(), kMostLinks * kLinkEntrySize);
+    linkTableTooLong_ = table->size() > length;
+    linkTable_ = table->bytes(0, static_cast<std::size_t>(length));
+    for (std::int64_t number = 0; number * kLinkEntrySize < length; ++number) {
+      const std::string bytes =
+          linkTable_.substr(static_cast<std::size_t>(number * kLinkEntrySize), kLinkEntrySize);
       LinkEntry entry{
           .number = number,
           .link = Trun(middle(bytes, kLinkNamePosition, kLinkNameWidth), true),
           .resolution = Trun(middle(bytes, kResolutionNamePosition, kLinkNameWidth), true),
-          .cut = (number + 1) * kLinkEntrySize > table->size()};
+          .cut = bytes.size() < kLinkEntrySize};
       if (entry.link.empty() && !entry.cut) continue;
       entry.repeated = !known.insert(upperCase(entry.link)).second;
       links_.push_back(std::move(entry));
@@ -132,6 +132,17 @@ void StoreReader::readLinks() {
     linkTablePresence_ = Presence::kUnreadable;
     linkTableError_ = failure.description();
   }
+}
+
+std::optional<std::int64_t> StoreReader::findInLinkTable(std::string_view name) const {
+  const std::string link = ":" + directory_ + ":" + std::string(name);
+  for (std::size_t at = linkTable_.find(link); at != std::string::npos;
+       at = linkTable_.find(link, at + 1)) {
+    const std::size_t end = at + link.size();
+    const bool isWhole = end == linkTable_.size() || Trun(linkTable_.substr(end, 1), true).empty();
+    if (isWhole) return static_cast<std::int64_t>(at);
+  }
+  return std::nullopt;
 }
 
 void StoreReader::readDirectory(const std::string& path) {

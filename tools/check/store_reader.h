@@ -66,6 +66,9 @@ class StoreReader {
   const std::string& linkTableError() const { return linkTableError_; }
   bool linkTableTooLong() const { return linkTableTooLong_; }
   const std::vector<LinkEntry>& links() const { return links_; }
+  /// The byte of the link table at which the link name of a file of this store stands, be it in the
+  /// place of an entry's name or not.
+  std::optional<std::int64_t> findInLinkTable(std::string_view name) const;
   bool isOfThisStore(const LinkEntry& link) const;
   /// Behind the store's prefix, else the link name as it is.
   std::string_view shortName(const LinkEntry& link) const;
@@ -107,6 +110,7 @@ class StoreReader {
   Presence linkTablePresence_ = Presence::kMissing;
   std::string linkTableError_;
   bool linkTableTooLong_ = false;
+  std::string linkTable_;
   bool tooManyDirectories_ = false;
   std::vector<LinkEntry> links_;
   std::deque<DirectoryTable> directories_;
