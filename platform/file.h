@@ -18,7 +18,8 @@ class File {
   File& operator=(const File&) = delete;
 
   /// Reads up to `count` bytes at `offset` into `buffer`; returns how many there were: fewer only
-  /// at the file's end. Raises 57 when the system's read fails, 63 for a negative offset.
+  /// at the file's end. Raises 57 when the system's read fails, 70 where the range is locked
+  /// against it, 63 for a negative offset.
   virtual std::size_t read(std::int64_t offset, char* buffer, std::size_t count) = 0;
   /// Writes all of `data` at `offset`. Raises 57, 61, 63 or 70.
   virtual void write(std::int64_t offset, std::string_view data) = 0;

@@ -33,16 +33,19 @@ class SystemFile final : public File {
     std::size_t done = 0;
     while (done < count) {
       OVERLAPPED place = atOffset(offset + static_cast<std::int64_t>(done));
+      const auto wanted = static_cast<DWORD>(std::min(count - done, kMostAtOnce));
       DWORD got = 0;
-      const BOOL succeeded =
-          ::ReadFile(handle_.get(), buffer + done,
-                     static_cast<DWORD>(std::min(count - done, kMostAtOnce)), &got, &place);
+      const bool succeeded =
+          ::ReadFile(handle_.get(), buffer + done, wanted, &got, &place) != FALSE;
+      const DWORD error = succeeded ? ERROR_SUCCESS : ::GetLastError();
       ReadStatistics& statistics = readStatistics();
       ++statistics.calls;
-      if (!succeeded && ::GetLastError() != ERROR_HANDLE_EOF) throw RunTimeError(kDeviceIoError);
-      if (got == 0) break;
+      // A range that a terminal has locked is refused, and counts as permission denied.
+      if (!succeeded && error != ERROR_HANDLE_EOF) throw RunTimeError(transferErrorNumber(error));
       statistics.bytes += got;
       done += got;
+      // Fewer bytes than asked for are a file's last ones: to ask again is one more round trip.
+      if (got < wanted) break;
     }
     return done;
   }
