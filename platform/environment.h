@@ -9,16 +9,20 @@ namespace dg {
 /// Where this process finds what lies outside it. Filled once at start-up from the environment, and
 /// changed only by options that stand in for the variables.
 struct Environment {
-  std::string temp;          ///< value of "TEMP": directory of the log and the catalog file
-  std::string shareRoot;     ///< folder that holds server/share/...; unused on Windows
+  std::string temp;          ///< the user's temporary directory: has the catalog file
+  std::string shareRoot;     ///< folder that holds server/share/...; empty on Windows: none needed
   std::string computerName;  ///< this workstation's name
   std::string settingsFile;  ///< ini file of the per-user settings; empty: the system's own store
+  /// Directory of the operation log where it need not be `temp`: on Windows the value of "TEMP",
+  /// set or not, while the temporary directory is what the system says.
+  std::optional<std::string> logFolder = std::nullopt;
 };
 
 /// The process's environment. The first call fills it from the variables and the system: `temp`
 /// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `computerName` from
 /// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config. On
-/// Windows the user's temporary directory, the system's computer name, and the registry.
+/// Windows the user's temporary directory, the system's computer name, and the registry; no share
+/// root but by an option.
 Environment& environment();
 
 /// A path that the program composed with backslashes, as this platform's: UNC paths are mapped
@@ -26,7 +30,7 @@ Environment& environment();
 /// is written, then without regard to case. Names that would lead out of the share (".."), or that
 /// hold a NUL, a separator or a drive letter where a name stands, or that are a device's of
 /// Windows, give nothing; so does a UNC path while there is no share root. On Windows a path that
-/// is not refused stays as it is.
+/// is not refused stays as it is, but for a UNC path while there is a share root.
 std::optional<std::string> nativePath(const std::string& path);
 
 /// The IPv4 address of a host name or dotted text, its four bytes in network order read as one

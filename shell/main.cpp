@@ -19,7 +19,8 @@ constexpr const char* kRefusal =
 }  // namespace
 
 void setLogFile() {
-  gsLogFile = environment().temp + "\\dgoperation.log";
+  const Environment& place = environment();
+  gsLogFile = place.logFolder.value_or(place.temp) + "\\dgoperation.log";
 }
 
 void connectFailureLog() {

@@ -41,6 +41,7 @@ void DesktopSession::start(const std::vector<std::string>& missing) {
     }
   }
   environment().temp = store + "/temp";
+  environment().logFolder.reset();
   environment().shareRoot = store + "/share";
   setFileSystem(nullptr);
   setLogFile();

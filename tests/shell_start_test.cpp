@@ -57,6 +57,18 @@ TEST(LogTest, ALogThatCannotBeWrittenLosesTheLineOfATrapOnly) {
   EXPECT_THROW(writeOperationLog("start"), RunTimeError);
 }
 
+TEST(LogTest, StandsInTheFolderOfItsVariableWhateverThatHolds) {
+  const ProgramRun run;
+  setLogFile();
+  EXPECT_EQ(gsLogFile, environment().temp + "\\dgoperation.log");
+  environment().logFolder = "D:\\logs\\";
+  setLogFile();
+  EXPECT_EQ(gsLogFile, "D:\\logs\\\\dgoperation.log");
+  environment().logFolder = "";
+  setLogFile();
+  EXPECT_EQ(gsLogFile, "\\dgoperation.log");
+}
+
 TEST(LogTest, ASilencedLogIsStillObserved) {
   ProgramRun run;
   setLogEnabled(false);

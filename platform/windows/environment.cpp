@@ -28,6 +28,16 @@ std::string temporaryFolder() {
   return path;
 }
 
+/// The value of "TEMP", which the suite's programs may set apart from the system's own folder; no
+/// value is an empty one.
+std::string temporaryVariable() {
+  std::string value(32768, '\0');
+  const DWORD length =
+      ::GetEnvironmentVariableA("TEMP", value.data(), static_cast<DWORD>(value.size()));
+  value.resize(length < value.size() ? length : 0);
+  return value;
+}
+
 std::string systemComputerName() {
   std::array<char, MAX_COMPUTERNAME_LENGTH + 1> name = {};
   DWORD size = static_cast<DWORD>(name.size());
@@ -39,12 +49,15 @@ std::string systemComputerName() {
 Environment environmentFromSystem() {
   Environment found;
   found.temp = temporaryFolder();
+  found.logFolder = temporaryVariable();
   found.computerName = systemComputerName();
   return found;
 }
 
 bool shareIsReachable(const std::string& root) {
   if (!nativePath(root)) return false;
+  // The system knows nothing of a share that a folder stands in for.
+  if (!environment().shareRoot.empty()) return fileSystem().directoryExists(root);
   std::array<char, 255> volume = {};
   std::array<char, 255> system = {};
   DWORD serial = 0;

@@ -21,7 +21,8 @@ std::optional<std::string> nativePath(const std::string& path) {
   if (!names) return std::nullopt;
   // Put together anew: a store without a directory has two separators in a row, which not every
   // server takes for one.
-  std::string native = "\\";
+  const std::string& root = environment().shareRoot;
+  std::string native = root.empty() ? "\\" : root;
   for (const std::string& name : *names)
     native += "\\" + name;
   return native;

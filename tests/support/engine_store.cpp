@@ -31,6 +31,7 @@ EngineStore::EngineStore() : files_(new MemoryFileSystem), formerEnvironment_(en
   formerHandler_ =
       setMessageBoxHandler([this](const MessageBox& box) { messages_.push_back(box); });
   environment().temp = "C:\\Temp";
+  environment().logFolder.reset();
   environment().computerName = "PC7";
   SystemInfo = std::make_shared<cSystem>();
   SystemInfo->mUNCDrive = "srv";

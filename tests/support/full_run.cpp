@@ -183,6 +183,7 @@ FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit, RunExt
   ProgramRun surroundings;
   environment().shareRoot = store + "/share";
   environment().temp = store + "/temp";
+  environment().logFolder.reset();
   environment().settingsFile = store + "/config/DealerGauge.ini";
   setLogFile();
   return runOver(surroundings, std::make_unique<StepLimitFileSystem>(systemFileSystem()), stepLimit,

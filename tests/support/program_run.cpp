@@ -39,6 +39,7 @@ std::string programPath(const std::string& path, const std::string& temp) {
 ProgramRun::ProgramRun() : formerEnvironment_(environment()) {
   Environment& place = environment();
   place.temp = folder.path().string();
+  place.logFolder.reset();
   place.computerName = "PC7";
   place.settingsFile = folder.file("DealerGauge.ini");
   setClock(Date::fromText("11/24/26 10:30:00"));

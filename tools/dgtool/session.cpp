@@ -29,9 +29,13 @@ void applyOptions(const StoreOptions& options) {
     }
     place.shareRoot = (store / "share").string();
     place.temp = (store / "temp").string();
+    place.logFolder.reset();
     place.settingsFile = (store / "config" / "DealerGauge.ini").string();
   }
-  if (!options.temp.empty()) place.temp = options.temp;
+  if (!options.temp.empty()) {
+    place.temp = options.temp;
+    place.logFolder.reset();
+  }
   if (!options.shareRoot.empty()) place.shareRoot = options.shareRoot;
   if (!options.computer.empty()) place.computerName = options.computer;
   if (!options.settings.empty()) place.settingsFile = options.settings;
