@@ -48,15 +48,29 @@ bool lies(std::string_view data, std::int32_t position, int width) {
   return true;
 }
 
+/// The four bytes from a place within the data on, the first one highest; NUL beyond the data.
+std::uint32_t fourBytes(std::string_view data, std::size_t start) {
+  const auto* bytes = reinterpret_cast<const unsigned char*>(data.data()) + start;
+  const std::size_t there = data.size() - start;
+  if (there >= 4) {
+    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
+           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
+  }
+  std::uint32_t bits = 0;
+  for (std::size_t i = 0; i < 4; ++i)
+    bits = bits << 8 | (i < there ? bytes[i] : 0U);
+  return bits;
+}
+
 std::int32_t unpackKnown(char opcode, std::string_view data, std::int32_t position) {
-  const auto value = tryUnpack(opcode, data, position);
-  if (!value) {
+  std::int32_t value = 0;
+  if (!tryUnpack(opcode, data, position, value)) {
     throw RunTimeError(31, "UnPack",
                        "Invalid Subscript.  UnPack(" + quoted(opcode) + ", Data$, " +
                            std::to_string(position) +
                            ")   Len(Data$) = " + std::to_string(data.size()));
   }
-  return *value;
+  return value;
 }
 
 void packKnown(char opcode, std::string& data, std::int32_t value, std::int32_t position) {
@@ -138,17 +152,15 @@ std::array<std::uint8_t, 256> maskCodes() {
 
 }  // namespace
 
-std::optional<std::int32_t> tryUnpack(char opcode, std::string_view data, std::int32_t position) {
+bool tryUnpack(char opcode, std::string_view data, std::int32_t position, std::int32_t& value) {
   const int width = opcodeWidth(opcode);
-  if (!lies(data, position, width)) return std::nullopt;
-  const auto* field = reinterpret_cast<const unsigned char*>(data.data()) + (position - 1);
-  std::uint32_t bits = 0;
-  for (int i = 0; i < width; ++i)
-    bits = bits << 8 | field[i];
-  // Up to the top and back down: an arithmetic shift fills with the sign.
+  if (!lies(data, position, width)) return false;
+  // The field stands at the top; an arithmetic shift down fills with the sign.
+  const std::uint32_t bits = fourBytes(data, static_cast<std::size_t>(position) - 1);
   const int unused = 32 - 8 * width;
-  if (isSigned(opcode)) return static_cast<std::int32_t>(bits << unused) >> unused;
-  return static_cast<std::int32_t>(bits);
+  value = isSigned(opcode) ? static_cast<std::int32_t>(bits) >> unused
+                           : static_cast<std::int32_t>(bits >> unused);
+  return true;
 }
 
 std::int32_t Unpack(std::string& OpCode, std::string_view Data, std::int32_t Position) {
@@ -231,21 +243,27 @@ std::string Crm(std::string& Text) {
 }
 
 std::string unpackText(std::string_view packed) {
-  const std::string& table = MaskTable;
-  std::string text((packed.size() + 1) / 2 * 3, ' ');
+  std::string text;
+  unpackText(packed, text);
+  return text;
+}
+
+void unpackText(std::string_view packed, std::string& text) {
+  const char* const table = MaskTable.data();
+  text.resize((packed.size() + 1) / 2 * 3);
   char* out = text.data();
   for (std::size_t i = 0; i < packed.size(); i += 2) {
     const unsigned high = static_cast<unsigned char>(packed[i]);
     const unsigned low = i + 1 < packed.size() ? static_cast<unsigned char>(packed[i + 1]) : 0U;
     const unsigned value = high << 8 | low;
+    const unsigned firstTwo = value / kSecondWeight;
     // Values from 64000 on have the first code 40, which the table does not hold.
     const unsigned first = value / kFirstWeight;
     if (first < kMaskTableSize) *out++ = table[first];
-    *out++ = table[value / kSecondWeight % kMaskTableSize];
-    *out++ = table[value % kMaskTableSize];
+    *out++ = table[firstTwo - first * kMaskTableSize];
+    *out++ = table[value - firstTwo * kSecondWeight];
   }
   text.resize(static_cast<std::size_t>(out - text.data()));
-  return text;
 }
 
 std::string packText(std::string_view text) {

@@ -30,9 +30,17 @@ constexpr int opcodeWidth(char opcode) {
   }
 }
 
-/// The field's value, or nothing when it lies beyond the end of `data`. Positions count from 1.
-/// The opcode must be one of the seven.
-std::optional<std::int32_t> tryUnpack(char opcode, std::string_view data, std::int32_t position);
+/// Reads a field's value; false, and `value` as it was, when the field lies beyond the end of
+/// `data`. Positions count from 1. The opcode must be one of the seven.
+bool tryUnpack(char opcode, std::string_view data, std::int32_t position, std::int32_t& value);
+/// The same as an optional. Inline: loads decode millions of fields, and an optional that crosses a
+/// call goes through memory.
+inline std::optional<std::int32_t> tryUnpack(char opcode, std::string_view data,
+                                             std::int32_t position) {
+  std::int32_t value = 0;
+  if (!tryUnpack(opcode, data, position, value)) return std::nullopt;
+  return value;
+}
 
 // The codec's public operations, as cBusinessBasic offers them; see there.
 std::int32_t Unpack(std::string& OpCode, std::string_view Data, std::int32_t Position);
@@ -49,6 +57,8 @@ void Pack(char OpCode, std::string& Data, std::int32_t Value, std::int32_t Posit
 
 /// Decodes packed text under the table in force, leaving the source alone.
 std::string unpackText(std::string_view packed);
+/// The same in place of what `text` holds: a record that is read again and again keeps its memory.
+void unpackText(std::string_view packed, std::string& text);
 /// Encodes text under the table in force, leaving the source alone: two bytes for each three
 /// characters begun.
 std::string packText(std::string_view text);

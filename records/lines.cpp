@@ -20,7 +20,7 @@ constexpr int kIllegalRecordNumber = 81;
 /// The commodity index has a key of the line number and one commodity code. The list begins with
 /// the code in the record itself, and goes on with those of the index from that code on.
 void readCommodities(clsLines& line, const std::string& record) {
-  line.Commodities.assign(1, textField(record, 28, 1));
+  line.Commodities.assign(1, std::string(textField(record, 28, 1)));
   std::string key(4, '\0');
   Pack('C', key, line.Line, 1);
   putTextField(key, 3, 1, line.Commodities.front(), '\0');

@@ -178,9 +178,8 @@ constexpr Field<R> writeOnly(Field<R> field) {
 }
 
 /// Bytes of a text field: those there are, perhaps fewer than `width` or none.
-inline std::string textField(std::string_view record, int position, int width) {
-  return std::string(
-      middle(record, static_cast<std::size_t>(position), static_cast<std::size_t>(width)));
+inline std::string_view textField(std::string_view record, int position, int width) {
+  return middle(record, static_cast<std::size_t>(position), static_cast<std::size_t>(width));
 }
 
 /// Overwrites `width` bytes at `position` with `text`, filled or cut; raises 5 when the position
@@ -209,8 +208,8 @@ void unpackField(const Field<R>& field, R& self, const std::string& record) {
       std::get<std::string& (*)(R&)>(access)(self) = textField(record, field.position, field.width);
       break;
     case Encoding::kPackedText:
-      std::get<std::string& (*)(R&)>(access)(self) =
-          unpackText(textField(record, field.position, field.width));
+      unpackText(textField(record, field.position, field.width),
+                 std::get<std::string& (*)(R&)>(access)(self));
       break;
     case Encoding::kDate:
       std::get<Date& (*)(R&)>(access)(self) =
