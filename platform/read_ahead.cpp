@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <list>
-#include <map>
+#include <new>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -24,12 +25,27 @@ constexpr std::size_t kLongestRunExtents = kLongestRun / kExtentSize;
 
 class KeptFile;
 
+struct Free {
+  void operator()(char* bytes) const { std::free(bytes); }
+};
+using Bytes = std::unique_ptr<char, Free>;
+
+/// Bytes from the C heap, which gives back the end of a block without moving the rest: a run's
+/// length is known only when it has been read, and stores have thousands of files that are far
+/// shorter than an extent.
+Bytes resized(Bytes bytes, std::size_t size) {
+  char* const moved = static_cast<char*>(std::realloc(bytes.get(), std::max<std::size_t>(size, 1)));
+  if (moved == nullptr) throw std::bad_alloc();
+  static_cast<void>(bytes.release());
+  return Bytes(moved);
+}
+
 /// Extents that one read fetched, one behind the other.
 struct Run {
   KeptFile* file = nullptr;
   std::int64_t firstExtent = 0;
   std::size_t extents = 0;
-  std::unique_ptr<char[]> bytes;
+  Bytes bytes;
   std::size_t length = 0;  ///< of bytes: less than the extents' when the file ends there
 
   std::int64_t begin() const { return firstExtent * kExtent; }
@@ -70,11 +86,9 @@ class Keeper {
   void makeRoom(std::size_t size);
 
   std::uint64_t id_;
-  std::map<std::string, KeptFile> files_;
+  std::unordered_map<std::string, KeptFile> files_;
   RunList runs_;
   std::size_t keptBytes_ = 0;
-  /// Where reads arrive: stores have thousands of files that are far shorter than an extent.
-  std::unique_ptr<char[]> arriving_ = std::make_unique_for_overwrite<char[]>(kLongestRun);
 };
 
 std::size_t Keeper::read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
@@ -126,15 +140,15 @@ const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
   run.file = &kept;
   run.firstExtent = extent;
   run.extents = runLength(kept, extent);
+  run.bytes = resized(nullptr, run.extents * kExtentSize);
   try {
-    run.length = file.read(run.begin(), arriving_.get(), run.extents * kExtentSize);
+    run.length = file.read(run.begin(), run.bytes.get(), run.extents * kExtentSize);
   } catch (const RunTimeError&) {
     kept.unreadable.insert(extent);
     return nullptr;
   }
   makeRoom(run.length);
-  run.bytes = std::make_unique_for_overwrite<char[]>(run.length);
-  std::copy_n(arriving_.get(), run.length, run.bytes.get());
+  if (run.isCutShort()) run.bytes = resized(std::move(run.bytes), run.length);
 
   runs_.push_front(std::move(run));
   const RunList::iterator added = runs_.begin();
