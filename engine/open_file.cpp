@@ -63,7 +63,6 @@ std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName) {
   if (!OpenFiles) return nullptr;
   if (auto known = OpenFiles->find(FileName)) return known;
   try {
-    if (!fileSystem().fileExists(FileName)) return nullptr;
     auto file = std::make_shared<cOpenFile>();
     file->vbFileNumber = FreeFile();
     file->Path = FileName;
@@ -75,7 +74,7 @@ std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName) {
     // of their own.
     return file;
   } catch (const RunTimeError&) {
-    // "Could not open file" reaches nobody: a failed open looks like a missing file.
+    // Whatever the reason, missing or not to be opened: "Could not open file" reaches nobody.
     return nullptr;
   }
 }

@@ -71,12 +71,31 @@ class SystemFile final : public File {
   throw RunTimeError(inDirectory ? kFileNotFound : kPathNotFound);
 }
 
+/// The type of what stands at a path, behind its links. Raises when nothing does.
+mode_t typeOf(const std::string& native) {
+  struct stat status = {};
+  if (::stat(native.c_str(), &status) == 0) return status.st_mode & S_IFMT;
+  if (errno == ENOENT) raiseMissing(native);
+  throw RunTimeError(pathErrorNumber(errno));
+}
+
+/// Opens a file of a type that was asked before: the open would wait for ever for the other end of
+/// a pipe.
+std::unique_ptr<File> openOfType(const std::string& native, mode_t type, FileAccess access) {
+  if (type != S_IFREG) throw RunTimeError(kPathFileAccess);
+  Descriptor descriptor =
+      openDescriptor(native.c_str(), access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY);
+  if (!descriptor.isOpen()) throw RunTimeError(pathErrorNumber(errno));
+  return std::make_unique<SystemFile>(std::move(descriptor));
+}
+
 class SystemFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
     const Location location = locate(path);
     if (location.error != 0) throw RunTimeError(location.error);
-    return openSystemFile(location.native, access);
+    const mode_t type = location.type != 0 ? location.type : typeOf(location.native);
+    return openOfType(location.native, type, access);
   }
 
   bool fileExists(const std::string& path) override { return isOfType(path, S_IFREG); }
@@ -100,17 +119,7 @@ FileSystem& systemFileSystem() {
 }
 
 std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess access) {
-  struct stat status = {};
-  if (::stat(nativeFile.c_str(), &status) != 0) {
-    if (errno == ENOENT) raiseMissing(nativeFile);
-    throw RunTimeError(pathErrorNumber(errno));
-  }
-  // Asked before the open, which would wait for ever for the other end of a pipe.
-  if (!S_ISREG(status.st_mode)) throw RunTimeError(kPathFileAccess);
-  Descriptor descriptor =
-      openDescriptor(nativeFile.c_str(), access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY);
-  if (!descriptor.isOpen()) throw RunTimeError(pathErrorNumber(errno));
-  return std::make_unique<SystemFile>(std::move(descriptor));
+  return openOfType(nativeFile, typeOf(nativeFile), access);
 }
 
 }  // namespace dg
