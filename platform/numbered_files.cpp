@@ -1,5 +1,5 @@
+#include <array>
 #include <cstring>
-#include <map>
 #include <memory>
 
 #include "platform/file.h"
@@ -15,33 +15,40 @@ constexpr std::int32_t kLastNumber = 511;
 /// A text of the run-time holds no more bytes; a damaged length must not ask for more.
 constexpr std::size_t kLongestText = 0x7fffffff;
 
-std::map<std::int32_t, std::unique_ptr<File>>& openNumbers() {
-  static std::map<std::int32_t, std::unique_ptr<File>> files;
+/// By number; empty where none is open.
+std::array<std::unique_ptr<File>, kLastNumber + 1>& openNumbers() {
+  static std::array<std::unique_ptr<File>, kLastNumber + 1> files;
   return files;
 }
 
+bool canBeOpen(std::int32_t number) {
+  return number >= 1 && number <= kLastNumber;
+}
+
+/// The place of a number that can be open.
+std::unique_ptr<File>& placeOf(std::int32_t number) {
+  return openNumbers()[static_cast<std::size_t>(number)];
+}
+
 File& numbered(std::int32_t number) {
-  const auto found = openNumbers().find(number);
-  if (found == openNumbers().end()) throw RunTimeError(kBadFileNumber);
-  return *found->second;
+  if (!canBeOpen(number) || !placeOf(number)) throw RunTimeError(kBadFileNumber);
+  return *placeOf(number);
 }
 
 }  // namespace
 
 std::int32_t FreeFile() {
   std::int32_t number = 1;
-  for (const auto& [used, file] : openNumbers()) {
-    if (used != number) break;
+  while (number <= kLastNumber && placeOf(number))
     ++number;
-  }
   if (number > kLastNumber) throw RunTimeError(kTooManyFiles);
   return number;
 }
 
 void openNumbered(std::int32_t number, const std::string& path, FileAccess access) {
-  if (number < 1 || number > kLastNumber) throw RunTimeError(kBadFileNumber);
-  if (openNumbers().count(number) > 0) throw RunTimeError(kFileAlreadyOpen);
-  openNumbers()[number] = fileSystem().open(path, access);
+  if (!canBeOpen(number)) throw RunTimeError(kBadFileNumber);
+  if (placeOf(number)) throw RunTimeError(kFileAlreadyOpen);
+  placeOf(number) = fileSystem().open(path, access);
 }
 
 std::string readNumbered(std::int32_t number, std::int64_t offset, std::size_t count) {
@@ -70,7 +77,7 @@ std::int64_t fileLength(std::int32_t number) {
 }
 
 void closeNumbered(std::int32_t number) {
-  openNumbers().erase(number);
+  if (canBeOpen(number)) placeOf(number).reset();
 }
 
 }  // namespace dg
