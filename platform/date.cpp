@@ -111,7 +111,9 @@ Date Date::plusDays(std::int32_t count) const {
 std::string Date::shortDateText() const {
   const Calendar calendar = calendarOf(days_);
   const int yearOfCentury = static_cast<int>((calendar.year % 100 + 100) % 100);
-  return print("%d/%d/%02d", calendar.month, calendar.day, yearOfCentury);
+  const std::string year = std::to_string(yearOfCentury);
+  return std::to_string(calendar.month) + '/' + std::to_string(calendar.day) +
+         (year.size() < 2 ? "/0" : "/") + year;
 }
 
 std::string Date::longTimeText() const {

@@ -23,10 +23,12 @@ struct Mask {
         percents(std::count(mask.begin(), mask.end(), '%')) {
     const std::string_view whole = text.substr(0, point);
     const std::string_view fraction = text.substr(point);
-    wholePlaces = static_cast<std::size_t>(std::count_if(whole.begin(), whole.end(), isPlace));
     decimals = static_cast<std::size_t>(std::count_if(fraction.begin(), fraction.end(), isPlace));
-    firstPlace = whole.find_first_of("0#");
-    lastPlace = whole.find_last_of("0#");
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      if (!isPlace(whole[i])) continue;
+      if (wholePlaces++ == 0) firstPlace = i;
+      lastPlace = i;
+    }
     lastZero = text.find_last_of('0');
     if (lastZero == std::string_view::npos) lastZero = 0;
     for (std::size_t i = 0, place = 0; i < whole.size(); ++i) {

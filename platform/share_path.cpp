@@ -8,7 +8,10 @@ namespace dg {
 
 namespace {
 
-constexpr std::string_view kReserved = "/:*?\"<>|";
+constexpr bool isReserved(char c) {
+  return c == '/' || c == ':' || c == '*' || c == '?' || c == '"' || c == '<' || c == '>' ||
+         c == '|';
+}
 
 constexpr std::string_view kDevices[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"};
 
@@ -34,7 +37,7 @@ bool isDevice(std::string_view name) {
 bool canStandOnShare(std::string_view name) {
   if (name.find_first_not_of(". ") == std::string_view::npos) return false;
   const bool plain = std::all_of(name.begin(), name.end(), [](char c) {
-    return static_cast<unsigned char>(c) >= 32 && kReserved.find(c) == std::string_view::npos;
+    return static_cast<unsigned char>(c) >= 32 && !isReserved(c);
   });
   return plain && !isDevice(name);
 }
