@@ -199,7 +199,7 @@ void iKFind(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key
         Rec = 0;
         return;
       }
-      moves.step();
+      moves.step(cursor.nextLeaf());
       // The level is what the header left at the depth's place, not the one reached: consistent
       // separators never lead here, and the suite's own search does the same.
       cursor.moveRight(cursor.pathDepth(), Orb);
@@ -309,7 +309,7 @@ std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb) {
   Cursor cursor(LogicalFile, buff);
   std::int32_t entries = cursor.entryCount();
   for (WalkGuard leaves(LogicalFile); cursor.nextLeaf() != kNoNextLeaf;) {
-    leaves.step();
+    leaves.step(cursor.nextLeaf());
     cursor.readNode(cursor.nextLeaf(), Orb);
     entries = checkedAdd(entries, cursor.entryCount());
   }

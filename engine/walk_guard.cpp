@@ -43,4 +43,8 @@ void WalkGuard::measure() {
   if (taken_ > limit_) throw RunTimeError(kOverflow);
 }
 
+void WalkGuard::raiseCircle() {
+  throw RunTimeError(kOverflow);
+}
+
 }  // namespace dg

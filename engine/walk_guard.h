@@ -12,7 +12,8 @@ namespace dg {
 ///
 /// How many there are the directory tells as the capacity. A damaged one can tell any number, so a
 /// walk that gets long is measured by the length of the physical file as well; short walks do not
-/// pay for asking it.
+/// pay for asking it. A chain, where each place leads to just one next, ends sooner in a circle: a
+/// place that is met again would be met for ever.
 class WalkGuard {
  public:
   /// `stepsPerRecord`: for walks that visit a record or block several times, as those over the
@@ -23,15 +24,30 @@ class WalkGuard {
   void step() {
     if (++taken_ > limit_) measure();
   }
+  /// Counts a chain's step to a record or block. Raises 6 for one that was met before as well.
+  void step(std::int64_t place) {
+    step();
+    if (place == mark_) raiseCircle();
+    // The mark moves on at each power of two, and so falls into any circle sooner or later: no list
+    // of all places is needed.
+    if (taken_ != nextMark_) return;
+    mark_ = place;
+    nextMark_ *= 2;
+  }
 
  private:
+  static constexpr std::int64_t kNoPlace = INT64_MIN;  // chains of damaged files lead to -1 as well
+
   void measure();
+  [[noreturn]] static void raiseCircle();
 
   const cLogicalFile* file_;
   std::int64_t stepsPerRecord_;
   std::int64_t taken_ = 0;
   std::int64_t limit_;
   bool measured_ = false;
+  std::int64_t mark_ = kNoPlace;  ///< a place met before
+  std::int64_t nextMark_ = 1;
 };
 
 }  // namespace dg

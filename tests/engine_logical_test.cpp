@@ -3,6 +3,7 @@
 #include "engine/codec.h"
 #include "engine/record_zero.h"
 #include "engine/state.h"
+#include "engine/walk_guard.h"
 #include "tests/support/engine_store.h"
 #include "tests/support/error_number.h"
 #include "tests/support/raised.h"
@@ -318,6 +319,27 @@ TEST_F(EngineLogical, InitialisesAnIndexThatReadsAsEmpty) {
   const std::string before = store_.dataFile();
   engine().InitFile("OTHER", 12, true, 200, orb_);  // neither records nor index
   EXPECT_EQ(store_.dataFile(), before);
+}
+
+/// A directory may tell any capacity and the physical file be long: a chain's circle must not have
+/// to be walked until either is reached, and a sound chain must not pass for one.
+TEST(WalkGuardTest, AChainEndsSoonWhereItMeetsItself) {
+  cLogicalFile file;
+  file.LastRecord = INT32_MAX;
+  WalkGuard sound(file);
+  for (std::int64_t record = 400; record >= -1; --record)
+    EXPECT_NO_THROW(sound.step(record));
+
+  for (const int lead : {0, 1, 5, 40}) {
+    for (const int length : {1, 2, 7, 60}) {
+      WalkGuard guard(file);
+      const auto walk = [&] {
+        for (int i = 0; i < 500; ++i)
+          guard.step(i < lead ? i : lead + (i - lead) % length);
+      };
+      EXPECT_EQ(errorNumber(walk), kOverflow) << lead << " places before a circle of " << length;
+    }
+  }
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ void DetailBuilder::BuildPage(std::int32_t& record) {
     const auto file = LogicalFileArgument(format_.file).resolve();
     WalkGuard guard(*file);
     for (;;) {
-      guard.step();
+      guard.step(record);
       const PageRecord page = PageRecord::read(format_.file, record);
       const std::int32_t number = page.pageNumber();
       const std::int32_t next = checkedAbs(page.link());

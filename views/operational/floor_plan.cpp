@@ -190,7 +190,7 @@ void frmFpdtl::grdFpdtl_BtnClick(int row) {
   WalkGuard guard(*file);
   clsFloorPlanExtent extent;
   for (; record != 0; record = extent.ExtentNext) {
-    guard.step();
+    guard.step(record);
     bool orb = true;
     extent.Unpack(sharedEngine().LreadFile(file, record, orb));
     addExtent(extents.grdfpx, extent);

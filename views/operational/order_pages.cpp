@@ -23,7 +23,7 @@ PageRecord firstPage(PageRecord page) {
   const auto file = LogicalFileArgument(files::kInvoices).resolve();
   WalkGuard guard(*file);
   while (page.pageNumber() >= kFirstFollowingPage) {
-    guard.step();
+    guard.step(checkedAbs(page.link()));
     page = nextPage(page);
   }
   return page;
@@ -34,7 +34,7 @@ std::int32_t ItemCount(PageRecord page) {
   WalkGuard guard(*file);
   std::int32_t count = page.lineCount();
   while (page.pageNumber() >= kFirstFollowingPage) {
-    guard.step();
+    guard.step(checkedAbs(page.link()));
     page = nextPage(page);
     count = checkedAdd(count, page.lineCount());
   }

@@ -87,7 +87,7 @@ Currency unitCost(const clsUnits& unit) {
   WalkGuard guard(*ledger);
   clsUnitsLedger entry;
   for (std::int32_t record = unit.SubLedgerChain; record != 0; record = entry.LedgerNext) {
-    guard.step();
+    guard.step(record);
     bool orb = true;
     entry.Unpack(sharedEngine().LreadFile(ledger, record, orb));
     cost += entry.Amount;
