@@ -322,6 +322,12 @@ std::int32_t iKLength(const cLogicalFile& LogicalFile, bool& Orb) {
   return static_cast<std::int32_t>(bigEndian16(header.data())) - kPointerSize;
 }
 
+std::int64_t placeOf(std::string_view cursor) {
+  const std::int32_t depth = Unpack('B', cursor, kPathDepth);
+  const std::int32_t leaf = Unpack('C', cursor, kNodePath + 2 * (depth - 1));
+  return std::int64_t{leaf} * 256 + Unpack('B', cursor, kCurrentEntry);
+}
+
 int compareKeys(std::string_view a, std::string_view b) {
   return a.compare(b);
 }

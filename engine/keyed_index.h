@@ -55,6 +55,10 @@ void iKLast(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key
 std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb);
 std::int32_t iKLength(const cLogicalFile& LogicalFile, bool& Orb);
 
+/// Where a walk stands, as one number: the current leaf and the entry in it. Raises 31 for a text
+/// that is no cursor.
+std::int64_t placeOf(std::string_view cursor);
+
 /// Byte-wise comparison of unsigned bytes, the longer being greater when one begins the other; only
 /// the sign counts.
 int compareKeys(std::string_view a, std::string_view b);

@@ -12,21 +12,18 @@ namespace dg {
 ///
 /// How many there are the directory tells as the capacity. A damaged one can tell any number, so a
 /// walk that gets long is measured by the length of the physical file as well; short walks do not
-/// pay for asking it. A chain, where each place leads to just one next, ends sooner in a circle: a
-/// place that is met again would be met for ever.
+/// pay for asking it. A circle ends sooner: where each place leads to just one next, a place that is
+/// met again would be met for ever.
 class WalkGuard {
  public:
   /// `stepsPerRecord`: for walks that visit a record or block several times, as those over the
   /// entries of an index do. The file must outlive the guard.
   explicit WalkGuard(const cLogicalFile& file, std::int64_t stepsPerRecord = 1);
 
-  /// Counts a step. Raises 6, and what asking for the file's length raises.
-  void step() {
-    if (++taken_ > limit_) measure();
-  }
-  /// Counts a chain's step to a record or block. Raises 6 for one that was met before as well.
+  /// Counts a step to a place: a record or block number, or what else tells places apart. Raises 6
+  /// for a step too many or a place met before, and what asking for the file's length raises.
   void step(std::int64_t place) {
-    step();
+    if (++taken_ > limit_) measure();
     if (place == mark_) raiseCircle();
     // The mark moves on at each power of two, and so falls into any circle sooner or later: no list
     // of all places is needed.

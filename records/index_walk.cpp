@@ -39,7 +39,7 @@ std::int32_t IndexWalk::keyField(char opcode, std::int32_t position) const {
 }
 
 void IndexWalk::next() {
-  guard_.step();
+  guard_.step(placeOf(cursor_));
   bool orb = true;
   sharedEngine().KNext(index_, cursor_, key_, record_, orb);
 }

@@ -321,9 +321,9 @@ TEST_F(EngineLogical, InitialisesAnIndexThatReadsAsEmpty) {
   EXPECT_EQ(store_.dataFile(), before);
 }
 
-/// A directory may tell any capacity and the physical file be long: a chain's circle must not have
-/// to be walked until either is reached, and a sound chain must not pass for one.
-TEST(WalkGuardTest, AChainEndsSoonWhereItMeetsItself) {
+/// A directory may tell any capacity and the physical file be long: a circle must not have
+/// to be walked until either is reached, and a sound walk must not pass for one.
+TEST(WalkGuardTest, AWalkEndsSoonWhereItMeetsItself) {
   cLogicalFile file;
   file.LastRecord = INT32_MAX;
   WalkGuard sound(file);

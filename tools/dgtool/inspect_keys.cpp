@@ -87,7 +87,7 @@ class KeyWalk {
     start();
     while (record_ != 0) {
       if (options_.limit && std::cmp_greater_equal(list_.entries.size(), *options_.limit)) return;
-      guard.step();
+      guard.step(placeOf(cursor_));
       list_.entries.push_back({key_, record_});
       bool orb = true;
       if (backwards()) {
