@@ -12,8 +12,8 @@ namespace dg {
 ///
 /// How many there are the directory tells as the capacity. A damaged one can tell any number, so a
 /// walk that gets long is measured by the length of the physical file as well; short walks do not
-/// pay for asking it. A circle ends sooner: where each place leads to just one next, a place that is
-/// met again would be met for ever.
+/// pay for asking it. A circle ends sooner: where each place leads to just one next, a place that
+/// is met again would be met for ever.
 class WalkGuard {
  public:
   /// `stepsPerRecord`: for walks that visit a record or block several times, as those over the
