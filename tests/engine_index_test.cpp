@@ -206,9 +206,13 @@ TEST_P(EngineIndexTrees, AgreesWithASortedMap) {
     ASSERT_EQ(index.find(key), expected);
 }
 
+// A node of 8-byte keys has room for 42 entries, the sentinel among them; at 1 % it takes two. A
+// cursor holds seven levels, so with one key more than those can have three go into a node.
 INSTANTIATE_TEST_SUITE_P(Shapes, EngineIndexTrees,
-                         testing::Values(Tree{1, 4, 60, 1}, Tree{40, 8, 100, 1},
-                                         Tree{200, 14, 60, 2}, Tree{42, 8, 100, 2},
+                         testing::Values(Tree{1, 4, 60, 1}, Tree{41, 8, 100, 1},
+                                         Tree{42, 8, 100, 2}, Tree{1763, 8, 100, 2},
+                                         Tree{1764, 8, 100, 3}, Tree{127, 8, 1, 7},
+                                         Tree{128, 8, 1, 5}, Tree{200, 14, 60, 2},
                                          Tree{200, 1, 100, 2}, Tree{1500, 14, 60, 3},
                                          Tree{60, 250, 100, 6}, Tree{3000, 16, 40, 4}));
 

@@ -23,22 +23,6 @@ TEST(SampleRandom, IsTheSameOnEveryMachine) {
   EXPECT_EQ(random.below(1'000'000), 666834U);
 }
 
-TEST(SampleRandom, ReachesAllOfARangeAndKeepsShuffledItems) {
-  Random random(7, "range");
-  std::set<int> seen;
-  for (int i = 0; i < 500; ++i)
-    seen.insert(random.between(-2, 3));
-  EXPECT_EQ(seen, (std::set<int>{-2, -1, 0, 1, 2, 3}));
-  EXPECT_EQ(random.between(INT32_MIN, INT32_MIN), INT32_MIN);
-  EXPECT_NE(random.between(INT32_MIN, INT32_MAX), random.between(INT32_MIN, INT32_MAX));
-  std::vector<int> items = {1, 2, 3, 4, 5, 6, 7, 8, 9};
-  const std::vector<int> sorted = items;
-  random.shuffle(items);
-  EXPECT_NE(items, sorted);
-  std::sort(items.begin(), items.end());
-  EXPECT_EQ(items, sorted);
-}
-
 TEST(SampleRecordWriter, WritesWhatTheCodecReads) {
   const Date day = *Date::fromCalendar(1999, 1, 5);
   const std::string record = RecordWriter(40)
@@ -111,18 +95,6 @@ TEST(SampleRecordFile, ChainsFreedRecordsFromRecordZero) {
   EXPECT_EQ(errorNumber([&] { file.free(5); }), 81);
   EXPECT_EQ(errorNumber([&] { file.add(std::string(21, 'x')); }), 36);
   EXPECT_EQ(errorNumber([&] { file.replace(5, ""); }), 81);
-}
-
-TEST(SampleRecordFile, CutsAnExtendedRecordInTwo) {
-  RecordFile main(16);
-  RecordFile extension(16);
-  ExtendedRecordFile both(main, extension);
-  both.addFreed();
-  EXPECT_EQ(both.add("0123456789abcdefEXT"), 2);
-  EXPECT_EQ(both.add("short"), 3);
-  EXPECT_EQ(main.image().bytes.substr(32, 16), "0123456789abcdef");
-  EXPECT_EQ(extension.image().bytes.substr(32, 4), std::string("EXT\0", 4));
-  EXPECT_EQ(extension.highUsed(), 3);
 }
 
 /// Slots of a control file that are not 0, by byte offset.
