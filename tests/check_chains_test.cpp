@@ -10,15 +10,10 @@
 
 // Page chains and the tables that lead to them, ledger and extent chains, document files.
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
-using test::CheckedStore;
-using test::damageText;
-using test::hasDamage;
-using test::hasNote;
-using test::ofKind;
 
 constexpr std::int32_t kLink = 110;
 constexpr std::int32_t kPage = 115;
@@ -297,4 +292,4 @@ TEST_F(CheckDocuments, OfNamesThatNoFileHas) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -11,11 +11,10 @@
 // Whatever stands in the files: a check comes to an end, within its memory, and its findings are
 // bounded.
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
-using test::CheckedStore;
 
 constexpr std::array<const char*, 13> kFiles = {
     "LINKSFILE",      "LNK001\\PARTLK", "LNK001\\CUSTLK", "LNK001\\GLLK", "LNK001\\INVOLK",
@@ -112,4 +111,4 @@ TEST(CheckFindings, KeepDamageBeforeNotesAndCountTheRest) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

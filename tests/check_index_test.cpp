@@ -6,15 +6,10 @@
 
 // The trees of the indexes, on one of three levels over the customers.
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
-using test::CheckedStore;
-using test::damageText;
-using test::hasDamage;
-using test::hasNote;
-using test::ofKind;
 
 constexpr std::int32_t kKeyLength = 4;
 constexpr std::int32_t kEntryLength = kKeyLength + 4;
@@ -256,4 +251,4 @@ TEST_F(CheckIndex, NodesBeyondTheEndOfTheDataFile) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

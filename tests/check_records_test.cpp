@@ -6,15 +6,10 @@
 
 // Record zero, the free chain, and what is in use.
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
-using test::CheckedStore;
-using test::damageText;
-using test::hasDamage;
-using test::hasNote;
-using test::ofKind;
 
 constexpr std::int32_t kFreeHead = 3;
 constexpr std::int32_t kHighUsed = 7;
@@ -150,4 +145,4 @@ TEST_F(CheckRecords, ARecordThatTheExtensionFileCannotContinue) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -2,13 +2,10 @@
 
 #include "tests/support/checked_store.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
-using test::CheckedStore;
-using test::damageText;
-using test::ofKind;
 
 TEST(CheckSoundStores, HaveNoDamageWhateverTheirSeed) {
   for (std::uint64_t seed = 1; seed <= 20; ++seed) {
@@ -63,4 +60,4 @@ TEST(CheckSoundStores, MayHaveMoreOfWhatIsLegal) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -7,16 +7,11 @@
 
 // Link table, terminal table, directories, control file: what a store is found by.
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using check::Findings;
 using check::Unit;
-using test::CheckedStore;
-using test::damageText;
-using test::hasDamage;
-using test::hasNote;
-using test::ofKind;
 
 /// Entries of the example store's link table.
 constexpr std::int64_t kLineIndexLink = 2;
@@ -246,4 +241,4 @@ TEST(CheckStructure, AReadThatFailsOnceIsMadeAgain) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

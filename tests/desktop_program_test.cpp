@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProcess>
@@ -26,13 +25,11 @@
 #include "desktop/splash_window.h"
 #include "desktop/tree_panel.h"
 #include "desktop/view_stack.h"
-#include "shell/main.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tests/desktop_session.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/sample_store.h"
-#include "views/view_catalogue.h"
 
 namespace dg {
 namespace {
@@ -81,20 +78,6 @@ TEST_F(DesktopProgramTest, TreeAndMenusGoToViews) {
   session_.window().tree().setFocus();
   QTest::keyClick(&session_.window().tree(), Qt::Key_Up);
   EXPECT_EQ(session_.page().objectName(), "frmProfit");
-}
-
-TEST_F(DesktopProgramTest, MenusAreThoseOfTheTable) {
-  session_.start();
-  QStringList heads;
-  for (const QAction* head : session_.window().menus().actions())
-    heads.append(head->text());
-  EXPECT_EQ(heads, (QStringList{"&File", "&View", "&Options", "&Help"}));
-  QStringList view;
-  for (const QAction* item : session_.window().menus().actions()[1]->menu()->actions())
-    view.append(item->isSeparator() ? QString("-") : item->text());
-  EXPECT_EQ(view.mid(12), (QStringList{"Sales / Cash", "-", "Recap", "Charts"}));
-  EXPECT_EQ(view[3], "Inventory");
-  EXPECT_EQ(session_.window().menus().item("mfile", 0)->shortcut(), QKeySequence(Qt::Key_F5));
 }
 
 TEST_F(DesktopProgramTest, ADataErrorIsRedAndOpensTheLogByMouseAndKeyboard) {
@@ -387,23 +370,6 @@ TEST(DesktopStartTest, ASystemThatShutsDownGetsAProperEnd) {
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(process.exitCode(), 0);
   EXPECT_TRUE(log().ends_with("  Program End \r\n")) << log();
-}
-
-TEST_F(DesktopProgramTest, AWrongTokenIsRefused) {
-  setMessageBoxHandler(&showMessageBox);
-  for (const char* tail : {"", "7q809r21t", "7Q809R21T ", "7Q809R21T more"}) {
-    EXPECT_TRUE(withDialog([&] { EXPECT_EQ(Main(tail, viewCatalogue()), nullptr); },
-                           [](QDialog& dialog) {
-                             const auto& box = dynamic_cast<QMessageBox&>(dialog);
-                             EXPECT_EQ(box.text(),
-                                       " This application can only be started \n"
-                                       "     from the Velmora main menu.    ");
-                             EXPECT_EQ(box.icon(), QMessageBox::Information);
-                             EXPECT_EQ(box.buttons().size(), 1);
-                           }))
-        << tail;
-  }
-  EXPECT_EQ(session_.run.log(), "");
 }
 
 }  // namespace

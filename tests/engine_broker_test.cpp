@@ -1,6 +1,4 @@
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 
@@ -11,16 +9,13 @@
 #include "tests/support/bytes.h"
 #include "tests/support/engine_store.h"
 #include "tests/support/error_number.h"
+#include "tests/support/loopback.h"
 #include "tests/support/raised.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using namespace std::string_literals;
-using test::bytes;
-using test::EngineStore;
-using test::Raised;
-using test::raised;
 
 constexpr const char* kPath = "\\\\srv\\VLMRLNK\\QTS\\LNK001\\DATADB";
 
@@ -29,16 +24,8 @@ constexpr const char* kPath = "\\\\srv\\VLMRLNK\\QTS\\LNK001\\DATADB";
 class Peer {
  public:
   Peer(std::size_t requestSize, std::vector<std::string> reply) {
-    listener_ = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    EXPECT_EQ(::bind(listener_, reinterpret_cast<sockaddr*>(&address), size), 0);
-    EXPECT_EQ(::listen(listener_, 1), 0);
-    EXPECT_EQ(::getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size), 0);
     thread_ = std::thread([this, requestSize, reply = std::move(reply)] {
-      const int connection = ::accept(listener_, nullptr, nullptr);
+      const int connection = listener_.accept();
       char buffer[4096];
       while (request_.size() < requestSize) {
         const ssize_t count = ::recv(connection, buffer, sizeof buffer, 0);
@@ -51,16 +38,15 @@ class Peer {
     });
     UseTCP = true;
     BrokerSocket =
-        connectSocket(static_cast<std::int32_t>(htonl(INADDR_LOOPBACK)), ntohs(address.sin_port));
+        connectSocket(static_cast<std::int32_t>(htonl(INADDR_LOOPBACK)), listener_.port());
     EXPECT_GE(BrokerSocket, 0);
   }
   ~Peer() {
     closeSocket(BrokerSocket);
     BrokerSocket = 0;
     UseTCP = false;
-    ::shutdown(listener_, SHUT_RDWR);  // a peer that nobody met
+    listener_.shutdown();  // a peer that nobody met
     if (thread_.joinable()) thread_.join();
-    ::close(listener_);
   }
   Peer(const Peer&) = delete;
   Peer& operator=(const Peer&) = delete;
@@ -72,7 +58,7 @@ class Peer {
   }
 
  private:
-  int listener_ = -1;
+  Listener listener_;
   std::string request_;
   std::thread thread_;
 };
@@ -288,4 +274,4 @@ TEST_F(EngineBrokerTransport, TheTimeIsTheServers) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

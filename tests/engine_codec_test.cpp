@@ -7,12 +7,8 @@
 #include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
-
-using test::bytes;
-using test::Raised;
-using test::raised;
 
 Date day(int year, int month, int dayOfMonth) {
   return Date::fromCalendar(year, month, dayOfMonth).value();
@@ -273,4 +269,4 @@ TEST_F(EngineCodec, TextThatTheTableHoldsSurvivesEveryLength) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -5,13 +5,10 @@
 #include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using namespace std::string_literals;
-using test::EngineStore;
-using test::Raised;
-using test::raised;
 
 class EngineFiles : public testing::Test {
  protected:
@@ -122,4 +119,4 @@ TEST_F(EngineFiles, WritesKeepThePositionOfTheObject) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -12,13 +12,10 @@
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using namespace std::string_literals;
-using test::EngineStore;
-using test::Raised;
-using test::raised;
 
 std::string padded(std::string key, int length) {
   key.resize(static_cast<std::size_t>(length), '\0');
@@ -583,4 +580,4 @@ TEST(EngineIndex, KeysCompareAsUnsignedBytes) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

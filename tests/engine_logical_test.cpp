@@ -8,14 +8,10 @@
 #include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using namespace std::string_literals;
-using test::directoryEntry;
-using test::EngineStore;
-using test::Raised;
-using test::raised;
 
 /// A record file of records 0 to 4, of 100 bytes each, behind a block of something else: the data
 /// records are in use and full of their number.
@@ -343,4 +339,4 @@ TEST(WalkGuardTest, AWalkEndsSoonWhereItMeetsItself) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -7,13 +7,10 @@
 #include "tests/support/error_number.h"
 #include "tests/support/raised.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using namespace std::string_literals;
-using test::EngineStore;
-using test::linkEntry;
-using test::raised;
 
 /// The terminal id after a creation over that terminal table, as the workstation "PC7" at 10.1.2.3.
 std::string terminalBy(const std::string& table) {
@@ -59,7 +56,7 @@ TEST(EngineSetup, AnUnreachableShareIsToldAndStopsCreation) {
   Links = links;
   setMaskHead(" ,-.");
   EXPECT_EQ(raised([] { cBusinessBasic engine; }),
-            (test::Raised{91, "", "Object variable or With block variable not set"}));
+            (Raised{91, "", "Object variable or With block variable not set"}));
   ASSERT_EQ(store.messages().size(), 1U);
   EXPECT_EQ(store.messages()[0].title, "Connection Error");
   EXPECT_EQ(store.messages()[0].style, kSystemModal);
@@ -76,7 +73,7 @@ TEST(EngineSetup, AMissingTerminalTableShowsAsAnObjectThatIsNotSet) {
   files->add(EngineStore::onShare("LINKSFILE"), "");
   const auto former = setFileSystem(std::move(files));
   EXPECT_EQ(raised([] { cBusinessBasic engine; }),
-            (test::Raised{91, "", "Object variable or With block variable not set"}));
+            (Raised{91, "", "Object variable or With block variable not set"}));
   EXPECT_TRUE(store.messages().empty());
   EXPECT_EQ(SystemInfo->TerminalID, "0");
 }
@@ -222,4 +219,4 @@ TEST(EngineCatalog, ACustomerNumberThatIsNoneRaises) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -7,6 +7,7 @@
 
 #include "forms/tree_view.h"
 #include "platform/message_box.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
@@ -88,18 +89,10 @@ TEST(TreeViewTest, KeysAreUniqueAndParentsKnown) {
   TreeView tree("tv1");
   tree.add({.key = "A", .text = "Assets"});
   tree.add({.key = "A1", .parent = "A", .text = "Parts"});
-  const auto number = [](const std::function<void()>& body) {
-    try {
-      body();
-    } catch (const RunTimeError& error) {
-      return error.number();
-    }
-    return 0;
-  };
-  EXPECT_EQ(number([&] { tree.add({.key = "A1"}); }), 35602);
-  EXPECT_EQ(number([&] { tree.add({.key = "B1", .parent = "B"}); }), 35601);
-  EXPECT_EQ(number([&] { tree.select("B"); }), 35601);
-  EXPECT_EQ(number([&] { tree.setExpanded(2, true); }), 35601);
+  EXPECT_EQ(errorNumber([&] { tree.add({.key = "A1"}); }), 35602);
+  EXPECT_EQ(errorNumber([&] { tree.add({.key = "B1", .parent = "B"}); }), 35601);
+  EXPECT_EQ(errorNumber([&] { tree.select("B"); }), 35601);
+  EXPECT_EQ(errorNumber([&] { tree.setExpanded(2, true); }), 35601);
   EXPECT_EQ(tree.nodes().size(), 2U);
 }
 

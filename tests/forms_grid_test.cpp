@@ -5,6 +5,7 @@
 #include "forms/grid.h"
 #include "platform/message_box.h"
 #include "platform/run_time_error.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
@@ -17,15 +18,6 @@ constexpr ColumnSpec kColumns[] = {
     {.name = "Turns", .mask = "####.00"},
     {.name = "Investment", .caption = "Share"},
 };
-
-int raised(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 std::vector<std::string> column(const Grid& grid, int index) {
   std::vector<std::string> cells;
@@ -47,9 +39,9 @@ TEST(GridTest, ColumnsAreFoundByPositionThenNameThenCaption) {
   EXPECT_EQ(grid.columnIndex("Share"), 3);
   EXPECT_EQ(grid.columnIndex("Investment"), 3) << "a name goes before a caption";
   EXPECT_EQ(grid.columnIndex(1), 1);
-  EXPECT_EQ(raised([&] { grid.columnIndex("turns"); }), kSubscriptOutOfRange);
-  EXPECT_EQ(raised([&] { grid.columnIndex(4); }), kSubscriptOutOfRange);
-  EXPECT_EQ(raised([&] { grid.columnIndex(-1); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.columnIndex("turns"); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.columnIndex(4); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.columnIndex(-1); }), kSubscriptOutOfRange);
 }
 
 TEST(GridTest, CellsHoldWhatTheUserSees) {
@@ -73,12 +65,12 @@ TEST(GridTest, CellsHoldWhatTheUserSees) {
 
 TEST(GridTest, ARowStaysFromItsAddNewOn) {
   Grid grid("grd", kColumns);
-  EXPECT_EQ(raised([&] { grid.set("Line", 1); }), kObjectNotSet);
+  EXPECT_EQ(errorNumber([&] { grid.set("Line", 1); }), kObjectNotSet);
   grid.AddNew();
   grid.set("Line", 1);
-  EXPECT_EQ(raised([&] { grid.set("no such", 1); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.set("no such", 1); }), kSubscriptOutOfRange);
   EXPECT_EQ(grid.rows(), (std::vector<Grid::Row>{{"1", "", "", ""}}));
-  EXPECT_EQ(raised([&] { (void)grid.CellValue(0, 1); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { (void)grid.CellValue(0, 1); }), kSubscriptOutOfRange);
 }
 
 TEST(GridTest, AnItemFillsTheColumnsThatThereAre) {
@@ -94,7 +86,7 @@ TEST(GridTest, TheCurrentRowFollowsMovesAndRemovals) {
   EXPECT_EQ(grid.Bookmark(), -1);
   fill(grid, {"a", "b", "c", "d"});
   EXPECT_EQ(grid.Bookmark(), 3);
-  EXPECT_EQ(raised([&] { grid.setBookmark(4); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.setBookmark(4); }), kSubscriptOutOfRange);
 
   grid.setBookmark(2);
   grid.SelBookmarks = {3, 2};
@@ -111,14 +103,14 @@ TEST(GridTest, TheCurrentRowFollowsMovesAndRemovals) {
   EXPECT_EQ(column(grid, 0), (std::vector<std::string>{"b"}));
   EXPECT_EQ(grid.Bookmark(), 0);
   EXPECT_TRUE(grid.SelBookmarks.empty());
-  EXPECT_EQ(raised([&] { grid.removeRow(1); }), kSubscriptOutOfRange);
+  EXPECT_EQ(errorNumber([&] { grid.removeRow(1); }), kSubscriptOutOfRange);
 }
 
 TEST(GridTest, AnOrderThatLosesRowsIsRefused) {
   Grid grid("grd", kColumns);
   fill(grid, {"a", "b"});
   for (const std::vector<int>& order : {std::vector<int>{0}, {0, 0}, {0, 2}, {-1, 0}}) {
-    EXPECT_EQ(raised([&] { grid.reorder(order); }), kInvalidProcedureCall);
+    EXPECT_EQ(errorNumber([&] { grid.reorder(order); }), kInvalidProcedureCall);
   }
   EXPECT_EQ(column(grid, 0), (std::vector<std::string>{"a", "b"}));
 }

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -8,18 +7,10 @@
 #include "platform/convert.h"
 #include "platform/run_time_error.h"
 #include "platform/variant.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
-
-int errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(Convert, TextsWithANumericForm) {
   const std::pair<const char*, double> cases[] = {{"12", 12},
@@ -58,8 +49,8 @@ TEST(Convert, TextsWithout) {
         "--5", "-5-", "$$5", "5%%",     "1.2.3", ",5",   "1.5,0", "1 2", "5x", "x5",   "1E",
         "1E+", "E5",  "//",  "1/05/99", "Yes",   "0x10", "NaN",   "inf", "5$"}) {
     EXPECT_FALSE(IsNumeric(text)) << text;
-    EXPECT_EQ(errorOf([text] { CDbl(text); }), kTypeMismatch) << text;
-    EXPECT_EQ(errorOf([text] { CLng(text); }), kTypeMismatch) << text;
+    EXPECT_EQ(errorNumber([text] { CDbl(text); }), kTypeMismatch) << text;
+    EXPECT_EQ(errorNumber([text] { CLng(text); }), kTypeMismatch) << text;
   }
   EXPECT_FALSE(IsNumeric(std::string("5\0", 2)));
 }
@@ -67,15 +58,15 @@ TEST(Convert, TextsWithout) {
 TEST(Convert, BeyondTheRangeIsAnOverflow) {
   for (const char* text : {"1E400", "-1E99999999999999999999", "1E309"}) {
     EXPECT_FALSE(IsNumeric(text)) << text;
-    EXPECT_EQ(errorOf([text] { CDbl(text); }), kOverflow) << text;
+    EXPECT_EQ(errorNumber([text] { CDbl(text); }), kOverflow) << text;
   }
-  EXPECT_EQ(errorOf([] { CDbl(std::string(400, '9')); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { CDbl(std::string(400, '9')); }), kOverflow);
   EXPECT_EQ(CDbl("." + std::string(400, '0') + "1"), 0);
-  EXPECT_EQ(errorOf([] { CLng("2147483648"); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CLng(2147483647.5); }), kOverflow);
-  EXPECT_EQ(errorOf([] { CLng(-2147483648.51); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { CLng("2147483648"); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { CLng(2147483647.5); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { CLng(-2147483648.51); }), kOverflow);
   for (const double bad : {HUGE_VAL, -HUGE_VAL, std::nan("")}) {
-    EXPECT_EQ(errorOf([bad] { CLng(bad); }), kOverflow);
+    EXPECT_EQ(errorNumber([bad] { CLng(bad); }), kOverflow);
   }
 }
 

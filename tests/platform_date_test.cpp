@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/date.h"
 #include "platform/run_time_error.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
@@ -45,11 +46,8 @@ TEST(Date, ParsesTimes) {
 }
 
 TEST(Date, RejectsWhatIsNoDate) {
-  for (const char* text : {"",
-                           " ",
-                           "//",
-                           "/1/26",
-                           "00/00/00",
+  // Of no day in the calendar, of too few, too many or too long parts, of other texts.
+  for (const char* text : {"00/00/00",
                            "00/15/99",
                            "13/1/99",
                            "13/12/99",
@@ -60,33 +58,32 @@ TEST(Date, RejectsWhatIsNoDate) {
                            "1/0/99",
                            "1/32/99",
                            "123/01/99",
+                           "1/5/00099",
+                           "1/5/000",
+                           "",
+                           " ",
+                           "//",
+                           "/1/26",
                            "1//5/99",
                            "1/5/",
                            "1/5",
                            "1/5/99/",
+                           "1599",
+                           "1.5.99",
+                           "-1/5/99",
                            "1/5/99x",
                            "1/5/99 x",
                            "x1/5/99",
-                           "1.5.99",
-                           "1/5/00099",
-                           "1/5/000",
                            "Foo 5 2006",
+                           "Nov5 2006",
                            "Nov Nov 2006",
                            "5 5 Nov 2006",
                            "1/5/9910:30",
-                           "1/5/99 10:30 1/5/99",
-                           "-1/5/99",
-                           "1599",
-                           "Nov5 2006"}) {
+                           "1/5/99 10:30 1/5/99"}) {
     EXPECT_FALSE(Date::parse(text)) << text;
   }
   EXPECT_FALSE(Date::parse(std::string("1/5/99\0", 7)));
-  try {
-    Date::fromText("//");
-    FAIL();
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number(), kTypeMismatch);
-  }
+  EXPECT_EQ(errorNumber([] { Date::fromText("//"); }), kTypeMismatch);
 }
 
 TEST(Date, TwoDigitYearsLieBetween1930And2029) {

@@ -1,42 +1,17 @@
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 
 #include "platform/environment.h"
 #include "platform/socket.h"
+#include "tests/support/loopback.h"
 
 namespace dg {
 namespace {
 
-/// A listening socket on loopback.
-class Listener {
- public:
-  Listener() : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    EXPECT_EQ(::bind(socket_, reinterpret_cast<sockaddr*>(&address), size), 0);
-    EXPECT_EQ(::listen(socket_, 1), 0);
-    EXPECT_EQ(::getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
-    port_ = ntohs(address.sin_port);
-  }
-  ~Listener() { ::close(socket_); }
-  Listener(const Listener&) = delete;
-  Listener& operator=(const Listener&) = delete;
-
-  int accept() const { return ::accept(socket_, nullptr, nullptr); }
-  std::uint16_t port() const { return port_; }
-
- private:
-  int socket_;
-  std::uint16_t port_ = 0;
-};
-
 TEST(Socket, CarriesBytesBothWaysAndTellsTheEnd) {
-  const Listener listener;
+  const test::Listener listener;
   std::thread peer([&] {
     const int connection = listener.accept();
     char request[4] = {};
@@ -61,7 +36,7 @@ TEST(Socket, CarriesBytesBothWaysAndTellsTheEnd) {
 TEST(Socket, FailuresGiveMinusOneAndNoSignal) {
   std::uint16_t closedPort = 0;
   {
-    const Listener listener;
+    const test::Listener listener;
     closedPort = listener.port();
   }
   EXPECT_EQ(connectSocket(resolveHost("127.0.0.1"), closedPort), -1);
@@ -69,7 +44,7 @@ TEST(Socket, FailuresGiveMinusOneAndNoSignal) {
   EXPECT_EQ(receiveSocket(-1, buffer, 1), -1);
   EXPECT_EQ(sendSocket(-1, "x"), -1);
 
-  const Listener listener;
+  const test::Listener listener;
   const SocketHandle socket = connectSocket(resolveHost("127.0.0.1"), listener.port());
   ASSERT_NE(socket, -1);
   EXPECT_EQ(::shutdown(static_cast<int>(socket), SHUT_WR), 0);

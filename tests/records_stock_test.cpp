@@ -15,13 +15,10 @@
 #include "tools/sample/families/part_key.h"
 #include "tools/sample/record_writer.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using sample::RecordWriter;
-using test::lineRecord;
-using test::raised;
-using test::Raised;
 using Texts = std::vector<std::string>;
 
 class StockRecords : public testing::Test {
@@ -117,7 +114,7 @@ TEST_F(StockRecords, WritingALinePutsTheMonthIntoTheYear) {
 
 TEST_F(StockRecords, AllLinesAreThoseInUseBelowAThousand) {
   for (const std::int32_t number : {12, 1000, 999})
-    test::addLine(run_.builder, lineRecord(number, "AA"));
+    addLine(run_.builder, lineRecord(number, "AA"));
   run_.builder.extended("LINEL", "ELINEL").addFreed();
   run_.builder.extended("LINEL", "ELINEL").add(lineRecord(5, "AA").integer(1, 'J', 0).bytes());
   run_.openEngine();
@@ -219,4 +216,4 @@ TEST_F(StockRecords, ADescriptionIsLookedUpInTheFloorPlanFile) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -10,12 +10,9 @@
 #include "tests/support/raw_store.h"
 #include "tools/sample/sample_store.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
-using test::RawStore;
-using test::signedAt;
-using test::unsignedAt;
 using testing::Each;
 using testing::Gt;
 using testing::SizeIs;
@@ -180,4 +177,4 @@ TEST(SampleFamilies, TheScaleMultipliesThem) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -7,6 +7,7 @@
 #include "platform/convert.h"
 #include "platform/run_time_error.h"
 #include "shell/sort_grid.h"
+#include "tests/support/error_number.h"
 #include "tests/support/program_run.h"
 
 namespace dg {
@@ -34,12 +35,8 @@ Cells column(const Grid& grid, int index) {
 }
 
 int sort(Grid& grid, int sortColumn, std::int16_t direction, std::int16_t textFlag) {
-  try {
-    SortGrid(grid, grid.Rows(), grid.Cols(), sortColumn, direction, textFlag);
-  } catch (const RunTimeError& error) {
-    return error.number();
-  }
-  return 0;
+  return errorNumber(
+      [&] { SortGrid(grid, grid.Rows(), grid.Cols(), sortColumn, direction, textFlag); });
 }
 
 /// The exchange sort as the program has always had it, row by row: what the order is measured by.

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -14,17 +13,8 @@
 #include "views/operational/shop_detail.h"
 #include "views/operational/warranty_detail.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
-
-using test::Cells;
-using test::kPageLength;
-using test::pageRecord;
-using test::pricedLine;
-using test::remarkLine;
-using test::ViewRun;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A display line as texts without trailing blanks, "-" for a value that no line has set.
 Cells cells(const DisplayLine& line, std::size_t count) {
@@ -56,11 +46,11 @@ Cells parts(const Builder& builder) {
 class DetailBuilderTest : public testing::Test {
  protected:
   /// Adds a page of an order or job; returns its record.
-  std::int32_t addPage(const test::PageFields& fields) {
+  std::int32_t addPage(const PageFields& fields) {
     return run.builder.records("INVOL").add(pageRecord(fields));
   }
   /// Adds a page of a claim, and an index entry when the reference is not 0.
-  std::int32_t addClaimPage(const test::PageFields& fields, std::int32_t reference = 0) {
+  std::int32_t addClaimPage(const PageFields& fields, std::int32_t reference = 0) {
     const std::int32_t record = run.builder.records("WARRL").add(pageRecord(fields));
     if (reference != 0) run.builder.index("WARRI").add(integerKey('L', reference), record);
     return record;
@@ -385,4 +375,4 @@ TEST_F(DetailBuilderTest, ASecondRunRestartsPartsAndLaborOnly) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -14,18 +13,10 @@
 #include "views/operational/floor_plan.h"
 #include "views/operational/shop.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using sample::integerKey;
-using sample::RecordWriter;
-using test::addLine;
-using test::Cells;
-using test::column;
-using test::ShownWindow;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr int kEntryLength = 256;
 constexpr int kExtentLength = 32;
@@ -61,12 +52,6 @@ class FloorPlanTest : public testing::Test {
                                          .integer(29, 'D', next)
                                          .bytes());
   }
-  ShownWindow click(Grid& grid, int row = 0) {
-    run.windows.clear();
-    grid.rowClick(row);
-    EXPECT_THAT(run.windows, testing::Not(IsEmpty()));
-    return run.windows.empty() ? ShownWindow() : run.windows.front();
-  }
   /// Opens a line's entries, and from there what a click on each of the given rows opens.
   void clickThrough(const std::vector<int>& rows) {
     run.onModal = [rows](Form& form) {
@@ -75,10 +60,10 @@ class FloorPlanTest : public testing::Test {
           detail->grdFpdtl.rowClick(row);
       }
     };
-    click(run.load<frmFp>().grdFp);
+    run.click(run.load<frmFp>().grdFp);
   }
 
-  test::ViewRun run;
+  ViewRun run;
 };
 
 std::string key(std::string_view text, std::string_view head = " ,/.") {
@@ -126,7 +111,7 @@ TEST_F(FloorPlanTest, AnEntryWithoutACostHasThatOfItsPart) {
   add(7, entry(7, 0).packed(5, 12, "AB MODEL2").packed(17, 12, "XYZ99"));
   add(7, entry(7, 0).packed(5, 12, "AB MODEL0"));
   add(7, entry(7, 1).packed(5, 12, "AB MODEL1"));
-  const ShownWindow window = click(run.load<frmFp>().grdFp);
+  const ShownWindow window = run.click(run.load<frmFp>().grdFp);
   Cells costs;
   for (const Grid::Row& row : window.grids.at("grdFpdtl"))
     costs.push_back(row.at(13));
@@ -150,7 +135,7 @@ TEST_F(FloorPlanTest, TheDetailShowsTheEntries) {
       .integer(94, 'D', 12);
   add(7, full);
   add(7, entry(7, 5).integer(39, 'C', 1));
-  const ShownWindow window = click(run.load<frmFp>().grdFp);
+  const ShownWindow window = run.click(run.load<frmFp>().grdFp);
   EXPECT_EQ(window.name, "frmFpdtl");
   EXPECT_EQ(window.labels.at("Label1"), "Line  7 - MOWERS");
   // Model and serial number are read with different tables: the same bytes, and not the same text.
@@ -166,8 +151,8 @@ TEST_F(FloorPlanTest, ThePackedTextTableStaysChangedForLaterViews) {
   addLine(run.builder, 7, "MOWERS", "U");
   add(7, entry(7, 100));
   run.builder.controlFile().setJob(
-      1, run.builder.records("INVOL").add(test::pageRecord(
-             {}, RecordWriter(160).packed(27, 10, "A/B").integer(101, 'C', 1).bytes())));
+      1, run.builder.records("INVOL").add(
+             pageRecord({}, RecordWriter(160).packed(27, 10, "A/B").integer(101, 'C', 1).bytes())));
   EXPECT_THAT(column(run.load<frmShop>().grdShop, "Brand"), ElementsAre("A/B"));
   run.load<frmFp>();
   EXPECT_THAT(column(run.load<frmShop>().grdShop, "Brand"), ElementsAre("A-B"));
@@ -194,7 +179,7 @@ TEST_F(FloorPlanTest, ExtentsFollowTheirChain) {
   ASSERT_THAT(run.windows, SizeIs(2)) << "no extents, no window";
   EXPECT_EQ(run.windows[1].name, "frmFpx");
   EXPECT_EQ(run.windows[1].caption, "Extents...     Model MODEL - SERIAL");
-  const test::Rows& rows = run.windows[1].grids.at("grdfpx");
+  const Rows& rows = run.windows[1].grids.at("grdfpx");
   ASSERT_THAT(rows, SizeIs(3));
   EXPECT_EQ(rows[0][0], "REM");
   EXPECT_EQ(rows[0][2], "WITH A TEXT OF THIRTY SIX CHARACTERS");
@@ -233,7 +218,7 @@ TEST_F(FloorPlanTest, AMissingEntryEndsTheLoad) {
 TEST_F(FloorPlanTest, ALineOfANegativePointerCountsByItsMagnitude) {
   addLine(run.builder, 7, "MOWERS", "U");
   const std::int32_t record =
-      addLine(run.builder, test::lineRecord(9, "").packed(7, 20, "SAWS").raw(142, 1, "U"));
+      addLine(run.builder, lineRecord(9, "").packed(7, 20, "SAWS").raw(142, 1, "U"));
   run.builder.index("LINEI").add(integerKey('C', 8, 2), -record);
   add(7, entry(7, 100));
   add(8, entry(8, 200));
@@ -248,11 +233,7 @@ TEST_F(FloorPlanTest, TheListSortsByItsFirstThreeColumnsOnly) {
   add(9, entry(9, 50'000));
   add(200, entry(200, 100'000));
   frmFp& view = run.load<frmFp>();
-  const auto sorted = [&view](int head) {
-    gSortDirection = 1;
-    view.grdFp.headClick(head);
-    return column(view.grdFp, "Line");
-  };
+  const auto sorted = [&view](int head) { return sortedBy(view.grdFp, head, "Line"); };
   EXPECT_THAT(sorted(1), ElementsAre("200", "10", "9"));
   EXPECT_THAT(sorted(3), ElementsAre("200", "10", "9"));
   EXPECT_THAT(sorted(4), ElementsAre("200", "10", "9")) << "Total has no sort";
@@ -277,20 +258,16 @@ TEST_F(FloorPlanTest, TheDetailSortsDatesAndInvoicesAsTexts) {
   }
   run.onModal = [](Form& form) {
     Grid& grid = dynamic_cast<frmFpdtl&>(form).grdFpdtl;
-    const auto sorted = [&grid](int head) {
-      gSortDirection = 1;
-      grid.headClick(head);
-      return column(grid, "Cust #");
-    };
+    const auto sorted = [&grid](int head) { return sortedBy(grid, head, "Cust #"); };
     EXPECT_THAT(sorted(13), ElementsAre("10", "9", "1")) << "999.00, 1,000.00, 10,000.00";
     EXPECT_THAT(sorted(4), ElementsAre("1", "9", "10"));
     EXPECT_THAT(sorted(7), ElementsAre("1", "10", "9")) << "1/15/26, 10/1/26, 9/1/26";
     EXPECT_THAT(sorted(6), ElementsAre("9", "10", "1"));
     EXPECT_THAT(sorted(14), ElementsAre("9", "10", "1")) << "the hidden column has no sort";
   };
-  click(run.load<frmFp>().grdFp);
+  run.click(run.load<frmFp>().grdFp);
   EXPECT_THAT(run.messages, IsEmpty());
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

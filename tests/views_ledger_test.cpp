@@ -3,15 +3,10 @@
 #include "platform/settings.h"
 #include "shell/setup.h"
 #include "tests/support/view_test.h"
-#include "tools/sample/record_writer.h"
 #include "views/financial/ledger_accounts.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
-
-using sample::RecordWriter;
-using test::Cells;
-using test::column;
 
 struct Posting {
   std::int32_t cents = 0;
@@ -19,7 +14,7 @@ struct Posting {
   std::int32_t millions = 0;
 };
 
-class Ledger : public test::ViewTest {
+class Ledger : public ViewTest {
  protected:
   void addAccount(std::int32_t company, std::int32_t account, const std::string& kind = "A") {
     addChartEntry(company, account,
@@ -244,4 +239,4 @@ TEST_F(Ledger, ACancelledSelectionChangesNothing) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

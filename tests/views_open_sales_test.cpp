@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -11,29 +10,17 @@
 #include "tests/support/view_run.h"
 #include "views/operational/open_sales.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using sample::integerKey;
-using sample::RecordWriter;
-using test::addCustomer;
-using test::Cells;
-using test::column;
-using test::PageFields;
-using test::pageRecord;
-using test::pricedLine;
-using test::remarkLine;
-using test::ShownWindow;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr int kBlock = 512;
 constexpr std::int32_t kToday = 112426;  ///< digits of 11/24/26, as page 1 holds its date
 
 /// A sale's header on page 1.
 RecordWriter sale(std::int32_t account, std::int32_t ticket, int subTotal, int type = 1) {
-  RecordWriter record(test::kPageLength);
+  RecordWriter record(kPageLength);
   record.integer(1, 'J', type)
       .integer(3, 'D', account)
       .integer(106, 'L', ticket)
@@ -44,7 +31,7 @@ RecordWriter sale(std::int32_t account, std::int32_t ticket, int subTotal, int t
 
 /// A header of the other layout, which holds no ticket number.
 RecordWriter order(std::int32_t account, int subTotal, int type = 80) {
-  RecordWriter record(test::kPageLength);
+  RecordWriter record(kPageLength);
   record.integer(1, 'J', type).integer(3, 'L', account).integer(125, 'L', subTotal);
   return record;
 }
@@ -55,7 +42,7 @@ class OpenSalesTest : public testing::Test {
     return run.builder.records("INVOL").add(pageRecord(fields, header.bytes()));
   }
   std::int32_t addPage(const PageFields& fields) {
-    return addRecord(RecordWriter(test::kPageLength), fields);
+    return addRecord(RecordWriter(kPageLength), fields);
   }
   void addTicket(std::int32_t ticket, std::int32_t record) {
     run.builder.index("TICKI").add(integerKey('L', ticket, 4), record);
@@ -70,14 +57,8 @@ class OpenSalesTest : public testing::Test {
     bytes.integer(group * 128 + 5 + slot * 4, 'L', record);
     run.builder.controlFile().setBlock(block, bytes.bytes());
   }
-  ShownWindow click(Grid& grid, int row = 0) {
-    run.windows.clear();
-    grid.rowClick(row);
-    EXPECT_THAT(run.windows, SizeIs(1));
-    return run.windows.empty() ? ShownWindow() : run.windows.front();
-  }
 
-  test::ViewRun run;
+  ViewRun run;
 };
 
 TEST_F(OpenSalesTest, TicketsStandInTheOrderOfTheirIndex) {
@@ -200,7 +181,7 @@ TEST_F(OpenSalesTest, BrokenChainsEndTheLoad) {
   };
   for (const auto& broken : cases) {
     SCOPED_TRACE(broken.what);
-    test::ViewRun other;
+    ViewRun other;
     other.builder.records("INVOL").add(pageRecord(broken.page));
     other.builder.index("TICKI").add(integerKey('L', 5, 4), 1);
     other.load<frmOpenSales>();
@@ -234,16 +215,8 @@ TEST_F(OpenSalesTest, TheTwoGridsSortDifferently) {
     save(301, 0, record, record);
   }
   frmOpenSales& view = run.load<frmOpenSales>();
-  const auto tickets = [&view](int head) {
-    gSortDirection = 1;
-    view.grdTickets.headClick(head);
-    return column(view.grdTickets, "Account");
-  };
-  const auto saved = [&view](int head) {
-    gSortDirection = 1;
-    view.grdSaved.headClick(head);
-    return column(view.grdSaved, "Account");
-  };
+  const auto tickets = [&view](int head) { return sortedBy(view.grdTickets, head, "Account"); };
+  const auto saved = [&view](int head) { return sortedBy(view.grdSaved, head, "Account"); };
   EXPECT_THAT(tickets(7), ElementsAre("30", "200", "4")) << "9, 10, 100";
   EXPECT_THAT(saved(7), ElementsAre("200", "4", "30")) << "texts: 10, 100, 9";
   EXPECT_THAT(tickets(1), ElementsAre("4", "30", "200"));
@@ -261,7 +234,7 @@ TEST_F(OpenSalesTest, TheTwoGridsSortDifferently) {
 }
 
 TEST_F(OpenSalesTest, TheDetailShowsTheOrder) {
-  RecordWriter customer = test::customerRecord(501, "SMITH-JONES ADA");
+  RecordWriter customer = customerRecord(501, "SMITH-JONES ADA");
   customer.packed(26, 20, "1 MILL RD", " ,-.")
       .packed(66, 20, "DUNMERE OH 43210", " ,-.")
       .raw(96, 1, "G")
@@ -282,7 +255,7 @@ TEST_F(OpenSalesTest, TheDetailShowsTheOrder) {
                      .lines = {pricedLine("AB", "12345", -15, 12'345, 50, "BELT", "3")}});
   addTicket(41, 1);
 
-  const ShownWindow window = click(run.load<frmOpenSales>().grdTickets);
+  const ShownWindow window = run.click(run.load<frmOpenSales>().grdTickets);
   EXPECT_EQ(window.name, "frmPTSDetail");
   EXPECT_EQ(window.caption, "Pick-Ticket # 41         Sales type : Cash");
   Cells details;
@@ -307,7 +280,7 @@ TEST_F(OpenSalesTest, AvailableCreditIsRoundedToTheEvenNeighbour) {
   std::int32_t account = 0;
   for (const auto& entry : cases) {
     ++account;
-    RecordWriter customer = test::customerRecord(account, "A");
+    RecordWriter customer = customerRecord(account, "A");
     customer.integer(103, 'L', entry.limit)
         .integer(149, 'L', entry.balance)
         .integer(169, 'L', entry.due);
@@ -316,7 +289,7 @@ TEST_F(OpenSalesTest, AvailableCreditIsRoundedToTheEvenNeighbour) {
   }
   frmOpenSales& view = run.load<frmOpenSales>();
   for (int row = 0; row < account; ++row) {
-    const ShownWindow window = click(view.grdTickets, row);
+    const ShownWindow window = run.click(view.grdTickets, row);
     EXPECT_EQ(window.labels.at("lblDtl(0)"), cases[row].shown) << row;
     EXPECT_TRUE(window.caption.ends_with("         Sales type : Charge"));
   }
@@ -336,16 +309,16 @@ TEST_F(OpenSalesTest, TheShipToAccountHasItsRules) {
   frmOpenSales& view = run.load<frmOpenSales>();
   Cells accounts;
   for (int row = 0; row < 5; ++row) {
-    const std::string text = click(view.grdTickets, row).labels.at("lblShipto");
+    const std::string text = run.click(view.grdTickets, row).labels.at("lblShipto");
     accounts.push_back(text.substr(0, text.find('\r')));
   }
   EXPECT_THAT(accounts, ElementsAre("", "501", "502", "16777214", ""));
-  EXPECT_TRUE(click(view.grdSaved).labels.at("lblShipto").starts_with("502\r\n"));
+  EXPECT_TRUE(run.click(view.grdSaved).labels.at("lblShipto").starts_with("502\r\n"));
 }
 
 TEST_F(OpenSalesTest, AnUnknownCustomerLeavesTheWindowWithoutOne) {
   addTicket(1, sale(501, 1, 0).integer(141, 'K', -1));
-  const ShownWindow window = click(run.load<frmOpenSales>().grdTickets);
+  const ShownWindow window = run.click(run.load<frmOpenSales>().grdTickets);
   EXPECT_EQ(window.caption, "Pick-Ticket # 1         Sales type : Charge");
   EXPECT_EQ(window.labels.at("lblCust"), "");
   EXPECT_EQ(window.labels.at("lblShipto"), "");
@@ -357,7 +330,7 @@ TEST_F(OpenSalesTest, ASavedInvoiceIsOpenedByItsRecord) {
   addRecord(sale(1, 0, 0), {.link = kToday, .lines = {pricedLine("AB", "FIRST", 10, 1)}});
   save(301, 0, 0,
        addRecord(sale(1, 0, 0), {.link = kToday, .lines = {pricedLine("AB", "SECOND", 10, 1)}}));
-  const ShownWindow window = click(run.load<frmOpenSales>().grdSaved);
+  const ShownWindow window = run.click(run.load<frmOpenSales>().grdSaved);
   EXPECT_EQ(window.caption, "Saved Invoice            Sales type : Charge");
   EXPECT_EQ(window.grids.at("grdPTS").at(0).at(1), "SECOND");
 }
@@ -374,4 +347,4 @@ TEST_F(OpenSalesTest, ATicketThatTheIndexDoesNotHoldOpensNoWindow) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -5,14 +5,10 @@
 #include "tests/support/view_test.h"
 #include "views/financial/profit.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
-using test::Cells;
-using test::column;
-using test::lineRecord;
-
-class Profit : public test::ViewTest {
+class Profit : public ViewTest {
  protected:
   /// A line with sales and cost, in cents, of the month, the year and the previous year.
   void addLine(std::int32_t number, std::array<std::int32_t, 6> cents) {
@@ -79,12 +75,12 @@ TEST_F(Profit, HeadsSortAndTheBlankOneDoesNothing) {
   const auto view = load<frmProfit>();
   const char* const columns[] = {"mtdsales", "mtdcost",  "mtdgpr",  "ytdsales", "ytdcost",
                                  "ytdgpr",   "pyrsales", "pyrcost", "pyrgpr"};
-  test::expectHeadSorts(view->grdProfit, 0, "Line");
+  expectHeadSorts(view->grdProfit, 0, "Line");
   for (int head = 3; head < 12; ++head)
-    test::expectHeadSorts(view->grdProfit, head, columns[head - 3]);
-  test::expectHeadDoesNothing(view->grdProfit, 2);
+    expectHeadSorts(view->grdProfit, head, columns[head - 3]);
+  expectHeadDoesNothing(view->grdProfit, 2);
   EXPECT_TRUE(run_.messages.empty());
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

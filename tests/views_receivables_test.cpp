@@ -3,13 +3,10 @@
 #include "tests/support/view_test.h"
 #include "views/financial/receivables.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
-using test::Cells;
-using test::column;
-
-class Receivables : public test::ViewTest {
+class Receivables : public ViewTest {
  protected:
   /// A summary of so many lines: "L<n>" with a balance of n dollars, line `odd` instead as given.
   static std::string summary(int lines, int odd = 0, const std::string& text = {}) {
@@ -90,4 +87,4 @@ TEST_F(Receivables, AnEmptyLastLineFailsAndTheTotalGoes) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

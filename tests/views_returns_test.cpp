@@ -7,20 +7,17 @@
 #include "views/financial/purchase_order_detail.h"
 #include "views/financial/returns.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using sample::partKey;
-using test::Cells;
-using test::column;
-using test::Document;
 
-class Returns : public test::ViewTest {
+class Returns : public ViewTest {
  protected:
-  Returns() { test::addVendor(run_.builder, 7, "ELVERTON MARINA"); }
+  Returns() { addVendor(run_.builder, 7, "ELVERTON MARINA"); }
 
   void add(const Document& document, std::int32_t status = 20) {
-    run_.builder.index("RTTBI").add(test::documentKey(document.name, status), 1);
+    run_.builder.index("RTTBI").add(documentKey(document.name, status), 1);
     run_.builder.addFile(document.name, document.bytes());
   }
 };
@@ -33,7 +30,7 @@ TEST_F(Returns, OnlyStatusTwentyOfAnRIsPending) {
   add({.name = "R5", .total = 1}, 6);
   add({.name = "V6", .total = 1});
   add({.name = "R7", .vendor = 8, .date = 20326, .total = -5});
-  run_.builder.index("RTTBI").add(test::documentKey("R8", 20), 1);
+  run_.builder.index("RTTBI").add(documentKey("R8", 20), 1);
   const auto view = load<frmReturn>();
   EXPECT_EQ(view->grdReturn.rows(),
             (std::vector<Cells>{{"R1", "7", "ELVERTON MARINA", "11/24/26", "$123.45", ""},
@@ -53,7 +50,7 @@ TEST_F(Returns, VendorsAndDatesThatAnOrderWouldNotTakeAreShown) {
 
 TEST_F(Returns, AFailureKeepsTheRowsAndMarksTheRecap) {
   add({.name = "R1", .total = 100});
-  run_.builder.index("RTTBI").add(test::documentKey("R2", 20), 1);
+  run_.builder.index("RTTBI").add(documentKey("R2", 20), 1);
   run_.builder.addFile("R2", Document{.name = "R2"}.bytes().substr(0, 228));
   const auto view = load<frmReturn>();
   EXPECT_EQ(view->grdReturn.rows().back(),
@@ -69,7 +66,7 @@ TEST_F(Returns, TheDetailIsThatOfAReturn) {
        .dropShip = 12,
        .total = 100,
        .comments = {"BROKEN"},
-       .lines = {test::documentLine(4, partKey("K7", "9"), 2, 150)}});
+       .lines = {documentLine(4, partKey("K7", "9"), 2, 150)}});
   add({.name = "R2", .number = "GONE"});
   const auto view = load<frmReturn>();
   run_.onModal = [](Form& form) {
@@ -90,7 +87,7 @@ TEST_F(Returns, TheDetailIsThatOfAReturn) {
 
 TEST_F(Returns, AnErrorInTheDetailGoesToTheUser) {
   run_.builder.index("PARTI").add(partKey("K7", "BAD"), 500);
-  add({.name = "R1", .lines = {test::documentLine(4, partKey("K7", "BAD"), 1, 1)}});
+  add({.name = "R1", .lines = {documentLine(4, partKey("K7", "BAD"), 1, 1)}});
   const auto view = load<frmReturn>();
   view->grdReturn.rowClick(0);
   ASSERT_EQ(run_.messages.size(), 1U);
@@ -107,14 +104,14 @@ TEST_F(Returns, ADateHeadMeetsCellsThatAreNoNumbers) {
 }
 
 TEST_F(Returns, HeadsSortByCaptionAndTheDateFails) {
-  test::addVendor(run_.builder, 30, "ALPHA");
+  addVendor(run_.builder, 30, "ALPHA");
   add({.name = "R1", .vendor = 30, .date = 10226, .total = 50'000});
   add({.name = "R2", .vendor = 7, .date = 123125, .total = 90'000});
   const auto view = load<frmReturn>();
-  test::expectHeadSorts(view->grdReturn, 0, "Return Number", true);
-  test::expectHeadSorts(view->grdReturn, 1, "Vendor #");
-  test::expectHeadSorts(view->grdReturn, 2, "Vendor Name", true);
-  test::expectHeadSorts(view->grdReturn, 4, "Total");
+  expectHeadSorts(view->grdReturn, 0, "Return Number", true);
+  expectHeadSorts(view->grdReturn, 1, "Vendor #");
+  expectHeadSorts(view->grdReturn, 2, "Vendor Name", true);
+  expectHeadSorts(view->grdReturn, 4, "Total");
   const std::vector<Grid::Row> before = view->grdReturn.rows();
   ASSERT_TRUE(run_.messages.empty());
   run_.pointers.clear();
@@ -127,4 +124,4 @@ TEST_F(Returns, HeadsSortByCaptionAndTheDateFails) {
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -1,5 +1,4 @@
 #include <cstdlib>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -15,14 +14,8 @@
 #include "views/operational/units.h"
 #include "views/operational/warranty.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
-
-using test::dollars;
-using test::RawStore;
-using test::signedAt;
-using test::unsignedAt;
-using testing::IsEmpty;
 
 constexpr std::size_t kBlock = 512;
 
@@ -162,7 +155,7 @@ TEST_P(SampleViewsTest, RecapLabelsShowWhatTheBytesAddUpTo) {
     std::vector<SampleFile> files = composeSampleStore(optionsOf(seed, GetParam()));
     const RawStore store(files);
     const StoreTotals totals(store);
-    test::ViewRun run;
+    ViewRun run;
     run.open(std::move(files));
     run.load<frmFp>();
     run.load<frmOpenSales>();
@@ -193,7 +186,7 @@ void clickRows(const Form& form) {
 }
 
 TEST_P(SampleViewsTest, EveryDetailWindowOpens) {
-  test::ViewRun run;
+  ViewRun run;
   run.open(composeSampleStore(optionsOf(3, GetParam())));
   run.onModal = [](Form& form) { clickRows(form); };
   std::map<std::string, std::size_t> expected;
@@ -214,7 +207,7 @@ TEST_P(SampleViewsTest, EveryDetailWindowOpens) {
     clickAll(run.load<frmWarranty>(), "frmWarrDetail");
   }
   std::map<std::string, std::size_t> opened;
-  for (const test::ShownWindow& window : run.windows) {
+  for (const ShownWindow& window : run.windows) {
     ++opened[window.name];
     for (const auto& [name, rows] : window.grids) {
       if (name == "grdUnitDtl") expected["frmUnitInfo"] += rows.size();
@@ -237,4 +230,4 @@ INSTANTIATE_TEST_SUITE_P(BothWarrantyOptions, SampleViewsTest, testing::Bool(),
                          });
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -14,21 +13,8 @@
 #include "views/operational/shop.h"
 #include "views/operational/shop_window.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
-
-using sample::RecordWriter;
-using test::addCounterman;
-using test::addCustomer;
-using test::Cells;
-using test::column;
-using test::pageRecord;
-using test::pricedLine;
-using test::remarkLine;
-using test::ShownWindow;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr int kBlock = 512;
 constexpr int kStatusNames = 450;
@@ -37,7 +23,7 @@ constexpr int kOptions = 401;
 
 /// A job's header: its number, status and sub-total in hundredths.
 RecordWriter jobHeader(int job, std::string_view status, int subTotal = 0) {
-  RecordWriter record(test::kPageLength);
+  RecordWriter record(kPageLength);
   record.integer(1, 'J', 80).raw(99, 1, status).integer(101, 'C', job).integer(125, 'L', subTotal);
   return record;
 }
@@ -45,22 +31,15 @@ RecordWriter jobHeader(int job, std::string_view status, int subTotal = 0) {
 class ShopTest : public testing::Test {
  protected:
   /// Adds a job's record without entering it in the table.
-  std::int32_t addRecord(const RecordWriter& header, const test::PageFields& fields = {}) {
+  std::int32_t addRecord(const RecordWriter& header, const PageFields& fields = {}) {
     return run.builder.records("INVOL").add(pageRecord(fields, header.bytes()));
   }
   /// Adds a job in its own slot.
-  void addJob(int job, const RecordWriter& header, const test::PageFields& fields = {}) {
+  void addJob(int job, const RecordWriter& header, const PageFields& fields = {}) {
     run.builder.controlFile().setJob(job, addRecord(header, fields));
   }
-  /// The window that a click on a row opens.
-  ShownWindow open(frmShop& view, int row = 0) {
-    run.windows.clear();
-    view.grdShop.rowClick(row);
-    EXPECT_THAT(run.windows, SizeIs(1));
-    return run.windows.empty() ? ShownWindow() : run.windows.front();
-  }
 
-  test::ViewRun run;
+  ViewRun run;
 };
 
 TEST_F(ShopTest, JobsStandInTheOrderOfTheTable) {
@@ -137,12 +116,6 @@ TEST_F(ShopTest, BilledJobsArePassedOver) {
   EXPECT_EQ(run.recap(3), "$.25");
 }
 
-TEST_F(ShopTest, ATableWithoutJobsIsEmpty) {
-  const frmShop& view = run.load<frmShop>();
-  EXPECT_EQ(view.grdShop.Rows(), 0);
-  EXPECT_EQ(run.recap(3), "$.00");
-}
-
 TEST_F(ShopTest, AFailureKeepsTheRowsSoFar) {
   addJob(1, jobHeader(1, "O", 100));
   run.builder.controlFile().setJob(2, 4711);
@@ -166,7 +139,7 @@ TEST_F(ShopTest, AMissingControlFileIsAFailure) {
 
 TEST_F(ShopTest, DecidesWhetherWarrantiesGoBySegments) {
   for (const bool segments : {true, false}) {
-    test::ViewRun other;
+    ViewRun other;
     RecordWriter options(kBlock, 'N');
     options.raw(317, 1, segments ? "Y" : "N").raw(320, 1, segments ? "N" : "Y");
     other.builder.controlFile().setBlock(kOptions, options.bytes());
@@ -175,13 +148,6 @@ TEST_F(ShopTest, DecidesWhetherWarrantiesGoBySegments) {
     EXPECT_EQ(WarrantySegments, segments);
   }
   WarrantySegments = false;
-}
-
-/// The order of the jobs after a click on a column's head in a freshly loaded list.
-Cells sortedBy(frmShop& view, int head) {
-  gSortDirection = 1;  // the click turns it: ascending
-  view.grdShop.headClick(head);
-  return column(view.grdShop, "Job #");
 }
 
 TEST_F(ShopTest, HeadsSortByTheColumnToTheirLeftFromRequestOn) {
@@ -207,23 +173,24 @@ TEST_F(ShopTest, HeadsSortByTheColumnToTheirLeftFromRequestOn) {
     addCustomer(run.builder, job.account, job.brand);
   }
   frmShop& view = run.load<frmShop>();
-  EXPECT_THAT(sortedBy(view, 1), ElementsAre("2", "3", "1")) << "Complete, Open, Scratch";
-  EXPECT_THAT(sortedBy(view, 2), ElementsAre("3", "2", "1")) << "Shop Ref #";
-  EXPECT_THAT(sortedBy(view, 3), ElementsAre("2", "3", "1")) << "Request sorts by Cust #";
-  EXPECT_THAT(sortedBy(view, 4), ElementsAre("3", "2", "1")) << "Cust # sorts by Name";
-  EXPECT_THAT(sortedBy(view, 5), ElementsAre("3", "1", "2")) << "Name sorts by CM, as numbers";
-  EXPECT_THAT(sortedBy(view, 0), ElementsAre("1", "2", "3"));
-  EXPECT_THAT(sortedBy(view, 6), ElementsAre("3", "1", "2")) << "CM sorts by the day in";
-  EXPECT_THAT(sortedBy(view, 8), ElementsAre("2", "1", "3")) << "Date Comp sorts by Sub-Total";
-  EXPECT_THAT(sortedBy(view, 9), ElementsAre("2", "1", "3")) << "Sub-Total sorts by Warranty";
-  EXPECT_THAT(sortedBy(view, 10), ElementsAre("3", "2", "1")) << "Warranty sorts by Brand";
-  EXPECT_THAT(sortedBy(view, 11), ElementsAre("3", "2", "1")) << "Brand has no sort";
+  const auto sorted = [&view](int head) { return sortedBy(view.grdShop, head, "Job #"); };
+  EXPECT_THAT(sorted(1), ElementsAre("2", "3", "1")) << "Complete, Open, Scratch";
+  EXPECT_THAT(sorted(2), ElementsAre("3", "2", "1")) << "Shop Ref #";
+  EXPECT_THAT(sorted(3), ElementsAre("2", "3", "1")) << "Request sorts by Cust #";
+  EXPECT_THAT(sorted(4), ElementsAre("3", "2", "1")) << "Cust # sorts by Name";
+  EXPECT_THAT(sorted(5), ElementsAre("3", "1", "2")) << "Name sorts by CM, as numbers";
+  EXPECT_THAT(sorted(0), ElementsAre("1", "2", "3"));
+  EXPECT_THAT(sorted(6), ElementsAre("3", "1", "2")) << "CM sorts by the day in";
+  EXPECT_THAT(sorted(8), ElementsAre("2", "1", "3")) << "Date Comp sorts by Sub-Total";
+  EXPECT_THAT(sorted(9), ElementsAre("2", "1", "3")) << "Sub-Total sorts by Warranty";
+  EXPECT_THAT(sorted(10), ElementsAre("3", "2", "1")) << "Warranty sorts by Brand";
+  EXPECT_THAT(sorted(11), ElementsAre("3", "2", "1")) << "Brand has no sort";
   EXPECT_EQ(gSortDirection, 0) << "and yet turns the direction";
   EXPECT_THAT(run.messages, IsEmpty());
 }
 
 TEST_F(ShopTest, TheDetailShowsCustomerEquipmentAndPeople) {
-  RecordWriter customer = test::customerRecord(501, "SMITH-JONES ADA");
+  RecordWriter customer = customerRecord(501, "SMITH-JONES ADA");
   customer.packed(26, 20, "1 MILL RD", " ,-.")
       .packed(46, 20, "SUITE 3", " ,-.")
       .packed(66, 20, "DUNMERE OH 43210", " ,-.")
@@ -250,7 +217,7 @@ TEST_F(ShopTest, TheDetailShowsCustomerEquipmentAndPeople) {
       .raw(119, 1, "Y");
   addJob(1000, header);
 
-  const ShownWindow window = open(run.load<frmShop>());
+  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
   EXPECT_EQ(window.name, "frmShopDetail");
   EXPECT_EQ(window.caption, "Shop Job Detail ...   Shop Job : 1000     Job Status : Open");
   const auto label = [&window](const std::string& name) { return window.labels.at(name); };
@@ -283,7 +250,7 @@ TEST_F(ShopTest, AnUnknownCustomerLeavesAnEmptyOne) {
   header.integer(3, 'L', 501).integer(117, 'C', 12).raw(119, 1, "N");
   addJob(9, header);
   addCustomer(run.builder, 502, "SOMEBODY ELSE");
-  const ShownWindow window = open(run.load<frmShop>());
+  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
   EXPECT_EQ(window.caption, "Shop Job Detail ...   Shop Job : 9     Job Status : Completed");
   EXPECT_EQ(window.labels.at("lblCDisp(0)"), "0");
   EXPECT_EQ(window.labels.at("lblCDisp(1)"), "");
@@ -303,7 +270,7 @@ TEST_F(ShopTest, CallsThatWereNotMadeAreBlank) {
       .integer(121, 'B', 0)
       .integer(122, 'B', 255);
   addJob(9, header);
-  const ShownWindow window = open(run.load<frmShop>());
+  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
   Cells calls;
   for (int i = 0; i < 6; ++i)
     calls.push_back(window.labels.at(elementName("lblCallDate", i)));
@@ -317,13 +284,13 @@ TEST_F(ShopTest, OnlyACompleteJobShowsItsTotals) {
   addJob(1, jobHeader(1, "C"), {.lines = lines});
   addJob(2, jobHeader(2, "O"), {.lines = lines});
   frmShop& view = run.load<frmShop>();
-  const ShownWindow complete = open(view, 0);
+  const ShownWindow complete = run.click(view.grdShop, 0);
   EXPECT_TRUE(complete.visible.at("Frame5"));
   Cells totals;
   for (int i = 0; i < 5; ++i)
     totals.push_back(complete.labels.at(elementName("lblRecap", i)));
   EXPECT_THAT(totals, ElementsAre("246.90", "60.00", "0.00", "-0.80", "7.00"));
-  const ShownWindow open2 = open(view, 1);
+  const ShownWindow open2 = run.click(view.grdShop, 1);
   EXPECT_FALSE(open2.visible.at("Frame5"));
   EXPECT_EQ(open2.labels.at("lblRecap(0)"), "");
 }
@@ -333,7 +300,7 @@ TEST_F(ShopTest, LinesStandWithTheirRequests) {
       1, jobHeader(1, "O"),
       {.lines = {remarkLine("CUSTOMER WAITING"),
                  pricedLine("AB", "12345", 35, 10'050, 5, "BELT", "3"), remarkLine("AND MORE")}});
-  const ShownWindow window = open(run.load<frmShop>());
+  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
   EXPECT_THAT(
       window.grids.at("grdShopDetail"),
       ElementsAre(ElementsAre("1", "REM", "CUSTOMER WAITING", "", "", ".00", ".00", ""),
@@ -351,12 +318,12 @@ class RequestTest : public ShopTest {
     for (int page = 1; page <= last; ++page) {
       const int request = requests[static_cast<std::size_t>(page) - 1];
       const std::string text = "P" + std::to_string(page);
-      const test::PageFields fields = {.page = page,
-                                       .link = page - 1,
-                                       .request = request,
-                                       .lines = {pricedLine("AB", text, 10, 1)}};
+      const PageFields fields = {.page = page,
+                                 .link = page - 1,
+                                 .request = request,
+                                 .lines = {pricedLine("AB", text, 10, 1)}};
       if (page < last) {
-        addRecord(RecordWriter(test::kPageLength), fields);
+        addRecord(RecordWriter(kPageLength), fields);
       } else {
         addJob(1, jobHeader(1, "O"), fields);
       }
@@ -373,7 +340,7 @@ class RequestTest : public ShopTest {
         EXPECT_EQ(detail.grdShopDetail.Bookmark(), lists.back().empty() ? -1 : 0);
       }
     };
-    open(run.load<frmShop>());
+    run.click(run.load<frmShop>().grdShop);
     return lists;
   }
 };
@@ -420,7 +387,7 @@ TEST_F(ShopTest, TheDetailIsFoundThroughTheJobsOwnSlot) {
   run.builder.controlFile().setJob(3, addRecord(jobHeader(1000, "O")));
   frmShop& view = run.load<frmShop>();
   EXPECT_THAT(column(view.grdShop, "Job #"), ElementsAre("1000", "4242", "4242"));
-  EXPECT_EQ(open(view, 0).grids.at("grdShopDetail").at(0).at(2), "OTHER")
+  EXPECT_EQ(run.click(view.grdShop, 0).grids.at("grdShopDetail").at(0).at(2), "OTHER")
       << "the row's own record stands in another job's slot";
   EXPECT_EQ(GetJob(1000), other);
   EXPECT_EQ(GetJob(1126), 0);
@@ -441,13 +408,12 @@ TEST_F(ShopTest, AJobThatIsNotInItsSlotOpensNoWindow) {
 
 TEST_F(ShopTest, ABrokenChainStillOpensTheWindow) {
   addJob(1, jobHeader(1, "O"), {.page = 3, .link = 2, .lines = {pricedLine("AB", "THIRD", 10, 1)}});
-  addRecord(RecordWriter(test::kPageLength),
-            {.page = 1, .lines = {pricedLine("AB", "FIRST", 10, 1)}});
-  const ShownWindow window = open(run.load<frmShop>());
+  addRecord(RecordWriter(kPageLength), {.page = 1, .lines = {pricedLine("AB", "FIRST", 10, 1)}});
+  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
   EXPECT_THAT(window.grids.at("grdShopDetail"), SizeIs(1));
   EXPECT_THAT(run.logged, SizeIs(1));
   EXPECT_THAT(run.messages, IsEmpty());
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

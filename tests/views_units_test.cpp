@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -11,18 +10,10 @@
 #include "tests/support/view_run.h"
 #include "views/operational/units.h"
 
-namespace dg {
+namespace dg::test {
 namespace {
 
 using sample::integerKey;
-using sample::RecordWriter;
-using test::addLine;
-using test::Cells;
-using test::column;
-using test::ShownWindow;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr int kUnitLength = 512;
 
@@ -46,14 +37,8 @@ class UnitsTest : public testing::Test {
     return run.builder.records("LUNITL").add(
         RecordWriter(64).integer(57, 'L', amount).integer(61, 'L', next).bytes());
   }
-  ShownWindow click(Grid& grid, int row = 0) {
-    run.windows.clear();
-    grid.rowClick(row);
-    EXPECT_THAT(run.windows, testing::Not(IsEmpty()));
-    return run.windows.empty() ? ShownWindow() : run.windows.front();
-  }
 
-  test::ViewRun run;
+  ViewRun run;
 };
 
 TEST_F(UnitsTest, ALineCostsWhatTheLedgersOfItsUnsoldUnitsSay) {
@@ -99,7 +84,7 @@ TEST_F(UnitsTest, ALoopOrAMissingRecordInALedgerEndsTheLoad) {
       {-1, "81  Illegal Record Number for File: LUNITL and Record: -1"}};
   for (const auto& [next, error] : cases) {
     SCOPED_TRACE(error);
-    test::ViewRun other;
+    ViewRun other;
     addLine(other.builder, 1, "FIRST", "U");
     addLine(other.builder, 2, "SECOND", "U");
     other.builder.records("LUNITL").add(
@@ -118,7 +103,7 @@ TEST_F(UnitsTest, ALoopOrAMissingRecordInALedgerEndsTheLoad) {
 
 TEST_F(UnitsTest, ALineOfANegativePointerCountsByItsMagnitude) {
   addLine(run.builder, 7, "WHOLE GOODS", "U");
-  const std::int32_t record = addLine(run.builder, test::lineRecord(9, "").raw(142, 1, "U"));
+  const std::int32_t record = addLine(run.builder, lineRecord(9, "").raw(142, 1, "U"));
   run.builder.index("LINEI").add(integerKey('C', 8, 2), -record);
   EXPECT_THAT(column(run.load<frmUnits>().grdUnits, "Line"), ElementsAre("7", "9", "9"));
 }
@@ -143,11 +128,7 @@ TEST_F(UnitsTest, HeadsSort) {
   add(10, "A", unit(10, "A", 1));
   add(200, "B", unit(200, "B", 2));
   frmUnits& view = run.load<frmUnits>();
-  const auto sorted = [&view](int head) {
-    gSortDirection = 1;
-    view.grdUnits.headClick(head);
-    return column(view.grdUnits, "Line");
-  };
+  const auto sorted = [&view](int head) { return sortedBy(view.grdUnits, head, "Line"); };
   EXPECT_THAT(sorted(1), ElementsAre("10", "200", "9"));
   EXPECT_THAT(sorted(0), ElementsAre("9", "10", "200"));
   EXPECT_THAT(sorted(2), ElementsAre("9", "200", "10")) << ".00, 999.00, 1,000.00";
@@ -164,7 +145,7 @@ TEST_F(UnitsTest, TheDetailListsTheLinesUnsoldUnits) {
   add(7, "C3", unit(7, "C3", 1).integer(149, 'C', 21'000));
   add(7, "D4", unit(7, "D4"));
   add(8, "E5", unit(8, "E5", 1));
-  const ShownWindow window = click(run.load<frmUnits>().grdUnits);
+  const ShownWindow window = run.click(run.load<frmUnits>().grdUnits);
   EXPECT_EQ(window.name, "frmUnitDtl");
   EXPECT_EQ(window.caption, "Unit Detail");
   EXPECT_EQ(window.labels.at("Label1"), "Line  7 - WHOLE GOODS");
@@ -177,11 +158,11 @@ TEST_F(UnitsTest, TheDetailListsTheLinesUnsoldUnits) {
 class UnitInformationTest : public UnitsTest {
  protected:
   /// The information window of a line's unit by its row.
-  test::Rows information(int row = 0) {
+  Rows information(int row = 0) {
     run.onModal = [row](Form& form) {
       if (auto* detail = dynamic_cast<frmUnitDtl*>(&form)) detail->grdUnitDtl.rowClick(row);
     };
-    click(run.load<frmUnits>().grdUnits);
+    run.click(run.load<frmUnits>().grdUnits);
     EXPECT_THAT(run.windows, SizeIs(2));
     return run.windows.back().grids["grdUnitinfo"];
   }
@@ -221,12 +202,12 @@ TEST_F(UnitInformationTest, ShowsCaptionsAndValues) {
       .integer(163, 'L', -5)
       .integer(210, 'B', 9);
   add(7, "A1", record);
-  const test::Rows rows = information();
+  const Rows rows = information();
   EXPECT_EQ(run.windows.back().name, "frmUnitInfo");
   EXPECT_EQ(run.windows.back().caption, "Unit : A1");
   const auto row = [](const char* caption, const char* value) { return Cells{caption, value}; };
   EXPECT_THAT(rows,
-              testing::ElementsAreArray(test::Rows{
+              testing::ElementsAreArray(Rows{
                   row("Serial Number (VID)", "SERIAL 1"), row("Manufacturer ID", "MFG"),
                   row("Model Year", "2025"), row("Series #", "S9"), row("Engine Type", "G"),
                   row("Engine ID #", "ENGINE"), row("Drive Type 2/4", "4"), row("Color", "GREEN"),
@@ -255,11 +236,11 @@ TEST_F(UnitInformationTest, AUnitThatIsNotInItsIndexOpensNoWindow) {
   run.onModal = [](Form& form) {
     if (auto* detail = dynamic_cast<frmUnitDtl*>(&form)) detail->grdUnitDtl.rowClick(0);
   };
-  click(run.load<frmUnits>().grdUnits);
+  run.click(run.load<frmUnits>().grdUnits);
   EXPECT_THAT(run.windows, SizeIs(1));
   ASSERT_THAT(run.messages, SizeIs(1));
   EXPECT_THAT(run.messages[0].text, testing::StartsWith("Run-time error '81':"));
 }
 
 }  // namespace
-}  // namespace dg
+}  // namespace dg::test

@@ -1,6 +1,9 @@
 #include "tests/support/view_run.h"
 
+#include <gtest/gtest.h>
+
 #include "shell/main.h"
+#include "shell/sort_grid.h"
 
 namespace dg::test {
 
@@ -32,6 +35,12 @@ Cells column(const Grid& grid, std::string_view name) {
   return cells;
 }
 
+Cells sortedBy(Grid& grid, int head, std::string_view name) {
+  gSortDirection = 1;  // the click turns it
+  grid.headClick(head);
+  return column(grid, name);
+}
+
 void ViewRun::open() {
   if (!opened_) open(builder.finish());
 }
@@ -45,6 +54,14 @@ void ViewRun::open(std::vector<SampleFile> files) {
 std::string ViewRun::recap(int index) {
   const Label& label = recapSheet.lblRecap(index);
   return (label.foreColor() == kRed ? "! " : "") + label.caption();
+}
+
+ShownWindow ViewRun::click(Grid& grid, int row) {
+  windows.clear();
+  grid.rowClick(row);
+  EXPECT_FALSE(windows.empty());
+  EXPECT_TRUE(onModal || windows.size() <= 1U);
+  return windows.empty() ? ShownWindow() : windows.front();
 }
 
 void ViewRun::showModal(Form& form) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gmock/gmock.h>
 #include <map>
 #include <memory>
 #include <string>
@@ -9,15 +10,24 @@
 #include "forms/form.h"
 #include "shell/view.h"
 #include "tests/support/program_run.h"
+#include "tools/sample/record_writer.h"
 #include "views/financial/recap.h"
 
 namespace dg::test {
+
+using sample::RecordWriter;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 using Cells = std::vector<std::string>;
 using Rows = std::vector<Grid::Row>;
 
 /// The cells of a column, by name or caption, from the first row to the last.
 Cells column(const Grid& grid, std::string_view name);
+
+/// The cells of a column after a click on a head, sorted up.
+Cells sortedBy(Grid& grid, int head, std::string_view name);
 
 /// What a window showed when it opened.
 struct ShownWindow {
@@ -50,6 +60,9 @@ class ViewRun : public ProgramRun {
 
   /// What a recap label shows, behind "! " when it stands there in red.
   std::string recap(int index);
+
+  /// The window that a click on a row opens, and only it unless `onModal` opens more from there.
+  ShownWindow click(Grid& grid, int row = 0);
 
   void showModal(Form& form) override;
 
