@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "engine/codec.h"
 #include "platform/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tools/sample/control_file.h"
@@ -49,6 +50,13 @@ TEST(SampleControlFile, HasSlotsForAllJobsAndTheSavedInvoicesOfItsBlocks) {
   while (file.addSavedInvoice(random, count + 1))
     ++count;
   EXPECT_EQ(count, 25 * 4 * 31);
+  for (int block = 301; block <= 325; ++block) {
+    const std::string bytes = file.block(block);
+    for (std::int32_t slot = 0; slot < 128; ++slot) {
+      EXPECT_EQ(Unpack('L', bytes, slot * 4 + 1) == 0, slot % 32 == 0)
+          << "a group begins with four bytes of its own";
+    }
+  }
 }
 
 }  // namespace
