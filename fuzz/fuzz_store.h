@@ -25,7 +25,7 @@ class FuzzStore {
 
   /// Creates the shared engine over these files; a store that it refuses has none.
   bool openEngine(std::vector<SampleFile> files);
-  /// Loads all views and opens every detail window.
+  /// Loads all views, opens the detail windows of the first rows of each grid, and refreshes.
   void loadWithDetails(std::vector<SampleFile> files);
 
  private:

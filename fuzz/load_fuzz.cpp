@@ -1,4 +1,4 @@
-// A whole load with every detail window and a refresh, over an example store in which any bytes of
+// A whole load with detail windows and a refresh, over an example store in which any bytes of
 // any files were overwritten or cut off.
 
 #include "fuzz/fuzz_input.h"

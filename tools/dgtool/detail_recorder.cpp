@@ -1,5 +1,6 @@
 #include "tools/dgtool/detail_recorder.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace dg {
@@ -62,7 +63,7 @@ void DetailRecorder::clickRows(Form& form) {
     auto* grid = dynamic_cast<Grid*>(form.controls()[i].get());
     if (grid == nullptr) continue;
     if (grid->hasClickAction()) {
-      for (int row = 0; row < grid->Rows(); ++row) {
+      for (int row = 0; row < std::min(grid->Rows(), mostRows_); ++row) {
         control_ = grid->name();
         row_ = row;
         grid->rowClick(row);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <string>
 
 #include "forms/form.h"
@@ -26,7 +27,9 @@ class DetailVisitor {
 /// then does the call that showed it return.
 class DetailRecorder final : private Presenter {
  public:
-  explicit DetailRecorder(DetailVisitor& visitor) : visitor_(visitor) {}
+  /// `mostRows`: rows of each grid, from the first on, that are clicked.
+  explicit DetailRecorder(DetailVisitor& visitor, int mostRows = INT_MAX)
+      : visitor_(visitor), mostRows_(mostRows) {}
 
   /// Clicks through a window. Windows are not told apart: one that opens itself again is followed
   /// a few levels only.
@@ -39,6 +42,7 @@ class DetailRecorder final : private Presenter {
   void opened(Form& form);
 
   DetailVisitor& visitor_;
+  int mostRows_;
   std::string control_;  // what the click at hand is on
   int row_ = 0;
   int depth_ = 0;
