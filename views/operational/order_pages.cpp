@@ -13,8 +13,10 @@ namespace {
 
 constexpr std::int32_t kFirstFollowingPage = 2;
 
-PageRecord nextPage(const PageRecord& page) {
-  return PageRecord::read(files::kInvoices, checkedAbs(page.link()));
+PageRecord nextPage(const PageRecord& page, WalkGuard& guard) {
+  const std::int32_t record = checkedAbs(page.link());
+  guard.step(record);
+  return PageRecord::read(files::kInvoices, record);
 }
 
 }  // namespace
@@ -23,8 +25,7 @@ PageRecord firstPage(PageRecord page) {
   const auto file = LogicalFileArgument(files::kInvoices).resolve();
   WalkGuard guard(*file);
   while (page.pageNumber() >= kFirstFollowingPage) {
-    guard.step(checkedAbs(page.link()));
-    page = nextPage(page);
+    page = nextPage(page, guard);
   }
   return page;
 }
@@ -34,8 +35,7 @@ std::int32_t ItemCount(PageRecord page) {
   WalkGuard guard(*file);
   std::int32_t count = page.lineCount();
   while (page.pageNumber() >= kFirstFollowingPage) {
-    guard.step(checkedAbs(page.link()));
-    page = nextPage(page);
+    page = nextPage(page, guard);
     count = checkedAdd(count, page.lineCount());
   }
   return count;
