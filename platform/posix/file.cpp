@@ -71,10 +71,16 @@ class SystemFile final : public File {
   throw RunTimeError(inDirectory ? kFileNotFound : kPathNotFound);
 }
 
-/// The type of what stands at a path, behind its links. Raises when nothing does.
-mode_t typeOf(const std::string& native) {
+/// The type of what stands at a path, behind its links; 0, and the reason in errno, when nothing
+/// does.
+mode_t typeAt(const std::string& native) {
   struct stat status = {};
-  if (::stat(native.c_str(), &status) == 0) return status.st_mode & S_IFMT;
+  return ::stat(native.c_str(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+}
+
+/// The same, but raises when nothing stands there.
+mode_t typeOf(const std::string& native) {
+  if (const mode_t type = typeAt(native); type != 0) return type;
   if (errno == ENOENT) raiseMissing(native);
   throw RunTimeError(pathErrorNumber(errno));
 }
@@ -105,9 +111,7 @@ class SystemFileSystem final : public FileSystem {
   static bool isOfType(const std::string& path, mode_t type) {
     const Location location = locate(path);
     if (location.error != 0) return false;
-    if (location.type != 0) return location.type == type;
-    struct stat status = {};
-    return ::stat(location.native.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == type;
+    return (location.type != 0 ? location.type : typeAt(location.native)) == type;
   }
 };
 
