@@ -51,6 +51,9 @@ ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
   sheet_ = new QGridLayout(sheet);
   sheet_->setContentsMargins(kMargin, 16, kMargin, kMargin);
   sheet_->setSpacing(kGap);
+  sheet_->setColumnStretch(0, 1);
+  sheet_->setColumnStretch(1, 1);
+  sheet_->setRowStretch(4, 1);
   sheet_->addWidget(buildHead(), 0, 0, 1, 2);
   sales_->setTools(buildPeriods());
   arrange();
@@ -68,9 +71,6 @@ void ChartsPage::arrange() {
   sheet_->addWidget(assets_, 1, 0, 1, wide_ ? 1 : 2);
   sheet_->addWidget(inventory_, wide_ ? 1 : 2, wide_ ? 1 : 0, 1, wide_ ? 1 : 2);
   sheet_->addWidget(sales_, 3, 0, 1, 2);
-  sheet_->setColumnStretch(0, 1);
-  sheet_->setColumnStretch(1, 1);
-  sheet_->setRowStretch(4, 1);
 }
 
 void ChartsPage::resizeEvent(QResizeEvent* event) {
