@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "tools/sample/random.h"
 
 namespace dg::bench {

@@ -1,4 +1,4 @@
-#include "desktop/launch.h"
+#include "desktop/window/launch.h"
 
 int main(int argc, char** argv) {
   return dg::runDesktop(argc, argv);

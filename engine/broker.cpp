@@ -8,12 +8,12 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "engine/text_utilities.h"
-#include "platform/checked.h"
-#include "platform/convert.h"
 #include "platform/message_box.h"
-#include "platform/run_time_error.h"
 #include "platform/socket.h"
 #include "platform/text.h"
+#include "platform/values/checked.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg::broker {
 

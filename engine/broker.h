@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/date.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

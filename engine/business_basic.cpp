@@ -5,15 +5,15 @@
 #include "engine/keyed_index.h"
 #include "engine/record_zero.h"
 #include "engine/state.h"
-#include "platform/checked.h"
 #include "platform/clock.h"
-#include "platform/convert.h"
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/message_box.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/values/checked.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -10,8 +10,8 @@
 #include "engine/open_file.h"
 #include "engine/system_info.h"
 #include "engine/text_utilities.h"
-#include "platform/date.h"
-#include "platform/variant.h"
+#include "platform/values/date.h"
+#include "platform/values/variant.h"
 
 namespace dg {
 

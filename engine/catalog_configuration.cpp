@@ -6,12 +6,12 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "platform/convert.h"
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/ini_file.h"
 #include "platform/message_box.h"
-#include "platform/run_time_error.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -4,10 +4,10 @@
 #include <array>
 
 #include "engine/state.h"
-#include "platform/checked.h"
-#include "platform/convert.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/checked.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

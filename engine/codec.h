@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date.h"
-#include "platform/variant.h"
+#include "platform/values/date.h"
+#include "platform/values/variant.h"
 
 namespace dg {
 

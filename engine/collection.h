@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -6,9 +6,9 @@
 
 #include "engine/codec.h"
 #include "engine/walk_guard.h"
-#include "platform/checked.h"
 #include "platform/message_box.h"
-#include "platform/run_time_error.h"
+#include "platform/values/checked.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

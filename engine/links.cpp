@@ -5,8 +5,8 @@
 
 #include "engine/text_utilities.h"
 #include "platform/file.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -9,11 +9,11 @@
 #include "engine/record_zero.h"
 #include "engine/state.h"
 #include "engine/text_utilities.h"
-#include "platform/checked.h"
-#include "platform/convert.h"
 #include "platform/file.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/checked.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -2,10 +2,10 @@
 
 #include "engine/broker.h"
 #include "engine/state.h"
-#include "platform/checked.h"
-#include "platform/convert.h"
 #include "platform/file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/checked.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -4,8 +4,8 @@
 
 #include "engine/codec.h"
 #include "engine/keyed_index.h"
-#include "platform/checked.h"
-#include "platform/run_time_error.h"
+#include "platform/values/checked.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

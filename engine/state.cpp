@@ -1,7 +1,7 @@
 #include "engine/state.h"
 
 #include "engine/business_basic.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "engine/state.h"
-#include "platform/convert.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -3,8 +3,8 @@
 #include <numeric>
 
 #include "export/printable.h"
-#include "platform/convert.h"
 #include "platform/text.h"
+#include "platform/values/convert.h"
 
 namespace dg {
 

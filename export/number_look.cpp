@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace dg {
 

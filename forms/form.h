@@ -12,7 +12,7 @@
 #include "forms/grid.h"
 #include "forms/label.h"
 #include "forms/simple_controls.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/format.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/format.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "forms/control.h"
-#include "platform/variant.h"
+#include "platform/values/variant.h"
 
 namespace dg {
 

@@ -3,9 +3,9 @@
 #include "engine/codec.h"
 #include "engine/text_utilities.h"
 #include "fuzz/fuzz_input.h"
-#include "platform/convert.h"
-#include "platform/format.h"
-#include "platform/run_time_error.h"
+#include "platform/values/convert.h"
+#include "platform/values/format.h"
+#include "platform/values/run_time_error.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "engine/state.h"
 #include "fuzz/fuzz_input.h"
 #include "fuzz/fuzz_store.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 
 namespace {
 

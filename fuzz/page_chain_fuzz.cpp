@@ -4,11 +4,11 @@
 #include "engine/open_file.h"
 #include "fuzz/fuzz_input.h"
 #include "fuzz/fuzz_store.h"
-#include "records/catalogue.h"
-#include "views/operational/invoice_detail.h"
+#include "records/file_names.h"
+#include "views/operational/invoice_lines.h"
 #include "views/operational/order_pages.h"
-#include "views/operational/shop_detail.h"
-#include "views/operational/warranty_detail.h"
+#include "views/operational/shop_lines.h"
+#include "views/operational/warranty_lines.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Every record class on any bytes, and back into any bytes.
 
 #include "fuzz/fuzz_input.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   dg::fuzz::FuzzInput input(data, size);

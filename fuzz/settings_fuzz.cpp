@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz_input.h"
 #include "platform/ini_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   dg::fuzz::FuzzInput input(data, size);

@@ -11,7 +11,7 @@
 #include "engine/codec.h"
 #include "fuzz/fuzz_store.h"
 #include "platform/ini_file.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/date.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

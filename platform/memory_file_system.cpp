@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "platform/file.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "platform/read_ahead_file.h"
-#include "platform/run_time_error.h"
 #include "platform/system_file.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -3,10 +3,10 @@
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/ini_file.h"
-#include "platform/run_time_error.h"
 #include "platform/system_file.h"
 #include "platform/system_settings.h"
 #include "platform/text_file.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "platform/file.h"
-#include "platform/run_time_error.h"
 #include "platform/system_file.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

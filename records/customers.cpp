@@ -3,7 +3,7 @@
 #include "engine/business_basic.h"
 #include "engine/state.h"
 #include "engine/text_utilities.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 
 namespace dg {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -5,7 +5,7 @@
 #include "engine/codec.h"
 #include "engine/keyed_index.h"
 #include "engine/state.h"
-#include "platform/checked.h"
+#include "platform/values/checked.h"
 
 namespace dg {
 

@@ -1,7 +1,7 @@
 #include "records/invoice_history_detail.h"
 
 #include "engine/text_utilities.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 #include "records/record_table.h"
 
 namespace dg {

@@ -5,8 +5,8 @@
 #include "engine/business_basic.h"
 #include "engine/state.h"
 #include "engine/text_utilities.h"
-#include "records/catalogue.h"
 #include "records/failure_log.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 
 namespace dg {

@@ -5,8 +5,8 @@
 #include <variant>
 #include <vector>
 
-#include "platform/currency.h"
-#include "platform/date.h"
+#include "platform/values/currency.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

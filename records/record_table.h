@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "engine/codec.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 #include "records/record.h"
 
 namespace dg {

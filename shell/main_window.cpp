@@ -10,7 +10,7 @@
 #include "platform/message_box.h"
 #include "platform/read_ahead.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "shell/about.h"
 #include "shell/options.h"
 #include "shell/recap_sheet.h"

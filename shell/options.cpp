@@ -4,7 +4,7 @@
 #include "engine/state.h"
 #include "engine/text_utilities.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "shell/trap.h"
 #include "shell/write_log.h"
 

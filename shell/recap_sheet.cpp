@@ -1,6 +1,6 @@
 #include "shell/recap_sheet.h"
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "engine/state.h"
-#include "platform/convert.h"
-#include "platform/format.h"
 #include "platform/message_box.h"
 #include "platform/settings.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "platform/values/convert.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/trap.h"
 #include "shell/write_log.h"

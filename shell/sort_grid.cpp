@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "forms/form.h"
-#include "platform/convert.h"
+#include "platform/values/convert.h"
 
 namespace dg {
 

@@ -8,13 +8,13 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "desktop/grid_actions.h"
-#include "desktop/grid_export.h"
-#include "desktop/grid_model.h"
-#include "desktop/grid_panel.h"
-#include "desktop/grid_view.h"
-#include "desktop/group_header.h"
-#include "desktop/user_settings.h"
+#include "desktop/grid/grid_actions.h"
+#include "desktop/grid/grid_export.h"
+#include "desktop/grid/grid_model.h"
+#include "desktop/grid/grid_panel.h"
+#include "desktop/grid/grid_view.h"
+#include "desktop/grid/group_header.h"
+#include "desktop/window/user_settings.h"
 #include "shell/sort_grid.h"
 #include "tests/desktop_session.h"
 #include "tests/support/zip_reader.h"

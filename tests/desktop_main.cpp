@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-#include "desktop/resources.h"
-#include "desktop/theme.h"
+#include "desktop/window/resources.h"
+#include "desktop/window/theme.h"
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

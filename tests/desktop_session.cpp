@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "desktop/grid_view.h"
-#include "desktop/message_boxes.h"
-#include "desktop/tree_panel.h"
-#include "desktop/view_stack.h"
+#include "desktop/grid/grid_view.h"
+#include "desktop/window/message_boxes.h"
+#include "desktop/window/tree_panel.h"
+#include "desktop/window/view_stack.h"
 #include "platform/file.h"
 #include "shell/main.h"
 #include "shell/splash.h"

@@ -7,9 +7,9 @@
 #include <memory>
 #include <string_view>
 
-#include "desktop/desktop_presenter.h"
-#include "desktop/grid_panel.h"
-#include "desktop/main_window.h"
+#include "desktop/grid/grid_panel.h"
+#include "desktop/window/desktop_presenter.h"
+#include "desktop/window/main_window.h"
 #include "tests/support/program_run.h"
 
 namespace dg {

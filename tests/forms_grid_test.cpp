@@ -4,7 +4,7 @@
 
 #include "forms/grid.h"
 #include "platform/message_box.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 
 namespace dg {

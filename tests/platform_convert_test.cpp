@@ -4,9 +4,9 @@
 #include <random>
 #include <string>
 
-#include "platform/convert.h"
-#include "platform/run_time_error.h"
-#include "platform/variant.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
+#include "platform/values/variant.h"
 #include "tests/support/error_number.h"
 
 namespace dg {

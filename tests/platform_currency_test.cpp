@@ -5,9 +5,9 @@
 #include <limits>
 #include <random>
 
-#include "platform/convert.h"
-#include "platform/currency.h"
-#include "platform/run_time_error.h"
+#include "platform/values/convert.h"
+#include "platform/values/currency.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 namespace {

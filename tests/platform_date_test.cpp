@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/clock.h"
-#include "platform/date.h"
-#include "platform/run_time_error.h"
+#include "platform/values/date.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 
 namespace dg {

@@ -5,8 +5,8 @@
 #include <random>
 #include <string>
 
-#include "platform/format.h"
-#include "platform/run_time_error.h"
+#include "platform/values/format.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 namespace {

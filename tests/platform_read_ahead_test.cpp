@@ -7,7 +7,7 @@
 
 #include "platform/file.h"
 #include "platform/read_ahead.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"

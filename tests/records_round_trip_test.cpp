@@ -11,7 +11,7 @@
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "tests/support/program_run.h"
 #include "tools/sample/random.h"
 #include "tools/sample/sample_store.h"

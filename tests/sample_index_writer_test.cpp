@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"

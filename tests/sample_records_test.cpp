@@ -2,7 +2,7 @@
 #include <string>
 
 #include "engine/codec.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tools/sample/control_file.h"
 #include "tools/sample/random.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/folder_swap.h"

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/convert.h"
-#include "platform/run_time_error.h"
+#include "platform/values/convert.h"
+#include "platform/values/run_time_error.h"
 #include "shell/sort_grid.h"
 #include "tests/support/error_number.h"
 #include "tests/support/program_run.h"

@@ -11,7 +11,7 @@
 #include "tests/support/people.h"
 #include "tests/support/view_run.h"
 #include "views/operational/shop.h"
-#include "views/operational/shop_window.h"
+#include "views/operational/shop_job_window.h"
 
 namespace dg::test {
 namespace {

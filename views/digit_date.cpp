@@ -1,7 +1,7 @@
 #include "views/digit_date.h"
 
-#include "platform/date.h"
-#include "platform/format.h"
+#include "platform/values/date.h"
+#include "platform/values/format.h"
 
 namespace dg {
 

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "desktop/resources.h"
 #include "desktop/shots/tour.h"
-#include "desktop/theme.h"
+#include "desktop/window/resources.h"
+#include "desktop/window/theme.h"
 #include "platform/clock.h"
 #include "platform/environment.h"
 #include "tools/sample/sample_store.h"

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 
 #include "platform/posix/system_error.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -8,8 +8,8 @@
 #include "platform/posix/descriptor.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/system_error.h"
-#include "platform/run_time_error.h"
 #include "platform/system_file.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

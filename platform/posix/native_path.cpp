@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "platform/environment.h"
-#include "platform/run_time_error.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

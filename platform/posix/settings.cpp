@@ -2,8 +2,8 @@
 #include <sys/stat.h>
 
 #include "platform/posix/system_error.h"
-#include "platform/run_time_error.h"
 #include "platform/system_settings.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

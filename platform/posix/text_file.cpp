@@ -11,8 +11,8 @@
 #include "platform/environment.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/system_error.h"
-#include "platform/run_time_error.h"
 #include "platform/share_path.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

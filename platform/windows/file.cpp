@@ -6,8 +6,8 @@
 #include <windows.h>
 
 #include "platform/environment.h"
-#include "platform/run_time_error.h"
 #include "platform/system_file.h"
+#include "platform/values/run_time_error.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
 

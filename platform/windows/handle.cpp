@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "platform/windows/system_error.h"
 
 namespace dg {

@@ -1,7 +1,7 @@
 #include <windows.h>
 
-#include "platform/run_time_error.h"
 #include "platform/system_settings.h"
+#include "platform/values/run_time_error.h"
 #include "platform/windows/system_error.h"
 
 namespace dg {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "platform/environment.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 

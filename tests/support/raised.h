@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg::test {
 

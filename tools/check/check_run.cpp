@@ -1,7 +1,7 @@
 #include "tools/check/check_run.h"
 
 #include "engine/open_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg::check {
 

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "platform/text.h"
-#include "tools/check/catalogue.h"
+#include "tools/check/known_files.h"
 #include "tools/check/text.h"
 
 namespace dg::check {

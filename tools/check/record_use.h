@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/check/catalogue.h"
+#include "tools/check/known_files.h"
 #include "tools/check/logical_view.h"
 
 namespace dg::check {

@@ -1,11 +1,11 @@
 #include "tools/check/store_check.h"
 
-#include "tools/check/catalogue.h"
 #include "tools/check/check_run.h"
 #include "tools/check/control_checker.h"
 #include "tools/check/directory_checker.h"
 #include "tools/check/document_checker.h"
 #include "tools/check/index_checker.h"
+#include "tools/check/known_files.h"
 #include "tools/check/link_checker.h"
 #include "tools/check/page_chain_checker.h"
 #include "tools/check/reach_checker.h"

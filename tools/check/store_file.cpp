@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg::check {
 

@@ -7,10 +7,10 @@
 #include "engine/text_utilities.h"
 #include "platform/environment.h"
 #include "platform/file.h"
-#include "platform/run_time_error.h"
 #include "platform/share_path.h"
 #include "platform/text.h"
-#include "tools/check/catalogue.h"
+#include "platform/values/run_time_error.h"
+#include "tools/check/known_files.h"
 
 namespace dg::check {
 

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <utility>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/dgtool/check_command.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/options.h"

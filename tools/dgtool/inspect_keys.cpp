@@ -8,7 +8,7 @@
 #include "engine/keyed_index.h"
 #include "engine/state.h"
 #include "engine/walk_guard.h"
-#include "platform/checked.h"
+#include "platform/values/checked.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/session.h"
 #include "tools/dgtool/window_json.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/date.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

@@ -1,7 +1,7 @@
 #include "tools/dgtool/sample_command.h"
 
 #include "platform/clock.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/sample_store.h"
 
 namespace dg {

@@ -1,7 +1,7 @@
 #include "tools/sample/control_file.h"
 
 #include "engine/open_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/record_writer.h"
 
 namespace dg::sample {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg::sample {
 

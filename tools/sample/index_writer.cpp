@@ -6,7 +6,7 @@
 
 #include "engine/keyed_index.h"
 #include "engine/open_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/random.h"
 #include "tools/sample/record_writer.h"
 

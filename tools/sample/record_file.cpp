@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "engine/open_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/record_writer.h"
 
 namespace dg::sample {

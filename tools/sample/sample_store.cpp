@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "engine/state.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/families/families.h"
 #include "tools/sample/folder_swap.h"
 #include "tools/sample/random.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/date.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

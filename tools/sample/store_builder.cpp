@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/ini_file.h"
-#include "platform/run_time_error.h"
+#include "platform/values/run_time_error.h"
 #include "tools/sample/data_file.h"
 #include "tools/sample/link_table.h"
 #include "tools/sample/workstation_files.h"

@@ -2,9 +2,9 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "platform/checked.h"
-#include "platform/format.h"
-#include "records/catalogue.h"
+#include "platform/values/checked.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/lines.h"
 #include "shell/recap_sheet.h"

@@ -5,9 +5,9 @@
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
-#include "platform/format.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 
 namespace dg {

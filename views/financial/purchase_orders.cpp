@@ -1,8 +1,8 @@
 #include "views/financial/purchase_orders.h"
 
 #include "engine/codec.h"
-#include "platform/format.h"
-#include "records/catalogue.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"

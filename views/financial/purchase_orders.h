@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 #include "shell/view.h"
 #include "views/financial/vendor_document.h"
 

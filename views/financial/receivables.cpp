@@ -5,10 +5,10 @@
 
 #include "engine/state.h"
 #include "engine/text_utilities.h"
-#include "platform/convert.h"
 #include "platform/file.h"
-#include "platform/format.h"
 #include "platform/text_file.h"
+#include "platform/values/convert.h"
+#include "platform/values/format.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "shell/trap.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 #include "shell/view.h"
 #include "views/financial/vendor_document.h"
 

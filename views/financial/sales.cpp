@@ -4,9 +4,9 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "platform/format.h"
-#include "records/catalogue.h"
+#include "platform/values/format.h"
 #include "records/countermen.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"

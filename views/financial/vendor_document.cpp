@@ -4,7 +4,7 @@
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/trap.h"
 #include "views/digit_date.h"

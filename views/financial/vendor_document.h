@@ -6,8 +6,8 @@
 #include <string>
 
 #include "engine/logical_file.h"
-#include "platform/currency.h"
-#include "platform/date.h"
+#include "platform/values/currency.h"
+#include "platform/values/date.h"
 
 namespace dg {
 

@@ -2,15 +2,15 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "platform/format.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/invoice_history.h"
 #include "views/digit_date.h"
 #include "views/operational/customer_lookup.h"
-#include "views/operational/detail_line_cells.h"
-#include "views/operational/invoice_detail.h"
+#include "views/operational/invoice_lines.h"
+#include "views/operational/line_cells.h"
 #include "views/operational/order_pages.h"
 
 namespace dg {

@@ -4,8 +4,8 @@
 
 #include "engine/business_basic.h"
 #include "engine/walk_guard.h"
-#include "platform/checked.h"
-#include "records/catalogue.h"
+#include "platform/values/checked.h"
+#include "records/file_names.h"
 
 namespace dg {
 

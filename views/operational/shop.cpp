@@ -5,10 +5,10 @@
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
-#include "platform/convert.h"
-#include "platform/format.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "platform/values/convert.h"
+#include "platform/values/format.h"
+#include "records/file_names.h"
 #include "shell/main_window.h"
 #include "shell/options.h"
 #include "shell/recap_sheet.h"
@@ -16,7 +16,7 @@
 #include "shell/splash.h"
 #include "shell/trap.h"
 #include "views/operational/customer_lookup.h"
-#include "views/operational/shop_window.h"
+#include "views/operational/shop_job_window.h"
 
 namespace dg {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/currency.h"
+#include "platform/values/currency.h"
 #include "records/units.h"
 #include "shell/view.h"
 

@@ -3,18 +3,18 @@
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
-#include "platform/convert.h"
-#include "platform/format.h"
 #include "platform/text.h"
-#include "records/catalogue.h"
+#include "platform/values/convert.h"
+#include "platform/values/format.h"
 #include "records/customers.h"
+#include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
 #include "views/digit_date.h"
-#include "views/operational/detail_line_cells.h"
+#include "views/operational/line_cells.h"
 
 namespace dg {
 

@@ -6,7 +6,7 @@
 
 #include "records/warranty.h"
 #include "shell/view.h"
-#include "views/operational/warranty_detail.h"
+#include "views/operational/warranty_lines.h"
 
 namespace dg {
 

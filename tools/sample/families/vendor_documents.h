@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/date.h"
+#include "platform/values/date.h"
 #include "tools/sample/sample_world.h"
 
 namespace dg {

@@ -1,0 +1,45 @@
+#include "desktop/grid/export_files.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "desktop/window/message_boxes.h"
+#include "desktop/window/user_settings.h"
+
+namespace dg {
+
+namespace {
+
+/// A title as a file's name.
+QString fileName(QString title) {
+  for (QChar& character : title) {
+    if (QStringLiteral("\\/:*?\"<>|&").contains(character)) character = u'-';
+  }
+  return title.simplified();
+}
+
+}  // namespace
+
+QString askForExportFile(QWidget* parent, const QString& title, const QString& suffix,
+                         const QString& kind) {
+  QFileDialog dialog(parent, QObject::tr("Export"), UserSettings::exportFolder(), kind);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  // The dialog's own, so that it asks before a file of the completed name is replaced.
+  dialog.setDefaultSuffix(suffix);
+  dialog.selectFile(fileName(title) + u'.' + suffix);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool exported(QWidget* parent, const QString& file, bool written, const QString& problem) {
+  if (written) {
+    UserSettings::setExportFolder(QFileInfo(file).absolutePath());
+  } else {
+    const QString reason = problem.isEmpty() ? QObject::tr("The file cannot be written.") : problem;
+    showWarning(parent, QObject::tr("Export"), reason + u'\n' + QDir::toNativeSeparators(file));
+  }
+  return written;
+}
+
+}  // namespace dg

@@ -1,0 +1,184 @@
+#include "desktop/grid/grid_actions.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QMenu>
+#include <algorithm>
+
+#include "desktop/grid/export_files.h"
+#include "desktop/grid/grid_export.h"
+#include "desktop/grid/grid_model.h"
+#include "desktop/grid/grid_view.h"
+#include "desktop/print/printing.h"
+#include "desktop/window/text.h"
+
+namespace dg {
+
+namespace {
+
+/// What the view shows, brought up to date.
+PrintDocument documentOf(GridView& view, const QString& title) {
+  view.synchronize();
+  const GridModel& model = view.gridModel();
+  const QString note = model.filter().isEmpty()
+                           ? QString()
+                           : GridActions::tr("Rows with \"%1\"").arg(model.filter());
+  return newPrintDocument(title, note, {tableOf(model, {})});
+}
+
+}  // namespace
+
+GridActions::GridActions(GridView& view, QString title, QObject* parent)
+    : QObject(parent),
+      view_(view),
+      title_(std::move(title)),
+      exportMenu_(new QMenu(tr("&Export"), &view)),
+      printMenu_(new QMenu(tr("&Print"), &view)),
+      contextMenu_(new QMenu(&view)) {
+  buildExportMenu();
+  buildPrintMenu();
+  buildContextMenu();
+  view.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&view, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
+    contextMenu_->popup(view_.viewport()->mapToGlobal(position));
+  });
+}
+
+void GridActions::buildExportMenu() {
+  exportMenu_->addAction(tr("Excel &Workbook (XLSX)..."), this,
+                         [this] { askAndExport("xlsx", tr("Excel workbook (*.xlsx)")); });
+  exportMenu_->addAction(tr("&CSV File..."), this,
+                         [this] { askAndExport("csv", tr("CSV file (*.csv)")); });
+  exportMenu_->addAction(tr("P&DF File..."), this,
+                         [this] { askAndExport("pdf", tr("PDF file (*.pdf)")); });
+}
+
+void GridActions::buildPrintMenu() {
+  printMenu_->addAction(tr("&Print..."), this, &GridActions::print);
+  printMenu_->addAction(tr("Print Pre&view..."), this, &GridActions::preview);
+}
+
+void GridActions::buildContextMenu() {
+  QAction* open = contextMenu_->addAction(tr("&Open"), &view_, &GridView::openCurrentRow);
+  open->setVisible(view_.grid().hasClickAction());
+  contextMenu_->setDefaultAction(open);
+  contextMenu_->addSeparator();
+
+  QAction* copyCells = contextMenu_->addAction(tr("&Copy"), this, [this] { copy(false); });
+  copyCells->setShortcut(QKeySequence::Copy);
+  QAction* copyAll =
+      contextMenu_->addAction(tr("Copy with &Headings"), this, [this] { copy(true); });
+  copyAll->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+  for (QAction* action : {copyCells, copyAll}) {
+    action->setShortcutContext(Qt::WidgetShortcut);
+    view_.addAction(action);
+  }
+  contextMenu_->addAction(tr("Select &All"), &view_, &QTableView::selectAll);
+  contextMenu_->addSeparator();
+
+  QAction* sort =
+      contextMenu_->addAction(tr("&Sort by This Column"), &view_, &GridView::sortByCurrentColumn);
+  contextMenu_->addAction(tr("&Find..."), this, &GridActions::findRequested);
+  QMenu* columns = contextMenu_->addMenu(tr("&Go to Column"));
+  contextMenu_->addAction(tr("&Reset Column Widths"), &view_, &GridView::resetColumnWidths);
+  contextMenu_->addSeparator();
+  contextMenu_->addMenu(exportMenu_);
+  contextMenu_->addMenu(printMenu_);
+
+  connect(contextMenu_, &QMenu::aboutToShow, this, [=, this] {
+    const bool rows = view_.gridModel().rowCount() > 0;
+    const bool selected = view_.selectionModel()->hasSelection();
+    open->setVisible(view_.grid().hasClickAction());
+    open->setEnabled(view_.currentIndex().isValid());
+    copyCells->setEnabled(selected);
+    copyAll->setEnabled(selected);
+    sort->setEnabled(rows && view_.currentIndex().isValid() && view_.grid().onHeadClick);
+  });
+  connect(columns, &QMenu::aboutToShow, this, [this, columns] { fillColumnMenu(*columns); });
+}
+
+void GridActions::fillColumnMenu(QMenu& menu) const {
+  menu.clear();
+  const std::vector<Grid::Column>& columns = view_.grid().columns();
+  QString group;
+  for (int column = 0; column < view_.grid().Cols(); ++column) {
+    const Grid::Column& source = columns[static_cast<std::size_t>(column)];
+    if (!source.group.empty()) group = cellText(source.group);
+    if (source.hidden) continue;
+    QString caption = cellText(source.caption);
+    if (!group.isEmpty()) caption = group.simplified() + QStringLiteral(": ") + caption;
+    menu.addAction(caption.replace(u'&', QStringLiteral("&&")), &view_,
+                   [this, column] { view_.scrollToColumn(column); });
+  }
+}
+
+void GridActions::copy(bool withHeadings) const {
+  const QString text = selectionText(view_, withHeadings);
+  if (!text.isEmpty()) QApplication::clipboard()->setText(text);
+}
+
+void GridActions::print() const {
+  printDocument(documentOf(view_, title_), view_.window());
+}
+
+void GridActions::preview() const {
+  previewDocument(documentOf(view_, title_), view_.window());
+}
+
+void GridActions::askAndExport(const QString& suffix, const QString& kind) const {
+  const QString file = askForExportFile(view_.window(), title_, suffix, kind);
+  if (!file.isEmpty()) exportTo(file);
+}
+
+bool GridActions::exportTo(const QString& file) const {
+  view_.synchronize();
+  if (QFileInfo(file).suffix().toLower() == QStringLiteral("pdf")) {
+    return exported(view_.window(), file, writePdf(documentOf(view_, title_), file));
+  }
+  const QString problem = exportGrid(view_.gridModel(), title_, file);
+  return exported(view_.window(), file, problem.isEmpty(), problem);
+}
+
+QString selectionText(const GridView& view, bool withHeadings) {
+  const QItemSelectionModel& selection = *view.selectionModel();
+  QList<int> rows;
+  QList<int> columns;
+  for (const QItemSelectionRange& range : selection.selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row)
+      rows.append(row);
+    for (int column = range.left(); column <= range.right(); ++column)
+      columns.append(column);
+  }
+  for (QList<int>* list : {&rows, &columns}) {
+    std::sort(list->begin(), list->end());
+    list->erase(std::unique(list->begin(), list->end()), list->end());
+  }
+  columns.removeIf([&view](int column) { return view.isColumnHidden(column); });
+  if (rows.isEmpty() || columns.isEmpty()) return {};
+
+  const GridModel& model = view.gridModel();
+  const bool gaps = selection.selection().size() > 1;
+  QString text;
+  const auto addLine = [&](const auto& cellOf) {
+    for (int i = 0; i < columns.size(); ++i) {
+      if (i > 0) text += u'\t';
+      text += cellOf(columns[i]);
+    }
+    text += u'\n';
+  };
+  if (withHeadings) {
+    addLine([&](int column) { return model.headerData(column, Qt::Horizontal).toString(); });
+  }
+  for (const int row : rows) {
+    addLine([&](int column) {
+      const QModelIndex index = model.index(row, column);
+      return gaps && !selection.isSelected(index) ? QString() : index.data().toString();
+    });
+  }
+  text.chop(1);
+  return text;
+}
+
+}  // namespace dg

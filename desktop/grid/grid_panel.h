@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/window/control_binding.h"
+#include "forms/grid.h"
+
+class QLabel;
+class QLineEdit;
+
+namespace dg {
+
+class GridActions;
+class GridView;
+
+/// A grid on a sheet: the table, and over it its heading, how many rows there are, a filter, and
+/// the menus for export and print.
+class GridPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `formName` and `formTitle`: of the window that the grid stands in.
+  GridPanel(Grid& grid, const QString& formName, const QString& formTitle,
+            QWidget* parent = nullptr);
+
+  GridView& view() const { return *view_; }
+  GridActions& actions() const { return *actions_; }
+  QLineEdit& filterBox() const { return *filter_; }
+
+  /// Puts the cursor into the filter.
+  void find();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* buildTools();
+  void update();
+  void showCount();
+
+  Grid& grid_;
+  GridView* view_;
+  GridActions* actions_;
+  QLabel* heading_;
+  QLabel* count_;
+  QLineEdit* filter_;
+  ControlBinding binding_;
+};
+
+/// The grid of a window that Find and Print act on: the one with the keyboard's focus, else the
+/// first visible one; null when there is none.
+GridPanel* gridInFocus(const QWidget& window);
+
+}  // namespace dg

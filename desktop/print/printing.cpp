@@ -1,0 +1,89 @@
+#include "desktop/print/printing.h"
+
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QSaveFile>
+
+#include "desktop/print/print_layout.h"
+#include "desktop/window/user_settings.h"
+
+namespace dg {
+
+namespace {
+
+constexpr QMarginsF kMargins{12, 12, 12, 12};  // millimetres
+constexpr QSize kPreviewSize{900, 760};
+constexpr int kPdfResolution = 1200;
+
+QSizeF printableSize(const QPagedPaintDevice& device) {
+  return device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
+}
+
+void prepare(const PrintDocument& document, QPrinter& printer) {
+  printer.setDocName(document.title);
+  printer.setCreator(QStringLiteral("Dealer Gauge 2"));
+  setUpPages(document, printer);
+}
+
+}  // namespace
+
+void setUpPages(const PrintDocument& document, QPagedPaintDevice& device) {
+  device.setPageMargins(kMargins, QPageLayout::Millimeter);
+  device.setPageOrientation(QPageLayout::Portrait);
+  if (PrintLayout::isWiderThan(document, device, printableSize(device).width())) {
+    device.setPageOrientation(QPageLayout::Landscape);
+  }
+}
+
+void drawDocument(const PrintDocument& document, QPagedPaintDevice& device, int first, int last) {
+  QPainter painter;
+  if (!painter.begin(&device)) return;
+  const PrintLayout layout(document, device, printableSize(device));
+  const int end = last > 0 ? qMin(last, layout.pageCount()) : layout.pageCount();
+  for (int page = qMax(first, 1); page <= end; ++page) {
+    if (page > first) device.newPage();
+    layout.paint(painter, page - 1);
+  }
+}
+
+void printDocument(const PrintDocument& document, QWidget* parent) {
+  QPrinter printer(QPrinter::HighResolution);
+  prepare(document, printer);
+  QPrintDialog dialog(&printer, parent);
+  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
+                    QAbstractPrintDialog::PrintCollateCopies);
+  if (dialog.exec() != QDialog::Accepted) return;
+  drawDocument(document, printer, qMax(printer.fromPage(), 1), printer.toPage());
+}
+
+void previewDocument(const PrintDocument& document, QWidget* parent) {
+  QPrinter printer(QPrinter::HighResolution);
+  prepare(document, printer);
+  QPrintPreviewDialog dialog(&printer, parent);
+  UserSettings::restoreWindow(dialog, QStringLiteral("preview"), kPreviewSize);
+  QObject::connect(
+      &dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+      [&document](QPrinter* target) { drawDocument(document, *target); }, Qt::DirectConnection);
+  dialog.exec();
+  UserSettings::saveWindow(dialog, QStringLiteral("preview"));
+}
+
+bool writePdf(const PrintDocument& document, const QString& file) {
+  QSaveFile target(file);
+  if (!target.open(QIODevice::WriteOnly)) return false;
+  {
+    QPdfWriter writer(&target);
+    writer.setResolution(kPdfResolution);
+    writer.setTitle(document.title);
+    writer.setCreator(QStringLiteral("Dealer Gauge 2"));
+    setUpPages(document, writer);
+    drawDocument(document, writer);
+  }
+  return target.commit();
+}
+
+}  // namespace dg

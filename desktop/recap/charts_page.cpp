@@ -1,0 +1,167 @@
+#include "desktop/recap/charts_page.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QSaveFile>
+#include <QScrollArea>
+#include <QStyle>
+#include <QToolButton>
+
+#include "desktop/grid/export_files.h"
+#include "desktop/recap/bar_chart.h"
+#include "desktop/window/theme.h"
+
+namespace dg {
+
+namespace {
+
+constexpr double kPictureScale = 2;
+constexpr int kGap = 16;
+constexpr int kMargin = 20;
+
+QToolButton* button(const QString& text, QWidget* parent) {
+  auto* made = new QToolButton(parent);
+  made->setText(text);
+  made->setFocusPolicy(Qt::StrongFocus);
+  return made;
+}
+
+}  // namespace
+
+ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      periods_(new QButtonGroup(this)),
+      assets_(new BarChart),
+      inventory_(new BarChart),
+      sales_(new BarChart) {
+  setObjectName(QStringLiteral("charts"));
+  setAccessibleName(tr("Charts"));
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins({});
+  auto* scroll = new QScrollArea(this);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  outer->addWidget(scroll);
+
+  auto* sheet = new QWidget;
+  sheet_ = new QGridLayout(sheet);
+  sheet_->setContentsMargins(kMargin, 16, kMargin, kMargin);
+  sheet_->setSpacing(kGap);
+  sheet_->setColumnStretch(0, 1);
+  sheet_->setColumnStretch(1, 1);
+  sheet_->setRowStretch(4, 1);
+  sheet_->addWidget(buildHead(), 0, 0, 1, 2);
+  sales_->setTools(buildPeriods());
+  arrange();
+  scroll->setWidget(sheet);
+
+  for (BarChart* chart : {assets_, inventory_, sales_}) {
+    connect(chart, &BarChart::saveRequested, this, [this, chart] { askAndSave(chart); });
+  }
+  reload();
+}
+
+void ChartsPage::arrange() {
+  for (BarChart* chart : {assets_, inventory_, sales_})
+    sheet_->removeWidget(chart);
+  sheet_->addWidget(assets_, 1, 0, 1, wide_ ? 1 : 2);
+  sheet_->addWidget(inventory_, wide_ ? 1 : 2, wide_ ? 1 : 0, 1, wide_ ? 1 : 2);
+  sheet_->addWidget(sales_, 3, 0, 1, 2);
+}
+
+void ChartsPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int needed = 2 * (assets_->minimumSizeHint().width() + kMargin) + kGap +
+                     style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const bool wide = width() >= needed;
+  if (wide == wide_) return;
+  wide_ = wide;
+  arrange();
+}
+
+QWidget* ChartsPage::buildHead() {
+  auto* head = new QWidget(this);
+  auto* layout = new QHBoxLayout(head);
+  layout->setContentsMargins({});
+  auto* title = new QLabel(tr("Charts"), head);
+  title->setTextFormat(Qt::PlainText);
+  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
+  layout->addWidget(title, 1);
+  QToolButton* recap = button(tr("&Recap"), head);
+  connect(recap, &QToolButton::clicked, this, &ChartsPage::recapRequested);
+  layout->addWidget(recap);
+  QToolButton* save = button(tr("&Save as Picture..."), head);
+  connect(save, &QToolButton::clicked, this, [this] { askAndSave(nullptr); });
+  layout->addWidget(save);
+  return head;
+}
+
+QWidget* ChartsPage::buildPeriods() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins({});
+  layout->setSpacing(4);
+  const std::array<std::pair<ChartPeriod, QString>, 3> choices = {{
+      {ChartPeriod::kMonth, tr("&Month")},
+      {ChartPeriod::kYear, tr("&Year")},
+      {ChartPeriod::kLastYear, tr("&Last Year")},
+  }};
+  for (const auto& [period, text] : choices) {
+    QToolButton* choice = button(text, row);
+    choice->setCheckable(true);
+    choice->setChecked(period == period_);
+    periods_->addButton(choice, static_cast<int>(period));
+    layout->addWidget(choice);
+  }
+  connect(periods_, &QButtonGroup::idClicked, this,
+          [this](int id) { setPeriod(static_cast<ChartPeriod>(id)); });
+  return row;
+}
+
+void ChartsPage::reload() {
+  assets_->setData(assetChart(main_));
+  inventory_->setData(inventoryChart(main_));
+  sales_->setData(salesChart(main_, period_));
+}
+
+void ChartsPage::setPeriod(ChartPeriod period) {
+  period_ = period;
+  periods_->button(static_cast<int>(period))->setChecked(true);
+  sales_->setData(salesChart(main_, period));
+}
+
+bool ChartsPage::savePicture(const QString& file) const {
+  const QList<BarChart*> charts = {assets_, inventory_, sales_};
+  QRect area;
+  for (const BarChart* chart : charts)
+    area |= chart->geometry();
+  area.adjust(-kGap, -kGap, kGap, kGap);
+  QImage whole(area.size() * kPictureScale, QImage::Format_ARGB32_Premultiplied);
+  whole.setDevicePixelRatio(kPictureScale);
+  whole.fill(palette().color(QPalette::Window));
+  QPainter painter(&whole);
+  for (const BarChart* chart : charts)
+    painter.drawImage(chart->pos() - area.topLeft(), chart->picture(kPictureScale));
+  painter.end();
+  return savePng(whole, file);
+}
+
+void ChartsPage::askAndSave(const BarChart* chart) {
+  const QString file =
+      askForExportFile(window(), tr("Charts"), QStringLiteral("png"), tr("PNG picture (*.png)"));
+  if (file.isEmpty()) return;
+  const bool saved =
+      chart == nullptr ? savePicture(file) : savePng(chart->picture(kPictureScale), file);
+  exported(window(), file, saved);
+}
+
+bool savePng(const QImage& picture, const QString& file) {
+  QSaveFile target(file);
+  return target.open(QIODevice::WriteOnly) && picture.save(&target, "PNG") && target.commit();
+}
+
+}  // namespace dg

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/print/print_document.h"
+#include "forms/form.h"
+
+class QGridLayout;
+
+namespace dg {
+
+class Card;
+
+/// Draws the recap as a dashboard: assets on the left, liabilities over sales and profit on the
+/// right, each figure beside its caption. All texts are those of the form's labels.
+class RecapView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit RecapView(Form& form, QWidget* parent = nullptr);
+
+  void print();
+  void preview();
+  /// Asks for a file and writes the recap as PDF.
+  void savePdf();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ Q_SIGNALS:
+  /// The user wants to see the figures as charts.
+  void chartsRequested();
+
+ private:
+  QWidget* buildHead();
+  Card* buildList(int heading, const QList<QPair<int, int>>& rows);
+  Card* buildProfit();
+  QWidget* label(const std::string& name, QWidget* parent, Qt::Alignment alignment);
+  /// Puts the cards beside each other where there is room, else one below the other.
+  void arrange();
+  void addRow(Card& card, int row, int caption, int figure);
+
+  Form& form_;
+  QGridLayout* sheet_;
+  QWidget* head_;
+  Card* assets_;
+  Card* liabilities_;
+  Card* profit_;
+  bool wide_ = false;
+};
+
+/// The recap as tables on paper.
+PrintDocument recapDocument(const Form& form);
+
+}  // namespace dg

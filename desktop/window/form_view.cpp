@@ -1,0 +1,107 @@
+#include "desktop/window/form_view.h"
+
+#include <QSet>
+
+#include "desktop/grid/grid_panel.h"
+#include "desktop/window/control_widgets.h"
+#include "desktop/window/label_widget.h"
+#include "desktop/window/sheet_layout.h"
+#include "desktop/window/text.h"
+
+namespace dg {
+
+namespace {
+
+SheetLayout* layoutOf(QWidget* container) {
+  return static_cast<SheetLayout*>(container->layout());
+}
+
+}  // namespace
+
+FormView::FormView(Form& form, QWidget* parent)
+    : QWidget(parent),
+      form_(form),
+      changed_(form.changed.connect([this] { applyPointer(); })),
+      refreshed_(form.refreshed.connect([this] { repaint(); })) {
+  setObjectName(QString::fromStdString(form.name()));
+  setAccessibleName(formTitle(form));
+  auto* layout = new SheetLayout(this);
+  layout->setContentsMargins(14, 10, 14, 12);
+  // Frames come first: the controls on them need them as parents.
+  for (const auto& control : form.controls()) {
+    if (auto* frame = dynamic_cast<Frame*>(control.get())) {
+      auto* box = new FrameWidget(*frame, this);
+      new SheetLayout(box);
+    }
+  }
+  for (const Place& where : form.sheet())
+    place(where);
+  placeRemaining();
+  for (FrameWidget* box : findChildren<FrameWidget*>())
+    layoutOf(box)->finish();
+  layout->finish();
+}
+
+QWidget* FormView::widgetOf(std::string_view control) const {
+  return findChild<QWidget*>(QString::fromUtf8(control.data(), static_cast<int>(control.size())));
+}
+
+QWidget* FormView::makeWidget(Control& control, QWidget* parent) {
+  if (auto* label = dynamic_cast<Label*>(&control)) return new LabelWidget(*label, parent);
+  if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    return new GridPanel(*grid, QString::fromStdString(form_.name()), formTitle(form_), parent);
+  }
+  if (auto* button = dynamic_cast<Button*>(&control)) return new ButtonWidget(*button, parent);
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) return new ComboWidget(*combo, parent);
+  if (auto* bar = dynamic_cast<ProgressBar*>(&control)) return new ProgressWidget(*bar, parent);
+  if (auto* area = dynamic_cast<TextArea*>(&control)) return new TextAreaWidget(*area, parent);
+  if (dynamic_cast<Frame*>(&control) != nullptr) return widgetOf(control.name());
+  return nullptr;
+}
+
+QWidget* FormView::containerOf(std::string_view frame) {
+  QWidget* box = frame.empty() ? nullptr : widgetOf(frame);
+  return box == nullptr ? this : box;
+}
+
+void FormView::place(const Place& where) {
+  Control* control = form_.find(where.control);
+  if (control == nullptr) return;
+  QWidget* container = containerOf(where.frame);
+  QWidget* widget = makeWidget(*control, container);
+  if (widget == nullptr) return;
+  layoutOf(container)->addControl(widget, where.row, where.column, where.rowSpan, where.columnSpan);
+}
+
+void FormView::placeRemaining() {
+  QSet<QString> placed;
+  for (const Place& where : form_.sheet()) {
+    placed.insert(QString::fromUtf8(where.control.data(), static_cast<int>(where.control.size())));
+  }
+  auto* sheet = static_cast<SheetLayout*>(layout());
+  for (const auto& control : form_.controls()) {
+    if (placed.contains(QString::fromStdString(control->name()))) continue;
+    QWidget* widget = makeWidget(*control, this);
+    if (widget != nullptr) sheet->addControl(widget, sheet->nextRow(), 0, 1, 1);
+  }
+}
+
+void FormView::applyPointer() {
+  if (form_.mousePointer() == kHourglass) {
+    setCursor(Qt::WaitCursor);
+  } else {
+    unsetCursor();
+  }
+}
+
+QString formTitle(const Form& form) {
+  for (const auto& control : form.controls()) {
+    const auto* label = dynamic_cast<const Label*>(control.get());
+    if (label != nullptr && label->role() == LabelRole::kTitle && !label->caption().empty()) {
+      return cellText(label->caption()).replace(QStringLiteral("&&"), QStringLiteral("&"));
+    }
+  }
+  return cellText(form.caption());
+}
+
+}  // namespace dg

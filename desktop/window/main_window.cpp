@@ -1,0 +1,180 @@
+#include "desktop/window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "desktop/grid/grid_actions.h"
+#include "desktop/grid/grid_panel.h"
+#include "desktop/print/print_document.h"
+#include "desktop/recap/recap_view.h"
+#include "desktop/window/help_window.h"
+#include "desktop/window/label_widget.h"
+#include "desktop/window/menu_bar.h"
+#include "desktop/window/platform_help.h"
+#include "desktop/window/status_panes.h"
+#include "desktop/window/text.h"
+#include "desktop/window/theme.h"
+#include "desktop/window/tree_panel.h"
+#include "desktop/window/user_settings.h"
+#include "desktop/window/view_stack.h"
+
+namespace dg {
+
+namespace {
+
+constexpr QSize kSize{1220, 800};
+constexpr const char* kMemory = "main";
+constexpr const char* kSplitterMemory = "mainSplitter";
+
+bool isUserInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+MainWindow::MainWindow(frmTRVN& form)
+    : form_(form),
+      menus_(new MenuBar(this)),
+      tree_(new TreePanel(form.tv1, this)),
+      views_(new ViewStack(form, this)),
+      splitter_(new QSplitter(this)) {
+  setObjectName(QString::fromStdString(form.name()));
+  setWindowTitle(cellText(form.caption()));
+  setMenuBar(menus_);
+  splitter_->addWidget(tree_);
+  splitter_->addWidget(views_);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->setHandleWidth(1);
+
+  auto* whole = new QWidget(this);
+  auto* layout = new QVBoxLayout(whole);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(buildBand());
+  layout->addWidget(splitter_, 1);
+  setCentralWidget(whole);
+  setStatusBar(new StatusPanes(form.sb1, this));
+
+  connectForm();
+  UserSettings::restoreWindow(*this, kMemory, kSize);
+  if (!splitter_->restoreState(UserSettings::state(kSplitterMemory))) {
+    splitter_->setSizes({tree_->sizeHint().width(), kSize.width()});
+  }
+  qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() {
+  qApp->removeEventFilter(this);
+  delete help_;
+}
+
+QWidget* MainWindow::buildBand() {
+  auto* band = new QWidget(this);
+  auto* layout = new QHBoxLayout(band);
+  layout->setContentsMargins(14, 8, 14, 8);
+  auto* store = new LabelWidget(form_.lblStoreName, band);
+  store->setFont(scaledFont(font(), 1.25, QFont::DemiBold));
+  layout->addWidget(store, 1);
+  layout->addWidget(new LabelWidget(form_.Label1, band));
+  return band;
+}
+
+void MainWindow::connectForm() {
+  setPrintStore(labelText(form_.lblStoreName.caption()).trimmed());
+  form_.onExit = [this] { close(); };
+  form_.onHelp = [this] { showHelp(); };
+  viewShown_ = form_.viewShown.connect([this](View* view) {
+    if (view != nullptr) views_->showView(*view);
+  });
+  if (View* current = form_.CurrentView()) views_->showView(*current);
+
+  connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
+  connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
+  // No node stands for the charts; the last one is marked again with the next click.
+  connect(views_, &ViewStack::chartsOpened, tree_, &QTreeWidget::clearSelection);
+  connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
+  auto* findKey = new QShortcut(QKeySequence::Find, this);
+  connect(findKey, &QShortcut::activated, this, &MainWindow::find);
+  auto* printKey = new QShortcut(QKeySequence::Print, this);
+  connect(printKey, &QShortcut::activated, this, &MainWindow::print);
+}
+
+void MainWindow::pick(const QString& menu, int index) {
+  if (form_.loading()) return;
+  form_.menuClick(menu.toStdString(), index);
+}
+
+void MainWindow::showCharts() {
+  if (!form_.loading()) views_->showCharts();
+}
+
+void MainWindow::find() {
+  if (GridPanel* panel = gridInFocus(*views_)) panel->find();
+}
+
+void MainWindow::print() {
+  if (auto* recap = qobject_cast<RecapView*>(views_->currentWidget())) {
+    recap->print();
+  } else if (GridPanel* panel = gridInFocus(*views_)) {
+    panel->actions().print();
+  }
+}
+
+void MainWindow::showHelp() {
+  if (showPlatformHelp(*this)) return;
+  if (help_ == nullptr) help_ = new HelpWindow;
+  const View* view = form_.CurrentView();
+  help_->showPage(views_->chartsShown() || view == nullptr ? std::string_view("charts")
+                                                           : std::string_view(view->name()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (form_.loading()) {
+    event->ignore();
+    return;
+  }
+  UserSettings::saveWindow(*this, kMemory);
+  UserSettings::setState(kSplitterMemory, splitter_->saveState());
+  if (help_ != nullptr) help_->close();
+  // The views go before the program's end is logged, and their pages before them.
+  viewShown_.disconnect();
+  views_->dropAll();
+  form_.Form_Unload();
+  event->accept();
+  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!form_.loading() || !isUserInput(event->type())) {
+    return QMainWindow::eventFilter(watched, event);
+  }
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  const bool mine = watched == windowHandle() || qobject_cast<QAction*>(watched) != nullptr ||
+                    qobject_cast<QShortcut*>(watched) != nullptr ||
+                    (widget != nullptr && widget->window() == this);
+  return mine || QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace dg

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QList>
+#include <QStatusBar>
+
+#include "desktop/window/control_binding.h"
+#include "forms/simple_controls.h"
+
+class QLabel;
+
+namespace dg {
+
+/// Draws a StatusBar: its panels side by side, the last one as wide as it can be.
+class StatusPanes : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  explicit StatusPanes(StatusBar& bar, QWidget* parent = nullptr);
+
+ private:
+  void update();
+
+  StatusBar& bar_;
+  QList<QLabel*> panes_;
+  ControlBinding binding_;
+};
+
+}  // namespace dg

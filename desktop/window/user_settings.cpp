@@ -1,0 +1,78 @@
+#include "desktop/window/user_settings.h"
+
+#include <QDir>
+#include <QMap>
+#include <QScreen>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QVariantMap>
+#include <QWidget>
+#include <memory>
+
+namespace dg {
+
+QSettings& UserSettings::file() {
+  // Tests move the configuration folder while the process runs.
+  static std::unique_ptr<QSettings> settings;
+  const QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                       QStringLiteral("/DealerGauge/desktop.ini");
+  if (!settings || settings->fileName() != path) {
+    settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+  }
+  return *settings;
+}
+
+void UserSettings::restoreWindow(QWidget& window, const QString& name, QSize size) {
+  const QByteArray geometry = file().value("windows/" + name).toByteArray();
+  if (!geometry.isEmpty() && window.restoreGeometry(geometry)) return;
+  if (const QScreen* screen = window.screen()) {
+    size = size.boundedTo(screen->availableSize() * 0.92);
+  }
+  window.resize(size.expandedTo(window.minimumSizeHint()));
+}
+
+void UserSettings::saveWindow(const QWidget& window, const QString& name) {
+  file().setValue("windows/" + name, window.saveGeometry());
+}
+
+QMap<QString, int> UserSettings::columnWidths(const QString& grid) {
+  QMap<QString, int> widths;
+  const QVariantMap stored = file().value("columns/" + grid).toMap();
+  for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
+    const int width = entry.value().toInt();
+    if (width > 0 && width < 10'000) widths.insert(entry.key(), width);
+  }
+  return widths;
+}
+
+void UserSettings::setColumnWidths(const QString& grid, const QMap<QString, int>& widths) {
+  QVariantMap stored;
+  for (auto entry = widths.begin(); entry != widths.end(); ++entry) {
+    stored.insert(entry.key(), entry.value());
+  }
+  file().setValue("columns/" + grid, stored);
+}
+
+void UserSettings::forgetColumnWidths(const QString& grid) {
+  file().remove("columns/" + grid);
+}
+
+QByteArray UserSettings::state(const QString& name) {
+  return file().value("states/" + name).toByteArray();
+}
+
+void UserSettings::setState(const QString& name, const QByteArray& state) {
+  file().setValue("states/" + name, state);
+}
+
+QString UserSettings::exportFolder() {
+  const QString folder = file().value(QStringLiteral("export/folder")).toString();
+  if (!folder.isEmpty() && QDir(folder).exists()) return folder;
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+void UserSettings::setExportFolder(const QString& folder) {
+  file().setValue(QStringLiteral("export/folder"), folder);
+}
+
+}  // namespace dg

@@ -1,0 +1,70 @@
+#include "desktop/window/view_stack.h"
+
+#include "desktop/recap/charts_page.h"
+#include "desktop/recap/recap_view.h"
+#include "desktop/window/form_view.h"
+
+namespace dg {
+
+ViewStack::ViewStack(const frmTRVN& main, QWidget* parent)
+    : QStackedWidget(parent), main_(main), empty_(new QWidget(this)) {
+  addWidget(empty_);
+}
+
+void ViewStack::showView(View& view) {
+  QWidget*& page = pages_[&view];
+  if (page == nullptr) {
+    page = makePage(view);
+    addWidget(page);
+  }
+  setCurrentWidget(page);
+}
+
+void ViewStack::hideView() {
+  // The charts go as well: they show figures that a refresh is about to replace.
+  setCurrentWidget(empty_);
+}
+
+QWidget* ViewStack::makePage(View& view) {
+  if (view.name() != "frmRecap") return new FormView(view, this);
+  auto* recap = new RecapView(view, this);
+  connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
+  return recap;
+}
+
+void ViewStack::showCharts() {
+  if (charts_ == nullptr) {
+    charts_ = new ChartsPage(main_, this);
+    connect(charts_, &ChartsPage::recapRequested, this, &ViewStack::recapRequested);
+    addWidget(charts_);
+  } else {
+    charts_->reload();
+  }
+  setCurrentWidget(charts_);
+  charts_->setFocus();
+  Q_EMIT chartsOpened();
+}
+
+bool ViewStack::chartsShown() const {
+  return charts_ != nullptr && currentWidget() == charts_;
+}
+
+QWidget* ViewStack::pageOf(const Form& form) const {
+  const auto found = pages_.find(&form);
+  return found == pages_.end() ? nullptr : found->second;
+}
+
+void ViewStack::drop(const Form& form) {
+  const auto found = pages_.find(&form);
+  if (found == pages_.end()) return;
+  delete found->second;
+  pages_.erase(found);
+}
+
+void ViewStack::dropAll() {
+  for (const auto& [form, page] : pages_)
+    delete page;
+  pages_.clear();
+}
+
+}  // namespace dg

@@ -1,0 +1,133 @@
+#include "views/operational/line_builder.h"
+
+#include "engine/business_basic.h"
+#include "engine/codec.h"
+#include "engine/walk_guard.h"
+#include "platform/clock.h"
+#include "platform/text.h"
+#include "platform/values/checked.h"
+#include "shell/options.h"
+#include "shell/trap.h"
+#include "shell/write_log.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::string_view kRemark = "REM";
+constexpr std::int32_t kLastPage = 1;
+
+// Positions in a line, from 1, and widths.
+constexpr std::size_t kCodePosition = 1;
+constexpr std::size_t kCodeWidth = 2;
+constexpr std::size_t kRemarkPosition = 3;
+constexpr std::size_t kPartPosition = 3;
+constexpr std::size_t kPartWidth = 14;
+constexpr std::size_t kMaskPosition = 15;  ///< overlaps the end of the part number
+constexpr std::size_t kMaskWidth = 2;
+constexpr std::size_t kDescriptionPosition = 17;
+constexpr std::size_t kDescriptionWidth = 14;
+constexpr std::int32_t kQuantityPosition = 31;  ///< tenths
+constexpr std::int32_t kNetPosition = 33;       ///< hundredths
+constexpr std::int32_t kCostPosition = 36;      ///< hundredths
+
+std::string decoded(std::string_view line, std::size_t position,
+                    std::size_t width = std::string_view::npos) {
+  return unpackText(middle(line, position, width));
+}
+
+}  // namespace
+
+void LineBuilder::runTrapped(std::string_view routine, const std::function<void()>& body) {
+  trapErrors(body, [&](const RunTimeError& error) {
+    const Date moment = now();
+    logLine(moment.shortDateText() + " : " + moment.longTimeText() + " : " +
+            std::string(format_.tag) + " : " + std::string(routine) +
+            std::to_string(error.number()) + "  " + error.description() + "  " + error.source());
+    error_ = true;
+  });
+}
+
+std::shared_ptr<const DisplayLines> LineBuilder::DetailReturn() const {
+  if (!lines_) throw RunTimeError(kObjectNotSet);
+  return lines_;
+}
+
+std::int32_t& LineBuilder::pageEntry(std::int32_t page) {
+  if (page < 0 || page > kHighestPage) throw RunTimeError(kSubscriptOutOfRange);
+  return PageList_[static_cast<std::size_t>(page)];
+}
+
+void LineBuilder::BuildPage(std::int32_t& record) {
+  runTrapped("BuildPage", [&] {
+    const auto file = LogicalFileArgument(format_.file).resolve();
+    WalkGuard guard(*file);
+    for (;;) {
+      guard.step(record);
+      const PageRecord page = PageRecord::read(format_.file, record);
+      const std::int32_t number = page.pageNumber();
+      const std::int32_t next = checkedAbs(page.link());
+      pageEntry(number) = record;
+      record = next;
+      if (number > pageEntry(0)) pageEntry(0) = number;
+      if (number == kLastPage) return;
+    }
+  });
+}
+
+void LineBuilder::BuildDetail() {
+  runTrapped("BuildDetail", [&] {
+    clearLines();
+    totals_[static_cast<std::size_t>(LineTotal::kPart)] = 0;
+    totals_[static_cast<std::size_t>(LineTotal::kLabor)] = 0;
+    // The last page is read ahead of all others: a chain without one fails here, before any line.
+    PageRecord::read(format_.file, pageEntry(pageEntry(0)));
+    DisplayLine line;  // lives through all pages: see decodeLine
+    for (std::int32_t page = kLastPage; page <= pageEntry(0); ++page) {
+      addPage(PageRecord::read(format_.file, pageEntry(page)), line);
+    }
+  });
+}
+
+void LineBuilder::addPage(const PageRecord& page, DisplayLine& line) {
+  const std::int32_t count = page.lineCount();
+  const std::int32_t request = format_.hasRequest ? page.requestNumber() : 0;
+  for (std::int32_t number = 1; number <= count; ++number) {
+    decodeLine(page.line(number), request, line);
+    lines_->push_back(line);
+  }
+}
+
+/// A remark sets its code and text only; unless the format says that it clears the rest, the line
+/// before it shows through: description, quantity, price and cost stand again beside the remark.
+void LineBuilder::decodeLine(std::string_view text, std::int32_t request, DisplayLine& line) {
+  const std::string code = decoded(text, kCodePosition, kCodeWidth);
+  line[0] = code;
+  if (code == kRemark) {
+    line[1] = decoded(text, kRemarkPosition);
+    if (format_.remarkClears) {
+      line[2] = std::string();
+      line[3] = line[4] = line[5] = 0;
+    }
+    if (format_.hasRequest) line[6] = request;
+    return;
+  }
+  std::string part = decoded(text, kPartPosition, kPartWidth);
+  line[1] = FormatPartNumber(part, decoded(text, kMaskPosition, kMaskWidth));
+  line[2] = decoded(text, kDescriptionPosition, kDescriptionWidth);
+  // Whole units: the tenths are cut off before anything is multiplied.
+  const std::int32_t quantity = Unpack('J', text, kQuantityPosition) / 10;
+  line[3] = quantity;
+  const std::int32_t net = Unpack('K', text, kNetPosition);
+  line[4] = net;
+  line[5] = Unpack('D', text, kCostPosition);
+  if (format_.hasRequest) line[6] = request;
+
+  LineTotal kind = LineTotal::kPart;
+  for (const LineFormat::Code& known : format_.codes) {
+    if (known.code == code) kind = known.total;
+  }
+  totals_[static_cast<std::size_t>(kind)] += static_cast<double>(net) * quantity;
+}
+
+}  // namespace dg
