@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <utility>
 
 namespace dg {
 
@@ -26,8 +27,8 @@ Date now() {
   return Date(day.value_or(Date()).days(), (local->tm_hour * 60 + local->tm_min) * 60 + second);
 }
 
-void setClock(std::optional<Date> moment) {
-  fixedMoment() = moment;
+std::optional<Date> setClock(std::optional<Date> moment) {
+  return std::exchange(fixedMoment(), moment);
 }
 
 }  // namespace dg

@@ -13,8 +13,8 @@ FailureLog& failureLog() {
 
 }  // namespace
 
-void setFailureLog(FailureLog log) {
-  failureLog() = std::move(log);
+FailureLog setFailureLog(FailureLog log) {
+  return std::exchange(failureLog(), std::move(log));
 }
 
 void reportFailure(std::string_view phrase, const RunTimeError& error) {

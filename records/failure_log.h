@@ -11,7 +11,8 @@ namespace dg {
 /// operation log, which lies above this layer.
 using FailureLog = std::function<void(std::string_view phrase, const RunTimeError& error)>;
 
-void setFailureLog(FailureLog log);
+/// Returns the log in force before.
+FailureLog setFailureLog(FailureLog log);
 /// Passes a failure on; does nothing while no log is connected.
 void reportFailure(std::string_view phrase, const RunTimeError& error);
 

@@ -17,8 +17,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 
 bool logEnabled = true;
 
-std::function<void(const std::string&)>& logObserver() {
-  static std::function<void(const std::string&)> observer;
+LogObserver& logObserver() {
+  static LogObserver observer;
   return observer;
 }
 
@@ -62,12 +62,12 @@ std::string viewFailureText(std::string_view phrase, const RunTimeError& error) 
          error.description();
 }
 
-void setLogEnabled(bool enabled) {
-  logEnabled = enabled;
+bool setLogEnabled(bool enabled) {
+  return std::exchange(logEnabled, enabled);
 }
 
-void setLogObserver(std::function<void(const std::string&)> observer) {
-  logObserver() = std::move(observer);
+LogObserver setLogObserver(LogObserver observer) {
+  return std::exchange(logObserver(), std::move(observer));
 }
 
 }  // namespace dg

@@ -27,9 +27,10 @@ void logLine(const std::string& line);
 std::string shellFailureText(std::string_view phrase, const RunTimeError& error);  ///< CR LF
 std::string viewFailureText(std::string_view phrase, const RunTimeError& error);   ///< two blanks
 
-/// Whether lines are written at all; the command-line tool can turn it off.
-void setLogEnabled(bool enabled);
-/// Called with each line that is logged, whether written or not.
-void setLogObserver(std::function<void(const std::string&)> observer);
+/// Whether lines are written at all; the command-line tool can turn it off. Returns what was.
+bool setLogEnabled(bool enabled);
+using LogObserver = std::function<void(const std::string& line)>;
+/// Called with each line that is logged, whether written or not. Returns the one in force before.
+LogObserver setLogObserver(LogObserver observer);
 
 }  // namespace dg

@@ -40,11 +40,8 @@ void DesktopSession::start(const std::vector<std::string>& missing) {
       std::filesystem::remove(entry.path());
     }
   }
-  environment().temp = store + "/temp";
-  environment().logFolder.reset();
-  environment().shareRoot = store + "/share";
-  setFileSystem(nullptr);
-  setLogFile();
+  run.openOnDisk(store);
+  environment().settingsFile = run.folder.file("DealerGauge.ini");
   setPresenter(&presenter);
   main_ = startProgram(viewCatalogue());
   QApplication::setActiveWindow(&window());

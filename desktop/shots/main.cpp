@@ -1,7 +1,5 @@
 // Takes pictures of every window over an example store; see scripts/screenshots.
 
-#include "shell/main.h"
-
 #include <QApplication>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -10,23 +8,13 @@
 #include "desktop/shots/tour.h"
 #include "desktop/window/resources.h"
 #include "desktop/window/theme.h"
-#include "platform/clock.h"
 #include "platform/environment.h"
+#include "shell/surroundings.h"
 #include "tools/sample/sample_store.h"
 
 namespace {
 
 constexpr int kPointSize = 10;
-
-/// Puts the store in a folder where the program looks for it, and the clock on its day.
-void openStore(const std::string& store, const dg::SampleOptions& options) {
-  dg::environment() = {.temp = store + "/temp",
-                       .shareRoot = store + "/share",
-                       .computerName = "PC7",
-                       .settingsFile = store + "/config/DealerGauge.ini"};
-  dg::setClock(dg::Date(options.asOf.days(), 10 * 3600 + 30 * 60));
-  dg::setLogFile();
-}
 
 }  // namespace
 
@@ -51,6 +39,10 @@ int main(int argc, char** argv) {
   } else {
     dg::writeSampleStore(store, options);
   }
-  openStore(store, options);
-  return dg::takeTour(QString::fromLocal8Bit(argv[1])) ? 0 : 1;
+  dg::Surroundings surroundings;
+  surroundings.useStore(store);
+  dg::environment().computerName = "PC7";
+  constexpr int kHalfPastTen = 10 * 3600 + 30 * 60;
+  surroundings.useClock(dg::Date(options.asOf.days(), kHalfPastTen));
+  return dg::takeTour(QString::fromLocal8Bit(argv[1]), surroundings) ? 0 : 1;
 }

@@ -44,7 +44,8 @@ constexpr QSize kSize{1240, 800};
 
 class Tour {
  public:
-  explicit Tour(const QString& folder) : folder_(folder) {}
+  Tour(const QString& folder, Surroundings& surroundings)
+      : folder_(folder), surroundings_(surroundings) {}
 
   bool run();
 
@@ -59,6 +60,7 @@ class Tour {
   void photographDialog(const QString& name);
 
   QDir folder_;
+  Surroundings& surroundings_;
   bool saved_ = true;
 };
 
@@ -160,9 +162,9 @@ void Tour::visitErrors(MainWindow& window) {
 
 bool Tour::run() {
   folder_.mkpath(".");
-  setMessageBoxHandler(&showMessageBox);
+  surroundings_.useMessageBoxes(&showMessageBox);
   DesktopPresenter presenter;
-  setPresenter(&presenter);
+  surroundings_.usePresenter(&presenter);
   int progress = 0;
   Connection watch = splash().lblProgress.refreshed.connect([&] {
     if (++progress == 6 && presenter.splashWindow() != nullptr) {
@@ -179,14 +181,14 @@ bool Tour::run() {
   visitErrors(window);
   window.close();
   presenter.close();
-  setPresenter(nullptr);
+  surroundings_.usePresenter(nullptr);
   return saved_;
 }
 
 }  // namespace
 
-bool takeTour(const QString& folder) {
-  return Tour(folder).run();
+bool takeTour(const QString& folder, Surroundings& surroundings) {
+  return Tour(folder, surroundings).run();
 }
 
 }  // namespace dg

@@ -14,6 +14,7 @@
 #include "desktop/window/shutdown_signals.h"
 #include "shell/main.h"
 #include "shell/splash.h"
+#include "shell/surroundings.h"
 #include "views/view_catalogue.h"
 
 #ifdef Q_OS_WIN
@@ -107,9 +108,10 @@ int runDesktop(int argc, char** argv) {
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/dealergauge.svg")));
   QApplication::setQuitOnLastWindowClosed(false);
 
-  setMessageBoxHandler(&showMessageBox);
+  Surroundings surroundings;
+  surroundings.useMessageBoxes(&showMessageBox);
   DesktopPresenter presenter;
-  setPresenter(&presenter);
+  surroundings.usePresenter(&presenter);
   const ShutdownSignals signals;
   QObject::connect(&signals, &ShutdownSignals::requested, application.get(),
                    [&presenter] { endProgram(presenter); });
@@ -123,8 +125,7 @@ int runDesktop(int argc, char** argv) {
       main->Form_Unload();
     }
   }
-  setPresenter(nullptr);
-  setMessageBoxHandler({});
+  surroundings.usePresenter(nullptr);
   return status;
 }
 

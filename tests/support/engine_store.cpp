@@ -25,26 +25,15 @@ std::string directoryEntry(const std::string& name, std::int32_t block, std::int
   return entry;
 }
 
-EngineStore::EngineStore() : files_(new MemoryFileSystem), formerEnvironment_(environment()) {
-  resetEngineState();
-  formerFiles_ = setFileSystem(std::unique_ptr<FileSystem>(files_));
-  formerHandler_ =
-      setMessageBoxHandler([this](const MessageBox& box) { messages_.push_back(box); });
-  environment().temp = "C:\\Temp";
-  environment().logFolder.reset();
+EngineStore::EngineStore() : files_(new MemoryFileSystem) {
+  surroundings_.useFileSystem(std::unique_ptr<FileSystem>(files_));
+  surroundings_.useMessageBoxes([this](const MessageBox& box) { messages_.push_back(box); });
+  surroundings_.useTemp("C:\\Temp");
   environment().computerName = "PC7";
   SystemInfo = std::make_shared<cSystem>();
   SystemInfo->mUNCDrive = "srv";
   SystemInfo->mDirectory = "LNK001";
   files_->add(onShare("ttymap"), "PC7 12\r\n");
-}
-
-EngineStore::~EngineStore() {
-  engine_.reset();
-  resetEngineState();
-  setFileSystem(std::move(formerFiles_));
-  setMessageBoxHandler(std::move(formerHandler_));
-  environment() = formerEnvironment_;
 }
 
 void EngineStore::addLink(const std::string& link, const std::string& resolution) {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "engine/business_basic.h"
-#include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/message_box.h"
+#include "shell/surroundings.h"
 
 namespace dg::test {
 
@@ -17,7 +17,6 @@ namespace dg::test {
 class EngineStore {
  public:
   EngineStore();
-  ~EngineStore();
   EngineStore(const EngineStore&) = delete;
   EngineStore& operator=(const EngineStore&) = delete;
 
@@ -49,11 +48,9 @@ class EngineStore {
     std::int32_t block = 0;
   };
 
-  MemoryFileSystem* files_;
-  std::unique_ptr<FileSystem> formerFiles_;
-  Environment formerEnvironment_;
-  MessageBoxHandler formerHandler_;
   std::vector<MessageBox> messages_;
+  Surroundings surroundings_;
+  MemoryFileSystem* files_;
   std::string links_;
   std::string directory_;
   std::string data_;

@@ -181,11 +181,7 @@ FullRun runFully(ProgramRun& surroundings, std::unique_ptr<FileSystem> files,
 FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit, RunExtent extent,
                        KeepPicture keep) {
   ProgramRun surroundings;
-  environment().shareRoot = store + "/share";
-  environment().temp = store + "/temp";
-  environment().logFolder.reset();
-  environment().settingsFile = store + "/config/DealerGauge.ini";
-  setLogFile();
+  surroundings.openOnDisk(store);
   return runOver(surroundings, std::make_unique<StepLimitFileSystem>(systemFileSystem()), stepLimit,
                  extent, keep);
 }

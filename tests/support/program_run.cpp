@@ -5,15 +5,7 @@
 #include <utility>
 
 #include "engine/catalog_configuration.h"
-#include "engine/state.h"
-#include "platform/clock.h"
 #include "platform/file.h"
-#include "records/failure_log.h"
-#include "shell/main.h"
-#include "shell/recap_sheet.h"
-#include "shell/sort_grid.h"
-#include "shell/splash.h"
-#include "shell/write_log.h"
 
 namespace dg {
 
@@ -36,33 +28,20 @@ std::string programPath(const std::string& path, const std::string& temp) {
 
 }  // namespace
 
-ProgramRun::ProgramRun() : formerEnvironment_(environment()) {
-  Environment& place = environment();
-  place.temp = folder.path().string();
-  place.logFolder.reset();
-  place.computerName = "PC7";
-  place.settingsFile = folder.file("DealerGauge.ini");
-  setClock(Date::fromText("11/24/26 10:30:00"));
-  resetEngineState();
-  setFileSystem(std::make_unique<MemoryFileSystem>());
-  setLogFile();
-  setLogObserver([this](const std::string& line) { logged.push_back(line); });
-  setPresenter(this);
-  formerHandler_ = setMessageBoxHandler([this](const MessageBox& box) { messages.push_back(box); });
-  gSortDirection = 0;
+ProgramRun::ProgramRun() {
+  environment().computerName = "PC7";
+  environment().settingsFile = folder.file("DealerGauge.ini");
+  surroundings_.useTemp(folder.path().string());
+  surroundings_.useClock(Date::fromText("11/24/26 10:30:00"));
+  surroundings_.useFileSystem(std::make_unique<MemoryFileSystem>());
+  surroundings_.watchLog([this](const std::string& line) { logged.push_back(line); });
+  surroundings_.usePresenter(this);
+  surroundings_.useMessageBoxes([this](const MessageBox& box) { messages.push_back(box); });
 }
 
-ProgramRun::~ProgramRun() {
-  releaseSplash();
-  setMessageBoxHandler(std::move(formerHandler_));
-  setPresenter(nullptr);
-  setLogObserver({});
-  setLogEnabled(true);
-  setFailureLog({});
-  resetEngineState();
-  setFileSystem(nullptr);
-  setClock(std::nullopt);
-  environment() = formerEnvironment_;
+void ProgramRun::openOnDisk(const std::string& store) {
+  surroundings_.useStore(store);
+  surroundings_.useFileSystem(nullptr);
 }
 
 void ProgramRun::openStore(std::vector<SampleFile> files) {
@@ -76,7 +55,7 @@ void ProgramRun::openStore(std::vector<SampleFile> files) {
     const std::string place = programPath(file.path, environment().temp);
     if (!isMissing && !place.empty()) fileSystem->add(place, std::move(file.content));
   }
-  setFileSystem(std::move(fileSystem));
+  surroundings_.useFileSystem(std::move(fileSystem));
 }
 
 void ProgramRun::openEngine(std::vector<SampleFile> files) {

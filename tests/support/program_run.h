@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "forms/form.h"
-#include "platform/environment.h"
 #include "platform/message_box.h"
+#include "shell/surroundings.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/store_builder.h"
 
@@ -17,7 +17,6 @@ namespace dg {
 class ProgramRun : public Presenter {
  public:
   ProgramRun();
-  ~ProgramRun() override;
   ProgramRun(const ProgramRun&) = delete;
   ProgramRun& operator=(const ProgramRun&) = delete;
 
@@ -31,6 +30,8 @@ class ProgramRun : public Presenter {
   /// The same, with an engine as the main window's load leaves it.
   void openEngine() { openEngine(builder.finish()); }
   void openEngine(std::vector<SampleFile> files);
+  /// Takes an example store on disk instead.
+  void openOnDisk(const std::string& store);
 
   /// The operation log's bytes on disk.
   std::string log() const { return folder.read("dgoperation.log"); }
@@ -49,8 +50,7 @@ class ProgramRun : public Presenter {
   std::function<void(Form&)> onModal;  ///< the user at a modal form
 
  private:
-  Environment formerEnvironment_;
-  MessageBoxHandler formerHandler_;
+  Surroundings surroundings_;
 };
 
 }  // namespace dg

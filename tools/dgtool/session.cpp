@@ -1,18 +1,13 @@
 #include "tools/dgtool/session.h"
 
 #include <filesystem>
-#include <utility>
 
 #include "engine/catalog_configuration.h"
 #include "engine/state.h"
-#include "platform/clock.h"
 #include "platform/environment.h"
 #include "platform/file.h"
-#include "records/failure_log.h"
 #include "shell/main.h"
-#include "shell/sort_grid.h"
 #include "shell/splash.h"
-#include "shell/write_log.h"
 
 namespace dg {
 
@@ -20,42 +15,30 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void applyOptions(const StoreOptions& options) {
+void applyOptions(const StoreOptions& options, Surroundings& surroundings) {
   Environment& place = environment();
   if (!options.store.empty()) {
-    const fs::path store = fs::path(options.store);
-    if (!fs::is_directory(store)) {
+    if (!fs::is_directory(options.store)) {
       throw UsageError("no such store: " + options.store + " is not a folder");
     }
-    place.shareRoot = (store / "share").string();
-    place.temp = (store / "temp").string();
-    place.logFolder.reset();
-    place.settingsFile = (store / "config" / "DealerGauge.ini").string();
+    surroundings.useStore(options.store);
   }
-  if (!options.temp.empty()) {
-    place.temp = options.temp;
-    place.logFolder.reset();
-  }
+  if (!options.temp.empty()) surroundings.useTemp(options.temp);
   if (!options.shareRoot.empty()) place.shareRoot = options.shareRoot;
   if (!options.computer.empty()) place.computerName = options.computer;
   if (!options.settings.empty()) place.settingsFile = options.settings;
-  if (options.asOf) setClock(options.asOf);
+  if (options.asOf) surroundings.useClock(options.asOf);
 }
 
 }  // namespace
 
-Session::Session(const StoreOptions& options, const Console& console)
-    : console_(console), formerEnvironment_(environment()) {
-  applyOptions(options);
-  resetEngineState();
-  gSortDirection = 0;
-  setLogFile();
-  setLogEnabled(!options.noLog);
-  setLogObserver([this](const std::string& line) {
+Session::Session(const StoreOptions& options, const Console& console) : console_(console) {
+  applyOptions(options, surroundings_);
+  surroundings_.enableLog(!options.noLog);
+  surroundings_.watchLog([this](const std::string& line) {
     if (line.starts_with('*')) failures_.push_back(line);
   });
-  formerHandler_ =
-      setMessageBoxHandler([this](const MessageBox& box) { messages_.push_back(box); });
+  surroundings_.useMessageBoxes([this](const MessageBox& box) { messages_.push_back(box); });
 }
 
 Session::~Session() {
@@ -63,14 +46,6 @@ Session::~Session() {
     main_->Form_Unload();
     main_.reset();
   }
-  progress_.disconnect();
-  releaseSplash();
-  resetEngineState();
-  setFailureLog({});
-  setLogObserver({});
-  setLogEnabled(true);
-  setMessageBoxHandler(std::move(formerHandler_));
-  environment() = formerEnvironment_;
 }
 
 void Session::openEngine() {

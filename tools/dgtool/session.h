@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "forms/signal.h"
-#include "platform/environment.h"
 #include "platform/message_box.h"
 #include "shell/main_window.h"
+#include "shell/surroundings.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/options.h"
 
@@ -59,10 +59,9 @@ class Session {
 
  private:
   const Console& console_;
-  Environment formerEnvironment_;
-  MessageBoxHandler formerHandler_;
   std::vector<MessageBox> messages_;
   std::vector<std::string> failures_;
+  Surroundings surroundings_;
   Connection progress_;
   std::unique_ptr<frmTRVN> main_;
 };
