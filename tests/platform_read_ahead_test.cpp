@@ -262,7 +262,7 @@ Reports reportsOf(const std::string& store, bool enabled) {
     frmTRVN& main = session.load(viewCatalogue(), {});
     const auto report = [&] {
       std::ostringstream out;
-      writeJsonReport(out, session, main, main.loadedViews(), true);
+      writeJsonReport({session, main, main.loadedViews(), true, {}, out});
       return out.str();
     };
     reports.calls = readStatistics().calls - before;

@@ -130,20 +130,31 @@ void writeTextOutcome(std::ostream& out, const Outcome& outcome) {
 
 }  // namespace
 
-int runCheck(const CheckCommandOptions& options, const Console& console) {
-  Session session(options.store, console);
+void CheckCommand::addOptions(CLI::App& app) {
+  app.add_flag("--quick", options_.quick,
+               "Examine the structures only: links, directories, record zeros, indexes");
+  app.add_flag("--json", options_.json, "Write one JSON document");
+  app.add_option("--limit", options_.limit, "Show at most this many findings of each file")
+      ->type_name("N")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 10'000));
+  addStoreOptions(app, options_.store);
+}
+
+int CheckCommand::run(const Console& console) {
+  Session session(options_.store, console);
   session.locateStore();
-  Outcome outcome{.findings = Findings(static_cast<std::size_t>(options.limit)),
+  Outcome outcome{.findings = Findings(static_cast<std::size_t>(options_.limit)),
                   .amount = {},
-                  .quick = options.quick};
+                  .quick = options_.quick};
   StoreReader store(SystemInfo->mUNCDrive, SystemInfo->mDirectory);
   outcome.amount =
       check::checkStore(store, outcome.findings,
-                        {.quick = options.quick, .progress = [&session](std::string_view file) {
+                        {.quick = options_.quick, .progress = [&session](std::string_view file) {
                            session.showProgress("Examining " + std::string(file) + "...");
                          }});
   session.clearProgress();
-  if (options.json) {
+  if (options_.json) {
     writeJsonOutcome(console.out, outcome);
   } else {
     writeTextOutcome(console.out, outcome);

@@ -1,12 +1,25 @@
 #pragma once
 
-#include "tools/dgtool/console.h"
-#include "tools/dgtool/options.h"
+#include "tools/dgtool/command.h"
 
 namespace dg {
 
-/// `dgtool check`: examines the store's files. Returns 1 when there is damage, else 0. Raises
-/// UsageError when the store cannot be reached.
-int runCheck(const CheckCommandOptions& options, const Console& console);
+struct CheckCommandOptions {
+  StoreOptions store;
+  bool quick = false;
+  bool json = false;
+  int limit = 20;  ///< findings shown of each file
+};
+
+/// `dgtool check`: examines the store's files. Status 1 when there is damage. Raises UsageError
+/// when the store cannot be reached.
+class CheckCommand final : public Command {
+ public:
+  void addOptions(CLI::App& app) override;
+  int run(const Console& console) override;
+
+ private:
+  CheckCommandOptions options_;
+};
 
 }  // namespace dg

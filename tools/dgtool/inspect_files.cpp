@@ -121,8 +121,13 @@ void writeTextFiles(std::ostream& out, const std::vector<FileFacts>& files) {
 
 }  // namespace
 
-int inspectFiles(const InspectOptions& options, const Console& console) {
-  Session session(options.store, console);
+void InspectCommand::addOptions(CLI::App& app) {
+  app.add_flag("--json", options_.json, "Write one JSON document");
+  addStoreOptions(app, options_.store);
+}
+
+int InspectFilesCommand::run(const Console& console) {
+  Session session(options_.store, console);
   session.openEngine();
   std::vector<FileFacts> files;
   bool trouble = false;
@@ -130,7 +135,7 @@ int inspectFiles(const InspectOptions& options, const Console& console) {
     files.push_back(factsOf(name));
     trouble = trouble || !files.back().error.empty();
   }
-  if (options.json) {
+  if (options_.json) {
     writeJsonFiles(console.out, files);
   } else {
     writeTextFiles(console.out, files);

@@ -139,20 +139,34 @@ void writeTextKeys(std::ostream& out, const std::string& name, const KeyList& li
 
 }  // namespace
 
-int inspectKeys(const InspectOptions& options, const Console& console) {
-  Session session(options.store, console);
+void InspectKeysCommand::addOptions(CLI::App& app) {
+  app.add_option("NAME", options_.name, "Logical name of the index, such as CUSTI")->required();
+  auto* find = addParsed(app, "--find", options_.find, parseHex, "hexadecimal text",
+                         "Begin at this key, or the next greater one");
+  find->type_name("HEX");
+  app.add_flag("--last", options_.last, "Begin at the last entry")->excludes(find);
+  app.add_flag("--reverse", options_.reverse,
+               "Walk backwards; from the last entry when no other is named");
+  app.add_option("--limit", options_.limit, "At most this many entries")
+      ->type_name("N")
+      ->check(CLI::NonNegativeNumber);
+  InspectCommand::addOptions(app);
+}
+
+int InspectKeysCommand::run(const Console& console) {
+  Session session(options_.store, console);
   session.openEngine();
-  const auto index = openLogicalFile(options.name);
+  const auto index = openLogicalFile(options_.name);
   if (index->FileType == "L") {
-    throw UsageError(options.name + " is a file of records, not an index");
+    throw UsageError(options_.name + " is a file of records, not an index");
   }
-  const KeyList list = KeyWalk(index, options).run();
-  if (options.json) {
-    writeJsonKeys(console.out, options.name, list);
+  const KeyList list = KeyWalk(index, options_).run();
+  if (options_.json) {
+    writeJsonKeys(console.out, options_.name, list);
   } else {
-    writeTextKeys(console.out, options.name, list);
+    writeTextKeys(console.out, options_.name, list);
   }
-  if (!list.error.empty()) console.complain(options.name + ": " + list.error);
+  if (!list.error.empty()) console.complain(options_.name + ": " + list.error);
   session.complain();
   return list.error.empty() && session.messages().empty() ? 0 : 1;
 }

@@ -171,14 +171,26 @@ void writeTextRecord(std::ostream& out, const InspectOptions& options, const Rec
 
 }  // namespace
 
-int inspectRecord(const InspectOptions& options, const Console& console) {
-  Session session(options.store, console);
+void InspectRecordCommand::addOptions(CLI::App& app) {
+  app.add_option("NAME", options_.name,
+                 "Logical name of the file, such as CUSTL; FILE0 for a control block")
+      ->required();
+  app.add_option("NUMBER", options_.record, "Record number from 1; a block of FILE0 from 0")
+      ->required();
+  app.add_option("--as", options_.recordClass, "Show the members of this record class")
+      ->type_name("CLASS");
+  app.add_flag("--hex", options_.hex, "Show the bytes as well as the members");
+  InspectCommand::addOptions(app);
+}
+
+int InspectRecordCommand::run(const Console& console) {
+  Session session(options_.store, console);
   session.openEngine();
-  const RecordFacts facts = readFacts(options);
-  if (options.json) {
-    writeJsonRecord(console.out, options, facts);
+  const RecordFacts facts = readFacts(options_);
+  if (options_.json) {
+    writeJsonRecord(console.out, options_, facts);
   } else {
-    writeTextRecord(console.out, options, facts);
+    writeTextRecord(console.out, options_, facts);
   }
   if (!facts.trouble.empty()) console.complain(facts.trouble);
   session.complain();

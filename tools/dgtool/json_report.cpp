@@ -6,7 +6,6 @@
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tools/dgtool/detail_recorder.h"
-#include "tools/dgtool/report.h"
 #include "tools/dgtool/window_json.h"
 
 namespace dg {
@@ -59,8 +58,8 @@ Json compiledJson(const frmTRVN& main) {
 
 }  // namespace
 
-void writeJsonReport(std::ostream& out, const Session& session, const frmTRVN& main,
-                     const std::vector<View*>& views, bool details) {
+void writeJsonReport(const ReportInput& input) {
+  const auto& [session, main, views, details, argument, out] = input;
   Json document = {
       {"program", kProgramName}, {"version", versionText()}, {"compiled", compiledJson(main)}};
   Json& panels = document["statusBar"] = Json::array();

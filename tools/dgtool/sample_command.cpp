@@ -22,18 +22,35 @@ UsageError explained(const RunTimeError& error, const std::string& folder) {
 
 }  // namespace
 
-int runSample(const SampleCommandOptions& options, const Console& console) {
+void SampleCommand::addOptions(CLI::App& app) {
+  app.add_option("DIR", options_.folder, "Folder of the store; one that stands there is replaced")
+      ->required();
+  app.add_option("--seed", options_.seed, "The same seed gives the same store")
+      ->type_name("N")
+      ->capture_default_str();
+  app.add_option("--scale", options_.scale, "Multiplies the number of records")
+      ->type_name("N")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 1000));
+  addParsed(app, "--as-of", options_.asOf, parseMoment, "a day such as 2026-11-24",
+            "The day on which the store stands; today if not given")
+      ->type_name("DAY");
+  app.add_flag("--warranty-segments", options_.warrantySegments,
+               "Bill warranty claims segment by segment");
+}
+
+int SampleCommand::run(const Console& console) {
   const Date today(now().days());
   try {
-    writeSampleStore(options.folder, {.seed = options.seed,
-                                      .scale = options.scale,
-                                      .asOf = options.asOf.value_or(today),
-                                      .warrantySegments = options.warrantySegments});
+    writeSampleStore(options_.folder, {.seed = options_.seed,
+                                       .scale = options_.scale,
+                                       .asOf = options_.asOf.value_or(today),
+                                       .warrantySegments = options_.warrantySegments});
   } catch (const RunTimeError& error) {
-    throw explained(error, options.folder);
+    throw explained(error, options_.folder);
   }
-  console.out << "An example store stands in " << options.folder
-              << "\nTo see it: dgtool report --store " << options.folder << '\n';
+  console.out << "An example store stands in " << options_.folder
+              << "\nTo see it: dgtool report --store " << options_.folder << '\n';
   return 0;
 }
 

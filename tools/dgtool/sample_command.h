@@ -1,12 +1,30 @@
 #pragma once
 
-#include "tools/dgtool/console.h"
-#include "tools/dgtool/options.h"
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "tools/dgtool/command.h"
 
 namespace dg {
 
+struct SampleCommandOptions {
+  std::string folder;
+  std::uint64_t seed = 1;
+  int scale = 1;
+  std::optional<Date> asOf;
+  bool warrantySegments = false;
+};
+
 /// `dgtool sample`: writes an example store. Raises UsageError for a folder that holds something
 /// else, and what the writer raises.
-int runSample(const SampleCommandOptions& options, const Console& console);
+class SampleCommand final : public Command {
+ public:
+  void addOptions(CLI::App& app) override;
+  int run(const Console& console) override;
+
+ private:
+  SampleCommandOptions options_;
+};
 
 }  // namespace dg

@@ -62,15 +62,14 @@ void writeHead(std::ostream& out, const frmTRVN& main) {
 
 }  // namespace
 
-void writeTextReport(std::ostream& out, const frmTRVN& main, const std::vector<View*>& views,
-                     bool details) {
-  writeHead(out, main);
-  DetailWriter detailWriter(out);
+void writeTextReport(const ReportInput& input) {
+  writeHead(input.out, input.main);
+  DetailWriter detailWriter(input.out);
   DetailRecorder recorder(detailWriter);
-  for (View* view : views) {
-    writeTitle(out, titleOf(*view));
-    writeFormText(out, *view);
-    if (details) recorder.clickThrough(*view);
+  for (View* view : input.views) {
+    writeTitle(input.out, titleOf(*view));
+    writeFormText(input.out, *view);
+    if (input.details) recorder.clickThrough(*view);
   }
 }
 

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <ostream>
-#include <vector>
-
-#include "shell/main_window.h"
+#include "tools/dgtool/report_format.h"
 
 namespace dg {
 
 /// Writes the report for reading: who and where, the recap, then the views in load order; with
 /// `details` each view is followed by the windows that its rows open.
-void writeTextReport(std::ostream& out, const frmTRVN& main, const std::vector<View*>& views,
-                     bool details);
+void writeTextReport(const ReportInput& input);
 
 }  // namespace dg

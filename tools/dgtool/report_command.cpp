@@ -1,13 +1,10 @@
-#include "tools/dgtool/report.h"
+#include "tools/dgtool/report_command.h"
 
 #include <algorithm>
 
-#include "export/csv.h"
 #include "platform/text.h"
 #include "shell/recap_sheet.h"
-#include "tools/dgtool/json_report.h"
-#include "tools/dgtool/text_report.h"
-#include "tools/dgtool/xlsx.h"
+#include "tools/dgtool/session.h"
 
 namespace dg {
 
@@ -73,51 +70,6 @@ void click(const std::vector<View*>& views, const HeadClick& click) {
   throw UsageError("--click: the view " + click.view + " is not loaded");
 }
 
-/// The grid of --csv: a grid's name, with its view's in front where two views have one so named.
-const Grid& wantedGrid(const std::vector<View*>& views, const std::string& text) {
-  const auto dot = text.find('.');
-  const std::string viewName = dot == std::string::npos ? "" : text.substr(0, dot);
-  const std::string gridName = dot == std::string::npos ? text : text.substr(dot + 1);
-  std::vector<const Grid*> found;
-  std::string candidates;
-  std::string all;
-  for (const View* view : views) {
-    for (const auto& control : view->controls()) {
-      const auto* grid = dynamic_cast<const Grid*>(control.get());
-      if (grid == nullptr) continue;
-      const std::string full = view->name() + "." + grid->name();
-      all.append(" ").append(full);
-      if (!equalIgnoringCase(grid->name(), gridName)) continue;
-      if (!viewName.empty() && !equalIgnoringCase(view->name(), viewName)) continue;
-      found.push_back(grid);
-      candidates.append(" ").append(full);
-    }
-  }
-  if (found.empty()) throw UsageError("--csv: there is no grid " + text + "; the grids are" + all);
-  if (found.size() > 1) {
-    throw UsageError("--csv: " + text + " is ambiguous, name one of" + candidates);
-  }
-  return *found.front();
-}
-
-void writeReport(const ReportOptions& options, const Console& console, const Session& session,
-                 const frmTRVN& main, const std::vector<View*>& views) {
-  switch (options.format) {
-    case ReportFormat::kJson:
-      writeJsonReport(console.out, session, main, views, options.details);
-      break;
-    case ReportFormat::kCsv:
-      writeCsv(console.out, wantedGrid(views, options.csvGrid));
-      break;
-    case ReportFormat::kXlsx:
-      writeWorkbook(options.xlsxFile, main, views);
-      break;
-    case ReportFormat::kText:
-      writeTextReport(console.out, main, views, options.details);
-      break;
-  }
-}
-
 bool anyDataError(const frmTRVN& main) {
   const View* recap = main.view(kRecap);
   for (int index = 0; index < kRecapLabels; ++index) {
@@ -135,38 +87,84 @@ bool isComplete(const frmTRVN& main) {
 
 }  // namespace
 
-const Label* recapLabel(const View* recap, int index) {
-  if (recap == nullptr) return nullptr;
-  return dynamic_cast<const Label*>(recap->find(elementName("lblRecap", index)));
+ReportCommand::ReportCommand(const ViewCatalogue& catalogue)
+    : catalogue_(catalogue), format_(&reportFormats().front()) {}
+
+void ReportCommand::addOptions(CLI::App& app) {
+  app.add_option("--view", views_, "Load and report this view only (repeatable)")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  CLI::Option* details =
+      app.add_flag("--details", details_, "Also open the windows behind the rows (text and JSON)");
+  addFormats(app, *details);
+  app.add_flag("--refresh", refresh_, "Refresh once after the load");
+  app.add_option_function<std::vector<std::string>>(
+         "--click",
+         [this](const std::vector<std::string>& texts) {
+           for (const std::string& text : texts) {
+             const auto click = parseHeadClick(text);
+             if (!click) {
+               throw CLI::ValidationError("--click", "\"" + text + "\" is not VIEW.GRID:INDEX");
+             }
+             clicks_.push_back(*click);
+           }
+         },
+         "Click the column head with this index from 0, which sorts (repeatable, in order)")
+      ->type_name("VIEW.GRID:INDEX")
+      ->allow_extra_args(false);
+  addStoreOptions(app, store_);
 }
 
-bool isDataError(const Label& label) {
-  return label.caption() == kDataError || label.foreColor() == kRed;
-}
-
-int runReport(const ReportOptions& options, const Console& console,
-              const ViewCatalogue& catalogue) {
-  const std::vector<std::string> wanted = knownViews(options.views, catalogue);
-  if (options.format == ReportFormat::kXlsx) checkWorkbookPath(options.xlsxFile);
-
-  Session session(options.store, console);
-  frmTRVN& main = session.load(catalogue, wanted);
-  if (!session.storeReachable()) {
-    if (options.format == ReportFormat::kJson) {
-      writeJsonReport(console.out, session, main, reportedViews(main, wanted), false);
+/// Of the formats at most one is asked for.
+void ReportCommand::addFormats(CLI::App& app, CLI::Option& details) {
+  std::vector<CLI::Option*> others;
+  for (const ReportFormat& format : reportFormats()) {
+    const std::string name = format.option;
+    if (name.empty()) continue;
+    CLI::Option* option = nullptr;
+    if (*format.argument == '\0') {
+      option = app.add_flag_callback(
+          name, [this, &format] { format_ = &format; }, format.description);
+    } else {
+      option = app.add_option_function<std::string>(
+                      name,
+                      [this, &format](const std::string& text) {
+                        format_ = &format;
+                        argument_ = text;
+                      },
+                      format.description)
+                   ->type_name(format.argument);
     }
+    for (CLI::Option* other : others)
+      other->excludes(option);
+    others.push_back(option);
+    if (!format.hasDetails) details.excludes(option);
+  }
+}
+
+int ReportCommand::run(const Console& console) {
+  const std::vector<std::string> wanted = knownViews(views_, catalogue_);
+  if (format_->check != nullptr) format_->check(argument_);
+
+  Session session(store_, console);
+  frmTRVN& main = session.load(catalogue_, wanted);
+  const auto write = [&](const std::vector<View*>& views, bool details) {
+    format_->write({session, main, views, details, argument_, console.out});
+  };
+  if (!session.storeReachable()) {
+    if (format_->hasMessages) write(reportedViews(main, wanted), false);
     session.complain();
     throw UsageError("the store cannot be reached");
   }
-  if (options.refresh) session.refresh();
+  if (refresh_) session.refresh();
   const std::vector<View*> views = reportedViews(main, wanted);
   for (const std::string& name : wanted) {
     if (main.view(name) == nullptr) console.complain(name + " is not in use in this store");
   }
-  for (const HeadClick& each : options.clicks)
+  for (const HeadClick& each : clicks_)
     click(views, each);
-  writeReport(options, console, session, main, views);
-  if (options.format != ReportFormat::kJson) session.complain();
+  write(views, details_);
+  if (!format_->hasMessages) session.complain();
   return anyDataError(main) || !isComplete(main) ? 1 : 0;
 }
 

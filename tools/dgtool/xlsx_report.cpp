@@ -1,4 +1,4 @@
-#include "tools/dgtool/xlsx.h"
+#include "tools/dgtool/xlsx_report.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -79,15 +79,15 @@ void checkWorkbookPath(const std::string& file) {
   if (fs::is_directory(file, ignored)) throw UsageError("--xlsx: " + file + " is a folder");
 }
 
-void writeWorkbook(const std::string& file, const frmTRVN& main, const std::vector<View*>& views) {
+void writeXlsxReport(const ReportInput& input) {
   try {
-    Workbook book(file);
+    Workbook book(input.argument);
     book.setTitle(std::string(kProgramName) + " - " +
-                  std::string(trim(main.lblStoreName.caption())));
-    for (const View* view : views) {
+                  std::string(trim(input.main.lblStoreName.caption())));
+    for (const View* view : input.views) {
       if (view->name() == "frmRecap") writeLabelSheet(book, *view);
     }
-    for (const View* view : views)
+    for (const View* view : input.views)
       writeViewSheets(book, *view);
     book.save();
   } catch (const ExportError& error) {
