@@ -11,7 +11,9 @@
 #include "export/printable.h"
 #include "export/sheet_name.h"
 #include "platform/clock.h"
+#include "platform/scratch_file.h"
 #include "platform/text.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 
@@ -65,9 +67,8 @@ lxw_col_t toColumn(std::size_t column) {
 /// The file, the sheet that is being filled, and the formats in use.
 class Workbook::Writer {
  public:
-  explicit Writer(const std::filesystem::path& file)
-      : file_(file.string()), book_(workbook_new(file_.c_str())) {
-    if (book_ == nullptr) throw ExportError("cannot write " + file_);
+  Writer() : book_(workbook_new(file_.path().c_str())) {
+    if (book_ == nullptr) throw ExportError("there is no room for a workbook");
     header_ = workbook_add_format(book_);
     format_set_bold(header_);
     format_set_bottom(header_, LXW_BORDER_THIN);
@@ -102,7 +103,7 @@ class Workbook::Writer {
   void addSheet(const std::string& title) {
     const std::string name = utf8FromBytes(sheetName(title, names_));
     sheet_ = workbook_add_worksheet(book_, name.c_str());
-    if (sheet_ == nullptr) throw ExportError("cannot add a sheet to " + file_);
+    if (sheet_ == nullptr) throw ExportError("cannot add a sheet to the workbook");
   }
 
   void writeText(std::size_t row, std::size_t column, std::string_view bytes, lxw_format* format) {
@@ -122,19 +123,20 @@ class Workbook::Writer {
   void writeColumn(const Grid& grid, std::span<const int> rows, int index, std::size_t captionRow,
                    std::size_t at);
 
-  void close() {
+  std::string finish() {
     // The writer frees the workbook whether it succeeds or not.
     const lxw_error error = workbook_close(std::exchange(book_, nullptr));
     if (error != LXW_NO_ERROR) {
-      throw ExportError("cannot write " + file_ + ": " + lxw_strerror(error));
+      throw ExportError(std::string("cannot make the workbook: ") + lxw_strerror(error));
     }
+    return file_.content();
   }
 
  private:
   void writeCell(std::size_t row, std::size_t column, const std::string& text, ColumnKind kind,
                  lxw_format* numberFormat);
 
-  std::string file_;
+  ScratchFile file_;
   lxw_workbook* book_;
   lxw_worksheet* sheet_ = nullptr;
   lxw_format* header_;
@@ -190,8 +192,13 @@ void Workbook::Writer::writeCell(std::size_t row, std::size_t column, const std:
   writeText(row, column, text, nullptr);
 }
 
-Workbook::Workbook(const std::filesystem::path& file)
-    : replacement_(file), writer_(std::make_unique<Writer>(replacement_.temporary())) {}
+Workbook::Workbook() {
+  try {
+    writer_ = std::make_unique<Writer>();
+  } catch (const RunTimeError& error) {
+    throw ExportError("there is no room for a workbook: " + error.description());
+  }
+}
 
 Workbook::~Workbook() = default;
 
@@ -248,9 +255,12 @@ void Workbook::fitColumn(std::size_t column, std::size_t characters) {
   writer_->fitColumn(column, characters);
 }
 
-void Workbook::save() {
-  writer_->close();
-  replacement_.commit();
+std::string Workbook::finish() {
+  try {
+    return writer_->finish();
+  } catch (const RunTimeError& error) {
+    throw ExportError("cannot make the workbook: " + error.description());
+  }
 }
 
 }  // namespace dg

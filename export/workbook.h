@@ -1,12 +1,11 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "export/replacement.h"
+#include "export/export_file.h"
 #include "forms/grid.h"
 
 namespace dg {
@@ -15,11 +14,10 @@ namespace dg {
 enum class CellLook { kPlain, kBold, kFailure };
 
 /// An Excel workbook in the making. Titles and texts are bytes of the code page; rows and columns
-/// count from 0. The file takes its place when it is saved and complete; the former one stays when
-/// it never is. All operations raise ExportError.
+/// count from 0. All operations raise ExportError.
 class Workbook {
  public:
-  explicit Workbook(const std::filesystem::path& file);
+  Workbook();
   ~Workbook();
   Workbook(const Workbook&) = delete;
   Workbook& operator=(const Workbook&) = delete;
@@ -39,12 +37,12 @@ class Workbook {
   /// Makes a column as wide as a text of this length, within bounds.
   void fitColumn(std::size_t column, std::size_t characters);
 
-  void save();
+  /// The finished file's bytes; nothing can be added any more.
+  std::string finish();
 
  private:
   class Writer;
 
-  Replacement replacement_;
   std::unique_ptr<Writer> writer_;
 };
 

@@ -6,7 +6,7 @@ namespace dg {
 
 class Workbook::Writer {};
 
-Workbook::Workbook(const std::filesystem::path& file) : replacement_(file) {
+Workbook::Workbook() {
   throw ExportError("this build writes no workbooks");
 }
 
@@ -18,6 +18,8 @@ void Workbook::addSheet(const std::string&) {}
 void Workbook::text(std::size_t, std::size_t, std::string_view, CellLook) {}
 void Workbook::number(std::size_t, std::size_t, double, const std::string&) {}
 void Workbook::fitColumn(std::size_t, std::size_t) {}
-void Workbook::save() {}
+std::string Workbook::finish() {
+  return {};
+}
 
 }  // namespace dg

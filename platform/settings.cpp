@@ -41,7 +41,8 @@ void SaveSetting(const std::string& application, const std::string& section, con
     if (error.number() != kFileNotFound && error.number() != kPathNotFound) throw;
   }
   makeFoldersOf(file);
-  replaceFile(file, withIniValue(content, section, key, value), NewFileMode::kPrivate);
+  replaceFile(pathFromBytes(file), withIniValue(content, section, key, value),
+              NewFileMode::kPrivate);
 }
 
 }  // namespace dg

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -23,8 +24,8 @@ class TextReader {
 };
 
 /// Appends to a local text file, creating it when missing; opened and closed in this one call.
-/// `path` is the program's own, with backslashes; a share's is refused outside Windows. Raises 57,
-/// 61, 70, 75 or 76.
+/// `path` is the program's own, with backslashes; one on the share is refused, and so is a link,
+/// which might lead anywhere. Raises 57, 61, 70, 75 or 76.
 void appendText(const std::string& path, std::string_view text);
 
 /// The whole of a local or shared file. Raises as TextReader.
@@ -34,10 +35,19 @@ std::string readWholeFile(const std::string& path);
 /// user.
 enum class NewFileMode { kDefault, kPrivate };
 
+/// Whether replaceFile may write there, asked before long work: raises 70 for a file that is
+/// protected, or that lies on the share; 75 for a folder, a device or a pipe; 76 when there is no
+/// such folder.
+void checkReplaceable(const std::filesystem::path& file);
+
 /// Replaces a local file in one step: a reader sees the old content or the new one, and a failure
-/// leaves the old one. A file that exists keeps its mode, a link to it stays one. `nativeFile` is a
-/// path of the platform's. Raises 57, 61, 70, 75 or 76.
-void replaceFile(const std::string& nativeFile, std::string_view content,
+/// or an interruption leaves the old one and nothing beside it. A file that exists keeps its mode,
+/// a link to it stays one. Raises 57, 61, 70, 75 or 76. Whatever this program writes for its user
+/// goes through here.
+void replaceFile(const std::filesystem::path& file, std::string_view content,
                  NewFileMode mode = NewFileMode::kDefault);
+
+/// A path that was given as bytes of the platform: a command line's, an environment variable's.
+std::filesystem::path pathFromBytes(const std::string& bytes);
 
 }  // namespace dg

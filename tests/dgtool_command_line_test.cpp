@@ -58,7 +58,7 @@ TEST(DgtoolCommandLineTest, AWrongCommandLineIsToldAndHasItsOwnStatus) {
       {{"report", "--csv", "grdGLCash"},
        "ambiguous, name one of frmGLA.grdGLCash frmGLL.grdGLCash"},
       {{"report", "--csv", "grdNope"}, "no grid grdNope"},
-      {{"report", "--xlsx", "/no/such/folder/x.xlsx"}, "there is no folder"},
+      {{"report", "--xlsx", "/no/such/folder/x.xlsx"}, "there is no such folder"},
       {{"report", "--click", "grdGLCash:1"}, "VIEW.GRID:INDEX"},
       {{"report", "--click", "frmGLA.grdGLCash:x"}, "VIEW.GRID:INDEX"},
       {{"report", "--click", "frmNope.grdGLCash:1"}, "frmNope is not loaded"},
@@ -77,6 +77,9 @@ TEST(DgtoolCommandLineTest, AWrongCommandLineIsToldAndHasItsOwnStatus) {
       {{"inspect", "record", "FILE0", "580"}, "0 to 579"},
       {{"sample"}, "DIR"},
       {{"sample", "/tmp/x", "--scale", "0"}, "--scale"},
+      {{"sample", "/tmp/x", "--seed", "-1"}, "--seed"},
+      {{"sample", "/tmp/x", "--seed", "18446744073709551616"}, "--seed"},
+      {{"report", "--store", ""}, "--store"},
       {{"sample", DG_SOURCE_DIR "/README.md"}, "README.md"},
   };
   for (const auto& each : kCases) {

@@ -103,7 +103,7 @@ TEST(DgtoolXlsxTest, AWorkbookThatCannotBeWrittenLeavesTheFormerOne) {
   DgtoolRun tool;
   std::filesystem::create_directory(tool.store.folder.file("book.xlsx"));
   EXPECT_EQ(tool.run({"report", "--xlsx", tool.store.folder.file("book.xlsx")}), 2);
-  EXPECT_NE(tool.err.find("is a folder"), std::string::npos) << tool.err;
+  EXPECT_NE(tool.err.find("it is a folder"), std::string::npos) << tool.err;
 }
 
 }  // namespace

@@ -91,6 +91,10 @@ TEST(AppendText, FailsWhereThereIsNoPlaceForTheFile) {
   EXPECT_EQ(append(folder.path().string()), 75);
   EXPECT_EQ(append(folder.file("pipe")), 75);
   EXPECT_EQ(append(folder.path().string() + "\\nul\0"s), 76);
+  fs::create_symlink("root/srv/VLMRLNK/lnk/FILE0", folder.file("link"));
+  EXPECT_EQ(append(folder.file("link")), 75) << "a link might lead anywhere";
+  fs::create_directory_symlink("root/srv/VLMRLNK/lnk", folder.file("folder"));
+  EXPECT_EQ(append(folder.file("folder/dgoperation.log")), 70) << "the share by another way";
   EXPECT_EQ(append("\\\\srv\\VLMRLNK\\lnk\\FILE0"), 70);
   EXPECT_EQ(append("\\\\srv\\VLMRLNK\\new"), 70);
   EXPECT_EQ(folder.read("root/srv/VLMRLNK/lnk/FILE0"), "kept");
@@ -118,9 +122,13 @@ TEST(ReplaceFile, KeepsModesAndLinks) {
   EXPECT_EQ(modeOf("private"), fs::perms(0640));
 
   fs::create_symlink("private", folder.file("link"));
+  fs::create_symlink("not there yet", folder.file("early"));
   replaceFile(folder.file("link"), "z");
+  replaceFile(folder.file("early"), "there now");
   EXPECT_TRUE(fs::is_symlink(folder.file("link")));
   EXPECT_EQ(folder.read("private"), "z");
+  EXPECT_TRUE(fs::is_symlink(folder.file("early")));
+  EXPECT_EQ(folder.read("not there yet"), "there now");
 }
 
 TEST(ReplaceFile, SeizesNoTemporaryFileOfAnotherRun) {
@@ -167,6 +175,12 @@ TEST(ReplaceFile, AFailureLeavesTheOldContentAndNoTrace) {
     return errorNumber([&] { replaceFile(folder.file(name), "new"); });
   };
   EXPECT_EQ(replace("folder"), 75);
+  ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(replace("pipe"), 75);
+  fs::remove(folder.file("pipe"));
+  const EnvironmentScope environmentScope;
+  environment().shareRoot = folder.file("folder");
+  EXPECT_EQ(replace("folder/inner"), 70) << "nothing is written on the share";
   EXPECT_EQ(replace("missing/target"), 76);
   EXPECT_EQ(replace("target/below"), 76);
   EXPECT_EQ(folder.names(), (std::vector<std::string>{"folder", "target"}));

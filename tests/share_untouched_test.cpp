@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -7,7 +8,9 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 #include "tests/support/full_run.h"
 #include "tests/support/temporary_folder.h"
@@ -85,6 +88,37 @@ TEST_F(ShareUntouchedTest, MissingFilesAreNotCreated) {
   const auto withoutLinks = listing(share());
   EXPECT_TRUE(this->run().faults.empty());
   EXPECT_EQ(listing(share()), withoutLinks);
+}
+
+/// Data files are opened for writing, as the suite does, and would take the place of a standard
+/// stream that is closed: what is printed would stand in them.
+TEST_F(ShareUntouchedTest, ClosedStandardStreamsDoNotLeadIntoAFile) {
+  const auto before = listing(share());
+  const std::string place = " --store '" + store_ + "' --no-log";
+  const std::string commands[] = {
+      "report" + place,
+      "report --json --details" + place,
+      "report --xlsx '" + folder_.file("book.xlsx") + "'" + place,
+      "inspect files" + place,
+      "inspect keys CUSTI" + place,
+      "inspect record CUSTL 1" + place,
+      "check" + place,
+      "sample '" + folder_.file("other") + "'",
+      "report --view frmNope" + place,
+  };
+  for (const std::string& command : commands) {
+    for (const char* closed : {"<&-", ">&-", "2>&-", "<&- >&- 2>&-"}) {
+      // What is left open leads nowhere.
+      const std::string line = "exec </dev/null >/dev/null 2>/dev/null; '" DG_DGTOOL "' " + command;
+      const int status = std::system((line + " " + closed).c_str());
+      ASSERT_TRUE(WIFEXITED(status)) << command << closed;
+      const bool printsNothing = command.starts_with("report --xlsx");
+      if (std::string_view(closed).starts_with(">&-") && !printsNothing) {
+        EXPECT_EQ(WEXITSTATUS(status), 2) << command << ": the answer went nowhere";
+      }
+      ASSERT_EQ(listing(share()), before) << command << closed;
+    }
+  }
 }
 
 /// Who may write everywhere still leaves write-protected files alone.

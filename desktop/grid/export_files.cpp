@@ -6,6 +6,7 @@
 
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/user_settings.h"
+#include "export/export_file.h"
 
 namespace dg {
 
@@ -30,6 +31,16 @@ QString askForExportFile(QWidget* parent, const QString& title, const QString& s
   dialog.setDefaultSuffix(suffix);
   dialog.selectFile(fileName(title) + u'.' + suffix);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool writeFile(const QString& file, const QByteArray& content) {
+  try {
+    writeExport(std::filesystem::path(file.toStdU16String()),
+                {content.data(), static_cast<std::size_t>(content.size())});
+  } catch (const ExportError&) {
+    return false;
+  }
+  return true;
 }
 
 bool exported(QWidget* parent, const QString& file, bool written, const QString& problem) {

@@ -1,13 +1,14 @@
 #include "desktop/print/printing.h"
 
+#include <QBuffer>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QSaveFile>
 
+#include "desktop/grid/export_files.h"
 #include "desktop/print/print_layout.h"
 #include "desktop/window/user_settings.h"
 
@@ -73,17 +74,17 @@ void previewDocument(const PrintDocument& document, QWidget* parent) {
 }
 
 bool writePdf(const PrintDocument& document, const QString& file) {
-  QSaveFile target(file);
-  if (!target.open(QIODevice::WriteOnly)) return false;
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
   {
-    QPdfWriter writer(&target);
+    QPdfWriter writer(&bytes);
     writer.setResolution(kPdfResolution);
     writer.setTitle(document.title);
     writer.setCreator(QStringLiteral("Dealer Gauge 2"));
     setUpPages(document, writer);
     drawDocument(document, writer);
   }
-  return target.commit();
+  return writeFile(file, bytes.data());
 }
 
 }  // namespace dg

@@ -1,10 +1,10 @@
 #include "desktop/recap/charts_page.h"
 
+#include <QBuffer>
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QSaveFile>
 #include <QScrollArea>
 #include <QStyle>
 #include <QToolButton>
@@ -160,8 +160,9 @@ void ChartsPage::askAndSave(const BarChart* chart) {
 }
 
 bool savePng(const QImage& picture, const QString& file) {
-  QSaveFile target(file);
-  return target.open(QIODevice::WriteOnly) && picture.save(&target, "PNG") && target.commit();
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  return picture.save(&bytes, "PNG") && writeFile(file, bytes.data());
 }
 
 }  // namespace dg

@@ -9,6 +9,7 @@
 #include "desktop/window/resources.h"
 #include "desktop/window/theme.h"
 #include "platform/environment.h"
+#include "platform/standard_streams.h"
 #include "shell/surroundings.h"
 #include "tools/sample/sample_store.h"
 
@@ -19,6 +20,7 @@ constexpr int kPointSize = 10;
 }  // namespace
 
 int main(int argc, char** argv) {
+  dg::openStandardStreams();
   if (argc != 3 && argc != 4) {
     std::fputs("usage: desktop_shots FOLDER light|dark [STORE]\n", stderr);
     return 2;

@@ -8,12 +8,23 @@
 
 namespace dg {
 
+namespace {
+
+/// A file never stands where standard input, output or error would: what is printed would go into
+/// it. Programs open those at their start; a library that closes one must do no harm either.
+Descriptor aboveStandardStreams(Descriptor opened) {
+  if (!opened.isOpen() || opened.get() > STDERR_FILENO) return opened;
+  return Descriptor(::fcntl(opened.get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}
+
+}  // namespace
+
 Descriptor openDescriptor(const char* path, int flags, unsigned mode) {
   int descriptor = -1;
   do {
     descriptor = ::open(path, flags | O_CLOEXEC | O_NOCTTY, mode);
   } while (descriptor < 0 && errno == EINTR);
-  return Descriptor(descriptor);
+  return aboveStandardStreams(Descriptor(descriptor));
 }
 
 void writeFully(int descriptor, std::string_view data) {

@@ -30,7 +30,8 @@ class Descriptor {
   int value_;
 };
 
-/// Opens with `flags` as open(2) does, closed in child processes, again after an interruption.
+/// Opens with `flags` as open(2) does, closed in child processes, again after an interruption, and
+/// never as one of the standard streams.
 /// The descriptor is not open when that fails; errno tells why.
 Descriptor openDescriptor(const char* path, int flags, unsigned mode = 0);
 

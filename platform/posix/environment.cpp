@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "platform/file.h"
+#include "platform/posix/native_path.h"
 #include "platform/system_environment.h"
 
 namespace dg {
@@ -57,7 +58,9 @@ Environment environmentFromSystem() {
 }
 
 bool shareIsReachable(const std::string& root) {
-  return fileSystem().directoryExists(root);
+  const bool found = fileSystem().directoryExists(root);
+  if (found) noteShare(root);
+  return found;
 }
 
 }  // namespace dg

@@ -5,6 +5,7 @@
 #include <dirent.h>
 #include <memory>
 #include <optional>
+#include <set>
 #include <sys/stat.h>
 #include <unordered_map>
 #include <vector>
@@ -152,6 +153,12 @@ std::string shareFolder(const std::string& native, const std::string& root) {
   return native.substr(0, share);
 }
 
+/// The shares that were found to be reachable.
+std::set<std::string>& metShares() {
+  static std::set<std::string> shares;
+  return shares;
+}
+
 }  // namespace
 
 std::optional<std::string> nativePath(const std::string& path) {
@@ -185,6 +192,25 @@ Location locate(const std::string& path) {
     return {.native = {}, .error = kPermissionDenied};
   }
   return {.native = std::move(*real), .type = S_ISLNK(entry->mode) ? 0 : entry->mode & S_IFMT};
+}
+
+bool liesOnShare(const std::string& native) {
+  const std::size_t end = native.rfind('/');
+  const std::string folder = end == std::string::npos ? "." : native.substr(0, end + 1);
+  const std::optional<std::string> real = realPath(folder);
+  if (!real) return false;
+  const std::string& root = environment().shareRoot;
+  // Servers may stand side by side with all else, at the very top: then a share counts once it has
+  // been met.
+  const std::optional<std::string> realRoot = root.empty() ? std::nullopt : realPath(root);
+  if (realRoot && *realRoot != "/" && liesBelow(*real, realRoot)) return true;
+  return std::ranges::any_of(
+      metShares(), [&](const std::string& share) { return liesBelow(*real, realPath(share)); });
+}
+
+void noteShare(const std::string& root) {
+  std::optional<std::string> native = nativePath(root);
+  if (native) metShares().insert(std::move(*native));
 }
 
 void keepPlaces(bool keep) {

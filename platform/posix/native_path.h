@@ -16,4 +16,10 @@ struct Location {
 /// folder nor below the share root.
 Location locate(const std::string& path);
 
+/// Whether a native path, there or not, lies on the share by where its folder really is: below the
+/// share root, or in a share that was found to be reachable. Nothing of ours is written there.
+bool liesOnShare(const std::string& native);
+/// Notes the root of a share that was found to be reachable, in the program's own form.
+void noteShare(const std::string& root);
+
 }  // namespace dg

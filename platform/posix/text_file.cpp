@@ -1,15 +1,17 @@
 #include "platform/text_file.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
+#include <filesystem>
 #include <optional>
 #include <sys/stat.h>
+#include <system_error>
 
 #include "platform/environment.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/native_path.h"
 #include "platform/posix/system_error.h"
 #include "platform/share_path.h"
 #include "platform/values/run_time_error.h"
@@ -60,12 +62,59 @@ class TemporaryFile {
   Descriptor descriptor_;
 };
 
-/// The file behind a link, so that replacing keeps the link; the path itself when there is none.
-std::string behindLinks(const std::string& native) {
-  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(native.c_str(), nullptr),
-                                                         &std::free);
-  return real ? std::string(real.get()) : native;
+/// What replacing must know of its target.
+struct Target {
+  std::string path;  ///< behind links, so that they stay
+  bool isThere = false;
+  mode_t mode = 0;
+};
+
+/// The path behind links, of which the last may lead to what is not there yet.
+std::string behindLinks(std::string native) {
+  constexpr int kMostLinks = 40;
+  for (int i = 0; i < kMostLinks; ++i) {
+    std::error_code error;
+    const std::filesystem::path next = std::filesystem::read_symlink(native, error);
+    if (error) break;
+    native = (std::filesystem::path(native).parent_path() / next).string();
+  }
+  return native;
 }
+
+Target targetOf(const std::string& native) {
+  Target target{.path = behindLinks(native)};
+  struct stat status = {};
+  target.isThere = ::stat(target.path.c_str(), &status) == 0;
+  target.mode = status.st_mode;
+  const std::size_t end = target.path.rfind('/');
+  const std::string folder = end == std::string::npos ? "." : target.path.substr(0, end + 1);
+  if (target.isThere && !S_ISREG(target.mode)) throw RunTimeError(kPathFileAccess);
+  if (::stat(folder.c_str(), &status) != 0) throw RunTimeError(creationErrorNumber(errno));
+  if (!S_ISDIR(status.st_mode)) throw RunTimeError(kPathNotFound);
+  // A rename asks the folder only; a file that its owner protected stays as it is.
+  const bool isProtected = target.isThere && ::access(target.path.c_str(), W_OK) != 0;
+  if (isProtected || liesOnShare(target.path)) throw RunTimeError(kPermissionDenied);
+  return target;
+}
+
+/// Holds back the signals that end a program while a file beside its target exists.
+class SignalsHeldBack {
+ public:
+  SignalsHeldBack() {
+    sigset_t ending;
+    ::sigemptyset(&ending);
+    constexpr int kEnding[] = {SIGHUP, SIGINT, SIGTERM};
+    for (const int signal : kEnding)
+      ::sigaddset(&ending, signal);
+    ::pthread_sigmask(SIG_BLOCK, &ending, &former_);
+  }
+  ~SignalsHeldBack() { ::pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
+  SignalsHeldBack(const SignalsHeldBack&) = delete;
+  SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+
+ private:
+  sigset_t former_ = {};
+};
 
 void syncDirectoryOf(const std::string& native) {
   const std::size_t end = native.rfind('/');
@@ -79,38 +128,41 @@ void syncDirectoryOf(const std::string& native) {
 }  // namespace
 
 void appendText(const std::string& path, std::string_view text) {
-  // Nothing is ever written on a share.
   if (isSharePath(path)) throw RunTimeError(kPermissionDenied);
   const std::optional<std::string> native = nativePath(path);
   if (!native) throw RunTimeError(kPathNotFound);
 
   // Asked before the open, which would wait for ever for the other end of a pipe.
   struct stat status = {};
-  if (::stat(native->c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
+  if (::lstat(native->c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
       !S_ISCHR(status.st_mode)) {
     throw RunTimeError(kPathFileAccess);
   }
+  if (liesOnShare(*native)) throw RunTimeError(kPermissionDenied);
   const Descriptor descriptor =
-      openDescriptor(native->c_str(), O_WRONLY | O_APPEND | O_CREAT, 0666);
+      openDescriptor(native->c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW, 0666);
   if (!descriptor.isOpen()) throw RunTimeError(creationErrorNumber(errno));
   writeFully(descriptor.get(), text);
 }
 
-void replaceFile(const std::string& nativeFile, std::string_view content, NewFileMode mode) {
-  const std::string target = behindLinks(nativeFile);
-  struct stat old = {};
-  const bool isThere = ::stat(target.c_str(), &old) == 0;
-  if (isThere && !S_ISREG(old.st_mode)) throw RunTimeError(kPathFileAccess);
-  // A rename asks the folder only; a file that its owner protected stays as it is.
-  if (isThere && ::access(target.c_str(), W_OK) != 0) throw RunTimeError(kPermissionDenied);
+void checkReplaceable(const std::filesystem::path& file) {
+  static_cast<void>(targetOf(file.string()));
+}
 
-  TemporaryFile temporary(target, mode == NewFileMode::kPrivate ? 0600 : 0666);
+void replaceFile(const std::filesystem::path& file, std::string_view content, NewFileMode mode) {
+  const Target target = targetOf(file.string());
+  const SignalsHeldBack whole;
+  TemporaryFile temporary(target.path, mode == NewFileMode::kPrivate ? 0600 : 0666);
   writeFully(temporary.descriptor(), content);
-  if (isThere && ::fchmod(temporary.descriptor(), old.st_mode & 0777) != 0) {
+  if (target.isThere && ::fchmod(temporary.descriptor(), target.mode & 0777) != 0) {
     throw RunTimeError(kPermissionDenied);
   }
-  temporary.replace(target);
-  syncDirectoryOf(target);
+  temporary.replace(target.path);
+  syncDirectoryOf(target.path);
+}
+
+std::filesystem::path pathFromBytes(const std::string& bytes) {
+  return bytes;
 }
 
 }  // namespace dg

@@ -7,6 +7,7 @@
 
 #include "platform/file.h"
 #include "platform/system_environment.h"
+#include "platform/windows/share_guard.h"
 
 namespace dg {
 
@@ -54,7 +55,9 @@ Environment environmentFromSystem() {
   return found;
 }
 
-bool shareIsReachable(const std::string& root) {
+namespace {
+
+bool answers(const std::string& root) {
   if (!nativePath(root)) return false;
   // The system knows nothing of a share that a folder stands in for.
   if (!environment().shareRoot.empty()) return fileSystem().directoryExists(root);
@@ -70,6 +73,14 @@ bool shareIsReachable(const std::string& root) {
   }
   // Some servers tell nothing of the volume behind a share that can be read all the same.
   return fileSystem().directoryExists(root);
+}
+
+}  // namespace
+
+bool shareIsReachable(const std::string& root) {
+  const bool found = answers(root);
+  if (found) noteShare(root);
+  return found;
 }
 
 }  // namespace dg

@@ -1,11 +1,15 @@
 #include "platform/text_file.h"
 
+#include <filesystem>
 #include <optional>
+#include <string>
+#include <system_error>
 #include <windows.h>
 
 #include "platform/environment.h"
 #include "platform/values/run_time_error.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/share_guard.h"
 #include "platform/windows/system_error.h"
 
 namespace dg {
@@ -22,13 +26,14 @@ int creationErrorNumber(DWORD error) {
 /// A new file beside another, removed again unless it has taken the other's place.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::string& target) {
+  explicit TemporaryFile(const std::filesystem::path& target) {
     DWORD error = ERROR_FILE_EXISTS;
     // A name that is in use belongs to another run; only a handful can be.
     for (int attempt = 0; attempt < 100 && error == ERROR_FILE_EXISTS; ++attempt) {
-      name_ = target + "." + std::to_string(::GetCurrentProcessId()) + "-" +
-              std::to_string(attempt) + ".tmp";
-      file_ = Handle(::CreateFileA(name_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+      name_ = target;
+      name_ +=
+          "." + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(attempt) + ".tmp";
+      file_ = Handle(::CreateFileW(name_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
       error = file_.isOpen() ? ERROR_SUCCESS : ::GetLastError();
     }
@@ -36,7 +41,7 @@ class TemporaryFile {
   }
   ~TemporaryFile() {
     file_.close();
-    if (!name_.empty()) ::DeleteFileA(name_.c_str());
+    if (!name_.empty()) ::DeleteFileW(name_.c_str());
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -44,12 +49,12 @@ class TemporaryFile {
   HANDLE handle() const { return file_.get(); }
 
   /// Puts the file in the target's place once its bytes are on the disk.
-  void replace(const std::string& target) {
+  void replace(const std::filesystem::path& target) {
     if (!::FlushFileBuffers(file_.get())) {
       throw RunTimeError(transferErrorNumber(::GetLastError()));
     }
     file_.close();
-    if (!::MoveFileExA(name_.c_str(), target.c_str(),
+    if (!::MoveFileExW(name_.c_str(), target.c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
       throw RunTimeError(creationErrorNumber(::GetLastError()));
     }
@@ -57,31 +62,70 @@ class TemporaryFile {
   }
 
  private:
-  std::string name_;
+  std::filesystem::path name_;
   Handle file_;
 };
+
+/// What a path leads to, behind links; the path itself when nothing is there.
+std::filesystem::path behindLinks(const std::filesystem::path& file) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(file, error);
+  return error ? file : real;
+}
 
 }  // namespace
 
 void appendText(const std::string& path, std::string_view text) {
   const std::optional<std::string> native = nativePath(path);
   if (!native) throw RunTimeError(kPathNotFound);
-  const Handle file(::CreateFileA(native->c_str(), FILE_APPEND_DATA, kShareAll, nullptr,
-                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (liesOnShare(pathFromBytes(*native))) throw RunTimeError(kPermissionDenied);
+  // A link is opened itself, and refused: it might lead anywhere.
+  const Handle file(::CreateFileA(native->c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES,
+                                  kShareAll, nullptr, OPEN_ALWAYS,
+                                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   if (!file.isOpen()) throw RunTimeError(creationErrorNumber(::GetLastError()));
+  BY_HANDLE_FILE_INFORMATION facts = {};
+  if (::GetFileInformationByHandle(file.get(), &facts) &&
+      (facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+    throw RunTimeError(kPathFileAccess);
+  }
   writeFully(file.get(), text);
 }
 
-void replaceFile(const std::string& nativeFile, std::string_view content, NewFileMode /*mode*/) {
-  // A user's folders are the user's own here, and new files in them with them.
-  const DWORD attributes = ::GetFileAttributesA(nativeFile.c_str());
+void checkReplaceable(const std::filesystem::path& file) {
+  const std::filesystem::path target = behindLinks(file);
+  const DWORD attributes = ::GetFileAttributesW(target.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES) {
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw RunTimeError(kPathFileAccess);
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw RunTimeError(kPermissionDenied);
+    const Handle open(::CreateFileW(target.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (open.isOpen() && ::GetFileType(open.get()) != FILE_TYPE_DISK) {
+      throw RunTimeError(kPathFileAccess);
+    }
   }
-  TemporaryFile temporary(nativeFile);
+  std::error_code ignored;
+  const std::filesystem::path folder = std::filesystem::absolute(target, ignored).parent_path();
+  if (!std::filesystem::is_directory(folder, ignored)) throw RunTimeError(kPathNotFound);
+  if (liesOnShare(target)) throw RunTimeError(kPermissionDenied);
+}
+
+void replaceFile(const std::filesystem::path& file, std::string_view content,
+                 NewFileMode /*mode*/) {
+  // A user's folders are the user's own here, and new files in them with them.
+  checkReplaceable(file);
+  const std::filesystem::path target = behindLinks(file);
+  TemporaryFile temporary(target);
   writeFully(temporary.handle(), content);
-  temporary.replace(nativeFile);
+  temporary.replace(target);
+}
+
+std::filesystem::path pathFromBytes(const std::string& bytes) {
+  std::wstring wide(bytes.size(), L'\0');
+  const int length = ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                           wide.data(), static_cast<int>(wide.size()));
+  wide.resize(static_cast<std::size_t>(length));
+  return wide;
 }
 
 }  // namespace dg

@@ -49,6 +49,14 @@ std::optional<HeadClick> parseHeadClick(const std::string& text) {
   return click;
 }
 
+std::optional<std::uint64_t> parseSeed(const std::string& text) {
+  std::uint64_t seed = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, seed);
+  if (error != std::errc() || stop != end) return std::nullopt;
+  return seed;
+}
+
 std::optional<std::string> parseHex(const std::string& text) {
   std::string bytes;
   for (std::size_t i = 0; i < text.size();) {

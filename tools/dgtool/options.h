@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -31,6 +32,9 @@ std::optional<Date> parseMoment(const std::string& text);
 
 /// The parts of "VIEW.GRID:INDEX", or nothing.
 std::optional<HeadClick> parseHeadClick(const std::string& text);
+
+/// A whole number from 0 to the largest of 64 bits, in digits; nothing when the text is none.
+std::optional<std::uint64_t> parseSeed(const std::string& text);
 
 /// The bytes of hexadecimal text, blanks between bytes allowed; nothing when it is none.
 std::optional<std::string> parseHex(const std::string& text);

@@ -25,9 +25,10 @@ UsageError explained(const RunTimeError& error, const std::string& folder) {
 void SampleCommand::addOptions(CLI::App& app) {
   app.add_option("DIR", options_.folder, "Folder of the store; one that stands there is replaced")
       ->required();
-  app.add_option("--seed", options_.seed, "The same seed gives the same store")
+  addParsed(app, "--seed", options_.seed, parseSeed, "a whole number from 0 on",
+            "The same seed gives the same store")
       ->type_name("N")
-      ->capture_default_str();
+      ->default_str("1");
   app.add_option("--scale", options_.scale, "Multiplies the number of records")
       ->type_name("N")
       ->capture_default_str()

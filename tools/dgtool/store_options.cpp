@@ -5,7 +5,12 @@ namespace dg {
 void addStoreOptions(CLI::App& app, StoreOptions& store) {
   const auto text = [&](const char* name, std::string& target, const char* type,
                         const char* description) {
-    app.add_option(name, target, description)->type_name(type)->group("Store");
+    app.add_option(name, target, description)
+        ->type_name(type)
+        ->group("Store")
+        ->check([](const std::string& value) {
+          return value.empty() ? std::string("must not be empty") : std::string();
+        });
   };
   text("--store", store.store, "DIR", "An example store: names share, temp and settings at once");
   text("--temp", store.temp, "DIR", "Folder of cQTCatalog.ini and of the operation log");

@@ -1,13 +1,13 @@
 #include "tools/dgtool/xlsx_report.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include "export/csv.h"
 #include "export/number_look.h"
 #include "export/workbook.h"
 #include "platform/text.h"
+#include "platform/text_file.h"
 #include "shell/splash.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/form_bands.h"
@@ -15,8 +15,6 @@
 namespace dg {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 /// A label where it stands, a figure as a number.
 void writeLabel(Workbook& book, const Label& label, std::size_t row, std::size_t column) {
@@ -71,17 +69,16 @@ void writeViewSheets(Workbook& book, const View& view) {
 }  // namespace
 
 void checkWorkbookPath(const std::string& file) {
-  std::error_code ignored;
-  const fs::path parent = fs::absolute(file, ignored).parent_path();
-  if (!fs::is_directory(parent, ignored)) {
-    throw UsageError("--xlsx: there is no folder " + parent.string());
+  try {
+    checkExportPath(pathFromBytes(file));
+  } catch (const ExportError& error) {
+    throw UsageError(std::string("--xlsx: ") + error.what());
   }
-  if (fs::is_directory(file, ignored)) throw UsageError("--xlsx: " + file + " is a folder");
 }
 
 void writeXlsxReport(const ReportInput& input) {
   try {
-    Workbook book(input.argument);
+    Workbook book;
     book.setTitle(std::string(kProgramName) + " - " +
                   std::string(trim(input.main.lblStoreName.caption())));
     for (const View* view : input.views) {
@@ -89,7 +86,7 @@ void writeXlsxReport(const ReportInput& input) {
     }
     for (const View* view : input.views)
       writeViewSheets(book, *view);
-    book.save();
+    writeExport(pathFromBytes(input.argument), book.finish());
   } catch (const ExportError& error) {
     throw UsageError(error.what());
   }
