@@ -26,8 +26,18 @@ class Label final : public Control {
   const std::string& caption() const { return caption_; }
   void setCaption(std::string caption) {
     caption_ = std::move(caption);
+    inError_ = false;
     changed.emit();
   }
+  /// Shows, in red, a text in place of a figure that could not be worked out.
+  void setError(std::string text) {
+    foreColor_ = kRed;
+    caption_ = std::move(text);
+    inError_ = true;
+    changed.emit();
+  }
+  /// Whether the caption is such a text.
+  bool inError() const { return inError_; }
   std::int32_t foreColor() const { return foreColor_; }
   void setForeColor(std::int32_t color) {
     foreColor_ = color;
@@ -44,6 +54,7 @@ class Label final : public Control {
   std::string caption_;
   LabelRole role_;
   std::int32_t foreColor_ = kBlack;
+  bool inError_ = false;
 };
 
 }  // namespace dg

@@ -19,17 +19,20 @@ void setRecapSheet(RecapSheet* sheet) {
   loadedSheet = sheet;
 }
 
-void writeRecap(int index, const std::string& caption) {
-  Label& label = recapSheet().lblRecap(index);
+Label& recapLabel(Figure figure) {
+  return recapSheet().lblRecap(static_cast<int>(figure));
+}
+
+void writeRecap(Figure figure, const std::string& caption) {
+  Label& label = recapLabel(figure);
   label.setForeColor(kBlack);
   label.setCaption(caption);
   label.Refresh();
 }
 
-void markRecapError(int index) {
-  Label& label = recapSheet().lblRecap(index);
-  label.setForeColor(kRed);
-  label.setCaption(kDataError);
+void markRecapError(Figure figure) {
+  Label& label = recapLabel(figure);
+  label.setError(kDataError);
   label.Refresh();
 }
 

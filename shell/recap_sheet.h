@@ -4,11 +4,10 @@
 #include <string>
 
 #include "forms/label.h"
+#include "shell/recap_figures.h"
 
 namespace dg {
 
-/// Number of labels on the recap.
-inline constexpr int kRecapLabels = 22;
 /// What a recap label shows when its view failed.
 inline constexpr const char* kDataError = "Data Error !";
 
@@ -25,11 +24,13 @@ class RecapSheet {
 
 /// The recap that is loaded; raises 91 when none is.
 RecapSheet& recapSheet();
+/// The label of a figure there.
+Label& recapLabel(Figure figure);
 void setRecapSheet(RecapSheet* sheet);
 
 /// Writes a view's total and repaints it.
-void writeRecap(int index, const std::string& caption);
+void writeRecap(Figure figure, const std::string& caption);
 /// Marks a view's label: "Data Error !" in red.
-void markRecapError(int index);
+void markRecapError(Figure figure);
 
 }  // namespace dg

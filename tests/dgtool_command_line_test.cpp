@@ -114,7 +114,7 @@ TEST(DgtoolCommandLineTest, ADataErrorHasStatusOne) {
     view.onLoad = [] {
       trapView(
           "Error in frmAr GetAR routine ", [] { throw RunTimeError(kTypeMismatch); },
-          [] { markRecapError(0); });
+          [] { markRecapError(Figure::kReceivables); });
     };
   });
   EXPECT_EQ(tool.run({"report"}), 1);

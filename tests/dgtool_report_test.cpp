@@ -85,7 +85,7 @@ TEST(DgtoolReportTest, AWindowIsToldWithAllThatIsOnIt) {
     combo.AddItem("All Requests");
     combo.AddItem("  1 - X");
     putGrid(view, "grdARCur");
-    view.onLoad = [] { writeRecap(0, "$12.00"); };
+    view.onLoad = [] { writeRecap(Figure::kReceivables, "$12.00"); };
   });
   ASSERT_EQ(tool.run({"report", "--json"}), 0) << tool.err;
   const json document = tool.json();

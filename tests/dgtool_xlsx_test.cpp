@@ -68,7 +68,7 @@ TEST(DgtoolXlsxTest, AWorkbookHasASheetForEachGridWithRealNumbers) {
       grid.set("Rate", std::string("-02.88%"));
       grid.set("Date", std::string("11/24/26"));
     }
-    view.onLoad = [] { writeRecap(8, "$7.25"); };
+    view.onLoad = [] { writeRecap(Figure::kPurchaseOrders, "$7.25"); };
   });
   const std::string file = tool.store.folder.file("book.xlsx");
   tool.store.folder.write("book.xlsx", "the former one");

@@ -82,7 +82,7 @@ class MainWindowTest : public testing::Test {
     }
     addView("frmWarSeg");
     catalogue_.add("frmRecap", [this] { return std::make_unique<FakeRecap>(stage_); });
-    stage_.onLoad["frmProfit"] = [] { writeRecap(13, "$1.00"); };
+    stage_.onLoad["frmProfit"] = [] { writeRecap(Figure::kMonthSales, "$1.00"); };
   }
   ~MainWindowTest() override { WarrantySegments = false; }
 

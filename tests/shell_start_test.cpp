@@ -133,15 +133,15 @@ TEST(RecapSheetTest, TotalsAndErrorsAreWrittenAndRepainted) {
     Label label{"lblRecap(4)"};
     Label other{"lblRecap(5)"};
   };
-  EXPECT_THROW(writeRecap(4, ""), RunTimeError);
+  EXPECT_THROW(writeRecap(Figure::kLedgerAssets, ""), RunTimeError);
   Sheet sheet;
   setRecapSheet(&sheet);
   int repaints = 0;
   const Connection watch = sheet.label.refreshed.connect([&] { ++repaints; });
-  markRecapError(4);
+  markRecapError(Figure::kLedgerAssets);
   EXPECT_EQ(sheet.label.caption(), "Data Error !");
   EXPECT_EQ(sheet.label.foreColor(), 255);
-  writeRecap(4, "$1.00");
+  writeRecap(Figure::kLedgerAssets, "$1.00");
   EXPECT_EQ(sheet.label.caption(), "$1.00");
   EXPECT_EQ(sheet.label.foreColor(), kBlack);
   EXPECT_EQ(repaints, 2);

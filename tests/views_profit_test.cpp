@@ -38,6 +38,12 @@ TEST_F(Profit, EachPeriodHasItsRateAndTheRecapThatOfTheTotals) {
   // The rates of the totals, not the mean of the lines' rates.
   EXPECT_EQ(recapBlock(), (Cells{"$300.00", "$374.70", "-24.90%", "$2,000.00", "$1,050.00",
                                  "47.50%", "$5.00", "$4.99", "00.20%"}));
+  EXPECT_EQ(figureValue(&run_.recapSheet, Figure::kMonthCost), Currency::fromScaled(37'470, 100));
+  EXPECT_EQ(figureValue(&run_.recapSheet, Figure::kMonthRate),
+            Currency::fromTenThousandths(-2'490));
+  markRecapError(Figure::kMonthRate);
+  EXPECT_EQ(figureValue(&run_.recapSheet, Figure::kMonthRate), std::nullopt);
+  EXPECT_EQ(figureValue(&run_.recapSheet, Figure::kUnits), std::nullopt) << "nothing wrote it";
 }
 
 TEST_F(Profit, WithoutSalesTheRatesAreZero) {

@@ -1,39 +1,48 @@
 // The recap on paper.
 
-#include "desktop/recap/recap_rows.h"
+#include <algorithm>
+
 #include "desktop/recap/recap_view.h"
 #include "desktop/window/text.h"
+#include "shell/recap_figures.h"
 
 namespace dg {
 
 namespace {
 
-QString caption(const Form& form, const std::string& name) {
+QString caption(const Form& form, std::string_view name) {
   const auto* label = dynamic_cast<const Label*>(form.find(name));
   return label == nullptr ? QString() : labelText(label->caption()).trimmed();
 }
 
-PrintTable listTable(const Form& form, int heading, const QList<QPair<int, int>>& rows) {
+QString heading(const Form& form, RecapBlock block) {
+  return caption(form, recapHeading(block).label);
+}
+
+PrintTable listTable(const Form& form, RecapBlock block) {
+  const std::span<const RecapFigure> figures = recapFigures(block);
   PrintTable table;
-  table.columns = {{caption(form, elementName("Label2", heading)), {}, false}, {{}, {}, true}};
-  table.rows = static_cast<int>(rows.size());
-  table.cell = [&form, rows](int row, int column) {
-    return column == 0 ? caption(form, elementName("Label1", rows[row].first))
-                       : caption(form, elementName("lblRecap", rows[row].second));
+  table.columns = {{heading(form, block), {}, false}, {{}, {}, true}};
+  table.rows = static_cast<int>(figures.size());
+  table.cell = [&form, figures](int row, int column) {
+    const RecapFigure& figure = figures[static_cast<std::size_t>(row)];
+    return caption(form, column == 0 ? figure.caption : figure.label);
   };
   return table;
 }
 
 PrintTable profitTable(const Form& form) {
+  const std::span<const RecapFigure> figures = recapFigures(RecapBlock::kProfit);
   PrintTable table;
-  table.columns = {{caption(form, elementName("Label2", kProfitHeading)), {}, false}};
-  for (const int column : kProfitColumnCaptions) {
-    table.columns.append({caption(form, elementName("Label1", column)), {}, true});
+  table.columns = {{heading(form, RecapBlock::kProfit), {}, false}};
+  for (const RecapFigure& figure : figures.first(kProfitColumns)) {
+    table.columns.append({caption(form, figure.head), {}, true});
   }
-  table.rows = kProfitRows;
-  table.cell = [&form](int row, int column) {
-    return column == 0 ? caption(form, elementName("Label1", kProfitRowCaptions[row]))
-                       : caption(form, elementName("lblRecap", profitLabel(row, column - 1)));
+  table.rows = static_cast<int>(figures.size()) / kProfitColumns;
+  table.cell = [&form, figures](int row, int column) {
+    const int position = row * kProfitColumns + std::max(column - 1, 0);
+    const RecapFigure& figure = figures[static_cast<std::size_t>(position)];
+    return caption(form, column == 0 ? figure.caption : figure.label);
   };
   return table;
 }
@@ -41,10 +50,9 @@ PrintTable profitTable(const Form& form) {
 }  // namespace
 
 PrintDocument recapDocument(const Form& form) {
-  return newPrintDocument(
-      caption(form, "lblTitle"), caption(form, "lblcompiledate"),
-      {listTable(form, kAssetHeading, recapAssets()),
-       listTable(form, kLiabilityHeading, recapLiabilities()), profitTable(form)});
+  return newPrintDocument(caption(form, "lblTitle"), caption(form, "lblcompiledate"),
+                          {listTable(form, RecapBlock::kAssets),
+                           listTable(form, RecapBlock::kLiabilities), profitTable(form)});
 }
 
 }  // namespace dg

@@ -4,12 +4,11 @@
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
-#include "desktop/recap/recap_rows.h"
 #include "desktop/window/text.h"
 #include "platform/values/convert.h"
 #include "shell/main_window.h"
+#include "shell/recap_figures.h"
 
 namespace dg {
 
@@ -19,11 +18,6 @@ constexpr int kMostBars = 14;
 
 QString tr(const char* text) {
   return QCoreApplication::translate("Charts", text);
-}
-
-std::optional<double> figure(const Form& form, const std::string& label) {
-  const auto* control = dynamic_cast<const Label*>(form.find(label));
-  return control == nullptr ? std::nullopt : parseNumber(control->caption());
 }
 
 /// The rows of a grid of a view, read column by column; empty without that view or grid.
@@ -90,14 +84,13 @@ ChartData assetChart(const frmTRVN& main) {
   const View* recap = main.view("frmRecap");
   if (recap == nullptr) return chart;
   int missing = 0;
-  for (const auto& [caption, label] : recapAssets()) {
-    if (label == kTodaysSales || label == kTodaysCash) continue;
-    const auto value = figure(*recap, elementName("lblRecap", label));
-    const auto* name = dynamic_cast<const Label*>(recap->find(elementName("Label1", caption)));
-    if (!value || name == nullptr) {
-      ++missing;
+  for (const RecapFigure& figure : recapFigures(RecapBlock::kAssets)) {
+    // The day's takings stand among the assets and are none.
+    if (figure.span == FigureSpan::kToday) continue;
+    if (const auto value = figureValue(recap, figure.figure)) {
+      chart.bars.append({cellText(figure.name), {value->toDouble()}});
     } else {
-      chart.bars.append({labelText(name->caption()), {*value}});
+      ++missing;
     }
   }
   if (missing > 0) chart.note = tr("Without %1 that the recap has no figure for").arg(missing);

@@ -4,11 +4,11 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QToolButton>
+#include <utility>
 
 #include "desktop/grid/export_files.h"
 #include "desktop/print/printing.h"
 #include "desktop/recap/card.h"
-#include "desktop/recap/recap_rows.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_button.h"
 #include "desktop/window/text.h"
@@ -40,8 +40,8 @@ RecapView::RecapView(Form& form, QWidget* parent) : QWidget(parent), form_(form)
   sheet_->setContentsMargins(20, 16, 20, 20);
   sheet_->setSpacing(16);
   head_ = buildHead();
-  assets_ = buildList(kAssetHeading, recapAssets());
-  liabilities_ = buildList(kLiabilityHeading, recapLiabilities());
+  assets_ = buildList(RecapBlock::kAssets);
+  liabilities_ = buildList(RecapBlock::kLiabilities);
   profit_ = buildProfit();
   arrange();
   scroll->setWidget(sheet);
@@ -79,7 +79,7 @@ void RecapView::resizeEvent(QResizeEvent* event) {
   arrange();
 }
 
-QWidget* RecapView::label(const std::string& name, QWidget* parent, Qt::Alignment alignment) {
+QWidget* RecapView::label(std::string_view name, QWidget* parent, Qt::Alignment alignment) {
   auto* source = dynamic_cast<Label*>(form_.find(name));
   if (source == nullptr) return new QWidget(parent);
   auto* widget = new LabelWidget(*source, parent);
@@ -114,53 +114,59 @@ QWidget* RecapView::buildHead() {
   return head;
 }
 
-void RecapView::addRow(Card& card, int row, int caption, int figure) {
-  QGridLayout* grid = card.grid();
-  grid->addWidget(label(elementName("Label1", caption), &card, Qt::AlignLeft), row, 0);
-  QWidget* value = label(elementName("lblRecap", figure), &card, Qt::AlignRight);
-  value->setFont(scaledFont(figureFont(font()), 1.1, QFont::DemiBold));
-  grid->addWidget(value, row, 1);
-  grid->setRowMinimumHeight(row, kRowHeight);
+void RecapView::addHeading(Card& card, RecapBlock block) {
+  card.grid()->addWidget(label(recapHeading(block).label, &card, Qt::AlignLeft), 0, 0, 1, -1);
+  card.grid()->setRowMinimumHeight(0, kRowHeight);
 }
 
-Card* RecapView::buildList(int heading, const QList<QPair<int, int>>& rows) {
+void RecapView::addCell(Card& card, int row, int column, std::string_view name,
+                        Qt::Alignment alignment) {
+  card.grid()->addWidget(label(name, &card, alignment), row, column);
+}
+
+void RecapView::addFigure(Card& card, int row, int column, const RecapFigure& figure) {
+  QWidget* value = label(figure.label, &card, Qt::AlignRight);
+  value->setFont(scaledFont(figureFont(font()), 1.1, QFont::DemiBold));
+  card.grid()->addWidget(value, row, column);
+  card.grid()->setRowMinimumHeight(row, kRowHeight);
+}
+
+Card* RecapView::buildList(RecapBlock block) {
   auto* card = new Card(this);
-  card->grid()->addWidget(label(elementName("Label2", heading), card, Qt::AlignLeft), 0, 0, 1, 2);
-  card->grid()->setRowMinimumHeight(0, kRowHeight);
-  int row = 1;
-  for (const auto& [caption, figure] : rows) {
-    if (figure == kTodaysSales) card->setSectionRow(row);
-    addRow(*card, row++, caption, figure);
+  addHeading(*card, block);
+  int row = 0;
+  bool takings = false;
+  for (const RecapFigure& figure : recapFigures(block)) {
+    ++row;
+    // The day's takings are no assets: they stand apart from what is above them.
+    if (figure.span == FigureSpan::kToday && !std::exchange(takings, true)) {
+      card->setSectionRow(row);
+    }
+    addCell(*card, row, 0, figure.caption, Qt::AlignLeft);
+    addFigure(*card, row, 1, figure);
   }
   card->grid()->setColumnStretch(1, 1);
-  card->setRuledRows(1, row - 1);
+  card->setRuledRows(1, row);
   return card;
 }
 
 Card* RecapView::buildProfit() {
+  constexpr int kHeadRow = 1;
   auto* card = new Card(this);
-  QGridLayout* grid = card->grid();
-  grid->addWidget(label(elementName("Label2", kProfitHeading), card, Qt::AlignLeft), 0, 0, 1, 4);
-  grid->setRowMinimumHeight(0, kRowHeight);
-  grid->setRowMinimumHeight(1, kRowHeight - 6);
-  for (int column = 0; column < kProfitColumns; ++column) {
-    grid->addWidget(
-        label(elementName("Label1", kProfitColumnCaptions[column]), card, Qt::AlignRight), 1,
-        column + 1);
-    grid->setColumnStretch(column + 1, column < 2 ? 3 : 2);
-  }
-  for (int row = 0; row < kProfitRows; ++row) {
-    grid->addWidget(label(elementName("Label1", kProfitRowCaptions[row]), card, Qt::AlignLeft),
-                    row + 2, 0);
-    for (int column = 0; column < kProfitColumns; ++column) {
-      QWidget* value =
-          label(elementName("lblRecap", profitLabel(row, column)), card, Qt::AlignRight);
-      value->setFont(scaledFont(figureFont(font()), 1.1, QFont::DemiBold));
-      grid->addWidget(value, row + 2, column + 1);
+  addHeading(*card, RecapBlock::kProfit);
+  card->grid()->setRowMinimumHeight(kHeadRow, kRowHeight - 6);
+  int position = 0;
+  int row = kHeadRow;
+  for (const RecapFigure& figure : recapFigures(RecapBlock::kProfit)) {
+    const int column = position++ % kProfitColumns + 1;
+    if (column == 1) addCell(*card, ++row, 0, figure.caption, Qt::AlignLeft);
+    if (row == kHeadRow + 1) {
+      addCell(*card, kHeadRow, column, figure.head, Qt::AlignRight);
+      card->grid()->setColumnStretch(column, figure.kind == FigureKind::kMoney ? 3 : 2);
     }
-    grid->setRowMinimumHeight(row + 2, kRowHeight);
+    addFigure(*card, row, column, figure);
   }
-  card->setRuledRows(2, kProfitRows + 1);
+  card->setRuledRows(kHeadRow + 1, row);
   return card;
 }
 

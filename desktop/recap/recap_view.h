@@ -4,6 +4,7 @@
 
 #include "desktop/print/print_document.h"
 #include "forms/form.h"
+#include "shell/recap_figures.h"
 
 class QGridLayout;
 
@@ -33,12 +34,14 @@ class RecapView : public QWidget {
 
  private:
   QWidget* buildHead();
-  Card* buildList(int heading, const QList<QPair<int, int>>& rows);
+  Card* buildList(RecapBlock block);
   Card* buildProfit();
-  QWidget* label(const std::string& name, QWidget* parent, Qt::Alignment alignment);
+  QWidget* label(std::string_view name, QWidget* parent, Qt::Alignment alignment);
   /// Puts the cards beside each other where there is room, else one below the other.
   void arrange();
-  void addRow(Card& card, int row, int caption, int figure);
+  void addHeading(Card& card, RecapBlock block);
+  void addCell(Card& card, int row, int column, std::string_view label, Qt::Alignment alignment);
+  void addFigure(Card& card, int row, int column, const RecapFigure& figure);
 
   Form& form_;
   QGridLayout* sheet_;

@@ -11,7 +11,6 @@
 
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
-#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -74,7 +73,7 @@ void LabelWidget::update() {
     setText(shown);
     updateToolTip();
   }
-  link_ = label_.onClick && label_.caption() == kDataError;
+  link_ = label_.onClick && label_.inError();
   setFocusPolicy(link_ ? Qt::StrongFocus : Qt::NoFocus);
   if (link_) {
     setCursor(Qt::PointingHandCursor);
@@ -87,7 +86,7 @@ void LabelWidget::update() {
 void LabelWidget::updateColor() {
   const QPalette system = QApplication::palette(this);
   QColor color = system.color(QPalette::WindowText);
-  if (label_.foreColor() == kRed || link_) {
+  if (label_.foreColor() == kRed) {
     color = errorColor(system);
   } else if (isMuted(label_.role())) {
     color = mutedColor(system);

@@ -7,7 +7,6 @@
 
 #include "export/number_look.h"
 #include "platform/text.h"
-#include "shell/recap_sheet.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/form_bands.h"
 
@@ -64,7 +63,7 @@ LabelBox boxOf(const SheetLabel& place) {
   for (const std::string& line : box.lines)
     box.width = std::max(box.width, line.size());
   box.value = place.label->role() == LabelRole::kValue;
-  box.right = box.value && place.column > 0 && (text == kDataError || shownNumber(trim(text)));
+  box.right = box.value && place.column > 0 && (place.label->inError() || shownNumber(trim(text)));
   return box;
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "shell/recap_sheet.h"
+#include "shell/recap_figures.h"
 #include "shell/splash.h"
 #include "tools/dgtool/detail_recorder.h"
 #include "tools/dgtool/window_json.h"
@@ -41,10 +41,11 @@ Json recapJson(const frmTRVN& main) {
   const View* recap = main.view("frmRecap");
   Json result = Json::array();
   for (int index = 0; index < kRecapLabels; ++index) {
-    const Label* label = recapLabel(recap, index);
+    const auto figure = static_cast<Figure>(index);
+    const Label* label = recapLabel(recap, figure);
     result.push_back({{"index", index},
                       {"caption", jsonText(label != nullptr ? label->caption() : "")},
-                      {"error", label != nullptr && isDataError(*label)}});
+                      {"error", isFigureInError(recap, figure)}});
   }
   return result;
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.h"
-#include "shell/recap_sheet.h"
+#include "shell/recap_figures.h"
 #include "tools/dgtool/session.h"
 
 namespace dg {
@@ -72,11 +72,9 @@ void click(const std::vector<View*>& views, const HeadClick& click) {
 
 bool anyDataError(const frmTRVN& main) {
   const View* recap = main.view(kRecap);
-  for (int index = 0; index < kRecapLabels; ++index) {
-    const Label* label = recapLabel(recap, index);
-    if (label != nullptr && isDataError(*label)) return true;
-  }
-  return false;
+  return std::ranges::any_of(recapFigures(), [recap](const RecapFigure& figure) {
+    return isFigureInError(recap, figure.figure);
+  });
 }
 
 /// Whether the load, and the refresh after it, came to their end: showing a view is their last

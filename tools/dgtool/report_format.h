@@ -37,10 +37,4 @@ struct ReportFormat {
 /// All formats; the first is the one that needs no option.
 std::span<const ReportFormat> reportFormats();
 
-/// A label of the recap, or null when there is no recap.
-const Label* recapLabel(const View* recap, int index);
-
-/// Whether the view behind a recap label failed.
-bool isDataError(const Label& label);
-
 }  // namespace dg

@@ -1,6 +1,5 @@
 // The table of the ways to write a report.
 
-#include "shell/recap_sheet.h"
 #include "tools/dgtool/csv_report.h"
 #include "tools/dgtool/json_report.h"
 #include "tools/dgtool/report_format.h"
@@ -46,15 +45,6 @@ constexpr ReportFormat kFormats[] = {
 
 std::span<const ReportFormat> reportFormats() {
   return kFormats;
-}
-
-const Label* recapLabel(const View* recap, int index) {
-  if (recap == nullptr) return nullptr;
-  return dynamic_cast<const Label*>(recap->find(elementName("lblRecap", index)));
-}
-
-bool isDataError(const Label& label) {
-  return label.caption() == kDataError || label.foreColor() == kRed;
 }
 
 }  // namespace dg

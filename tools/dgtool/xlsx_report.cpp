@@ -25,7 +25,7 @@ void writeLabel(Workbook& book, const Label& label, std::size_t row, std::size_t
     NumberLook look;
     look.add(text);
     book.number(row, column, *number, look.format());
-  } else if (label.foreColor() == kRed) {
+  } else if (label.inError()) {
     book.text(row, column, text, CellLook::kFailure);
   } else {
     const bool bold = role == LabelRole::kTitle || role == LabelRole::kHeading;

@@ -16,7 +16,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapInventory = 1;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kSalesMask = "$##,###,###.00";
 constexpr std::string_view kTurnsMask = "####.00";
@@ -108,7 +107,7 @@ void frmInv::Form_Load() {
   showProgress("Loading Inventory...");
   trapView(
       "Error in frmInv GetLineData routine ", [this] { GetLineData(); },
-      [] { markRecapError(kRecapInventory); });
+      [] { markRecapError(Figure::kPartsInventory); });
 }
 
 void frmInv::GetLineData() {
@@ -138,7 +137,7 @@ void frmInv::GetLineData() {
     month += line.MTD_Sales;
   }
   grdInvest.MoveFirst();
-  writeRecap(kRecapInventory, Format(merchandise, kTotalMask));
+  writeRecap(Figure::kPartsInventory, Format(merchandise, kTotalMask));
   lblinvtot[0]->setCaption("Investment Total : " + Format(merchandise, kTotalMask));
   lblinvtot[1]->setCaption("Sales YTD : " + Format(year, kTotalMask));
   lblinvtot[2]->setCaption("Sales MTD : " + Format(month, kTotalMask));

@@ -32,7 +32,7 @@ constexpr LedgerKind kAssets = {
     .totalPrefix = "",
     .dataFailure = "Error in frmGLA GetGLData routine ",
     .balanceFailure = "Error in frmGLA GetGLBalance function ",
-    .recapLabel = 4,
+    .figure = Figure::kLedgerAssets,
     .readsLiabilitiesToo = true,
 };
 
@@ -46,7 +46,7 @@ constexpr LedgerKind kLiabilities = {
     .totalPrefix = "Total ",
     .dataFailure = "Error in frmGLL GetGLData routine ",
     .balanceFailure = "Error in frmGLL GetGLBalance function ",
-    .recapLabel = 9,
+    .figure = Figure::kLedgerLiabilities,
     .readsLiabilitiesToo = false,
 };
 
@@ -133,7 +133,7 @@ void LedgerAccounts::Form_Load() {
 
 void LedgerAccounts::loadData() {
   trapView(
-      kind_.dataFailure, [this] { GetGLData(); }, [this] { markRecapError(kind_.recapLabel); });
+      kind_.dataFailure, [this] { GetGLData(); }, [this] { markRecapError(kind_.figure); });
 }
 
 void LedgerAccounts::cmdCashSetup_Click() {
@@ -163,7 +163,7 @@ void LedgerAccounts::GetGLData() {
     total += addAccount(entry);
   grdGLCash.MoveFirst();
   const std::string text = Format(total, kAmountMask);
-  writeRecap(kind_.recapLabel, text);
+  writeRecap(kind_.figure, text);
   lblTotal.setCaption(std::string(kind_.totalPrefix) + text);
 }
 

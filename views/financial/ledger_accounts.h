@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "shell/recap_figures.h"
 #include "shell/view.h"
 
 namespace dg {
@@ -16,7 +17,7 @@ struct LedgerKind {
   std::string_view totalLabel;   ///< name of the label that shows the view's total
   std::string_view totalPrefix;  ///< stands before the total there
   std::string_view dataFailure, balanceFailure;
-  int recapLabel;
+  Figure figure;  ///< of the recap
   /// Asset accounts also read the liabilities' list, which nothing uses: an old habit of the view
   /// that costs one look at the settings.
   bool readsLiabilitiesToo;

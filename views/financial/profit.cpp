@@ -61,17 +61,20 @@ constexpr Place kSheet[] = {
     {.control = "grdProfit", .row = 1},
 };
 
-/// A period: its members, its columns and its first recap label (sales, then cost, then rate).
+/// A period: its members, its columns and its figures on the recap.
 struct Period {
   Currency clsLines::*sales;
   Currency clsLines::*cost;
   std::string_view salesColumn, costColumn, rateColumn;
-  int recap;
+  Figure salesFigure, costFigure, rateFigure;
 };
 constexpr Period kPeriods[] = {
-    {&clsLines::MTD_Sales, &clsLines::MTD_Cost, "mtdsales", "mtdcost", "mtdgpr", 13},
-    {&clsLines::YTD_Sales, &clsLines::YTD_Cost, "ytdsales", "ytdcost", "ytdgpr", 16},
-    {&clsLines::PYTD_Sales, &clsLines::PYTD_COGS, "pyrsales", "pyrcost", "pyrgpr", 19},
+    {&clsLines::MTD_Sales, &clsLines::MTD_Cost, "mtdsales", "mtdcost", "mtdgpr",
+     Figure::kMonthSales, Figure::kMonthCost, Figure::kMonthRate},
+    {&clsLines::YTD_Sales, &clsLines::YTD_Cost, "ytdsales", "ytdcost", "ytdgpr", Figure::kYearSales,
+     Figure::kYearCost, Figure::kYearRate},
+    {&clsLines::PYTD_Sales, &clsLines::PYTD_COGS, "pyrsales", "pyrcost", "pyrgpr",
+     Figure::kLastYearSales, Figure::kLastYearCost, Figure::kLastYearRate},
 };
 
 struct Totals {
@@ -132,10 +135,9 @@ void frmProfit::GetProfit() {
   grdProfit.MoveFirst();
   for (std::size_t i = 0; i < std::size(kPeriods); ++i) {
     const auto& [sales, cost] = totals[i];
-    const int first = kPeriods[i].recap;
-    writeRecap(first, Format(sales, kAmountMask));
-    writeRecap(first + 1, Format(cost, kAmountMask));
-    writeRecap(first + 2, Format(profitRate(sales, cost), kTotalRateMask));
+    writeRecap(kPeriods[i].salesFigure, Format(sales, kAmountMask));
+    writeRecap(kPeriods[i].costFigure, Format(cost, kAmountMask));
+    writeRecap(kPeriods[i].rateFigure, Format(profitRate(sales, cost), kTotalRateMask));
   }
 }
 

@@ -14,7 +14,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapOrders = 8;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kOrderMask = "$###,###.00";
 constexpr std::string_view kVendorMask = "######.00";
@@ -98,7 +97,8 @@ frmPo::frmPo()
 void frmPo::Form_Load() {
   showProgress("Loading Purchase Orders...");
   trapView(
-      "Error in frmPO GetPO routine ", [this] { GetPO(); }, [] { markRecapError(kRecapOrders); });
+      "Error in frmPO GetPO routine ", [this] { GetPO(); },
+      [] { markRecapError(Figure::kPurchaseOrders); });
 }
 
 void frmPo::GetPO() {
@@ -115,7 +115,7 @@ void frmPo::GetPO() {
     if (const auto document = VendorDocument::open(key.name)) addOrder(*document, total);
   }
   grdPO.MoveFirst();
-  writeRecap(kRecapOrders, Format(total, kTotalMask));
+  writeRecap(Figure::kPurchaseOrders, Format(total, kTotalMask));
   lblPoTotal.setCaption(Format(total, kTotalMask));
 }
 

@@ -17,7 +17,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapReceivables = 0;
 constexpr const char* kSummaryFile = "\\DARR.TRVN";
 constexpr std::string_view kBalanceMask = "$#,###,###.00";
 
@@ -73,7 +72,7 @@ void frmAR::Form_Load() {
   showProgress("Loading A/R...");
   trapView(
       "Error in frmAr GetAR routine ", [this] { GetAR(); },
-      [] { markRecapError(kRecapReceivables); });
+      [] { markRecapError(Figure::kReceivables); });
 }
 
 void frmAR::GetAR() {
@@ -95,7 +94,7 @@ void frmAR::GetAR() {
     if (number >= kFirstCurrentLine && number <= kTotalLine) {
       addBalance(grdARCur, "Description", fields);
     }
-    Label& total = recapSheet().lblRecap(kRecapReceivables);
+    Label& total = recapLabel(Figure::kReceivables);
     if (number == kTotalLine) total.setCaption(balance(fields));
     total.Refresh();
     if (number > kTotalLine) addBalance(grdFuture, "Period", fields);

@@ -14,7 +14,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapReturns = 5;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kReturnMask = "$###,###.00";
 constexpr std::size_t kKeyLength = 16;
@@ -59,7 +58,7 @@ void frmReturn::Form_Load() {
   showProgress("Loading Returns...");
   trapView(
       "Error in frmReturn GetReturn routine ", [this] { GetReturn(); },
-      [] { markRecapError(kRecapReturns); });
+      [] { markRecapError(Figure::kReturns); });
 }
 
 void frmReturn::GetReturn() {
@@ -74,7 +73,7 @@ void frmReturn::GetReturn() {
     if (const auto document = VendorDocument::open(key.name)) addReturn(*document, total);
   }
   grdReturn.MoveFirst();
-  writeRecap(kRecapReturns, Format(total, kTotalMask));
+  writeRecap(Figure::kReturns, Format(total, kTotalMask));
   lblRetTotal.setCaption(Format(total, kTotalMask));
 }
 

@@ -17,8 +17,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapSales = 7;
-constexpr int kRecapCash = 10;
 constexpr std::string_view kAmountMask = "#,###,###.00";
 constexpr std::string_view kRecapMask = "$#,###,###.00";
 
@@ -115,7 +113,7 @@ void frmSales::Form_Load() {
   // A failure marks the sales; the cash keeps what it has.
   trapView(
       "Error in frmSales GetSales routine ", [this] { GetSales(); },
-      [] { markRecapError(kRecapSales); });
+      [] { markRecapError(Figure::kTodaysSales); });
 }
 
 void frmSales::GetSales() {
@@ -139,8 +137,8 @@ void frmSales::GetSales() {
   }
   grdSales.MoveFirst();
   grdCash.MoveFirst();
-  writeRecap(kRecapSales, Format(sales, kRecapMask));
-  writeRecap(kRecapCash, Format(cash, kRecapMask));
+  writeRecap(Figure::kTodaysSales, Format(sales, kRecapMask));
+  writeRecap(Figure::kTodaysCash, Format(cash, kRecapMask));
   lblSaleTot.setCaption("Sales Total  " + Format(sales, kAmountMask));
   lblCashTot.setCaption("Cash Total  " + Format(cash, kAmountMask));
 }

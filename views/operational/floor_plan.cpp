@@ -24,7 +24,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapFloorPlan = 11;
 constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 
@@ -212,7 +211,7 @@ void frmFp::Form_Load() {
   showProgress("Loading Floor Plan Data...");
   trapView(
       "Error in frmFp GetFpData routine ", [this] { GetFpData(); },
-      [] { markRecapError(kRecapFloorPlan); });
+      [] { markRecapError(Figure::kFloorPlan); });
 }
 
 void frmFp::GetFpData() {
@@ -227,7 +226,7 @@ void frmFp::GetFpData() {
     grand += GetLineFp(number, line.Line_Name);
   }
   const std::string text = Format(grand, kTotalMask);
-  writeRecap(kRecapFloorPlan, text);
+  writeRecap(Figure::kFloorPlan, text);
   lblFpTot.setCaption("Total  : " + text);
   grdFp.MoveFirst();
 }

@@ -26,7 +26,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapOpenSales = 2;
 constexpr std::string_view kRecapMask = "$#,###,###.00";
 constexpr std::string_view kGridTotalMask = "$###,###.00";
 constexpr std::string_view kSubTotalMask = "$##,###.00";
@@ -148,7 +147,7 @@ frmOpenSales::frmOpenSales()
 void frmOpenSales::Form_Load() {
   trapView(
       "Error in frmOpenSales GetPTSData routine ", [this] { GetPTSData(); },
-      [] { markRecapError(kRecapOpenSales); });
+      [] { markRecapError(Figure::kOpenSales); });
 }
 
 void frmOpenSales::GetPTSData() {
@@ -164,7 +163,7 @@ void frmOpenSales::GetPTSData() {
   const Currency saved = addSavedInvoices(order);
   lblPTtot[0]->setCaption("Total      " + Format(tickets, kGridTotalMask));
   lblPTtot[1]->setCaption("Total      " + Format(saved, kGridTotalMask));
-  writeRecap(kRecapOpenSales, Format(tickets + saved, kRecapMask));
+  writeRecap(Figure::kOpenSales, Format(tickets + saved, kRecapMask));
 }
 
 Currency frmOpenSales::addPickTickets(clsInvoiceHistory& order) {

@@ -22,7 +22,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapShop = 3;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kSubTotalMask = "$##,###.00";
 
@@ -118,7 +117,7 @@ frmShop::frmShop()
 void frmShop::Form_Load() {
   trapView(
       "Error in frmShop GetShopData routine ", [this] { GetShopData(); },
-      [] { markRecapError(kRecapShop); });
+      [] { markRecapError(Figure::kShopWork); });
 }
 
 void frmShop::GetShopData() {
@@ -144,7 +143,7 @@ void frmShop::GetShopData() {
     }
   }
   grdShop.MoveFirst();
-  writeRecap(kRecapShop, Format(total, kTotalMask));
+  writeRecap(Figure::kShopWork, Format(total, kTotalMask));
 }
 
 void frmShop::addJob(const clsShop& job, const std::string& record,

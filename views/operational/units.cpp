@@ -22,7 +22,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapUnits = 12;
 constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 constexpr std::string_view kMeterMask = "######0.0";
@@ -213,7 +212,7 @@ void frmUnits::Form_Load() {
   showProgress("Loading Unit Data...");
   trapView(
       "Error in frmUnits GetUnitData routine ", [this] { GetUnitData(); },
-      [] { markRecapError(kRecapUnits); });
+      [] { markRecapError(Figure::kUnits); });
 }
 
 void frmUnits::GetUnitData() {
@@ -228,7 +227,7 @@ void frmUnits::GetUnitData() {
   }
   grdUnits.MoveFirst();
   const std::string text = Format(grand, kTotalMask);
-  writeRecap(kRecapUnits, text);
+  writeRecap(Figure::kUnits, text);
   lblFpTot.setCaption("Total  : " + text);
 }
 

@@ -20,7 +20,6 @@ namespace dg {
 
 namespace {
 
-constexpr int kRecapWarranties = 6;
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kAmountMask = "$#####.00";
 constexpr std::string_view kPhoneMask = "000-0000";
@@ -126,7 +125,7 @@ void BilledWarranties::Form_Load() {
   // Both forms of the view log the same words.
   trapView(
       "Error in frmWarranty.form load routine ", [this] { loadClaims(); },
-      [] { markRecapError(kRecapWarranties); });
+      [] { markRecapError(Figure::kWarranties); });
 }
 
 void BilledWarranties::loadClaims() {
@@ -155,7 +154,7 @@ void BilledWarranties::loadClaims() {
     labor += detail.WarrLabTotal();
   }
   grdWarr.MoveFirst();
-  writeRecap(kRecapWarranties, Format((parts + labor) / 100, kTotalMask));
+  writeRecap(Figure::kWarranties, Format((parts + labor) / 100, kTotalMask));
 }
 
 /// A claim whose lines could not be read shows so in its own row.
