@@ -3,6 +3,7 @@
 #include "engine/broker.h"
 #include "engine/state.h"
 #include "platform/file.h"
+#include "platform/unopened_files.h"
 #include "platform/values/checked.h"
 #include "platform/values/convert.h"
 #include "platform/values/run_time_error.h"
@@ -73,8 +74,9 @@ std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName) {
     // The caller's object is not the collection's: the two have the file in common and positions
     // of their own.
     return file;
-  } catch (const RunTimeError&) {
+  } catch (const RunTimeError& error) {
     // Whatever the reason, missing or not to be opened: "Could not open file" reaches nobody.
+    noteUnopened(FileName, error);
     return nullptr;
   }
 }

@@ -119,7 +119,7 @@ class Workbook::Writer {
     worksheet_set_column(sheet_, toColumn(column), toColumn(column), width, nullptr);
   }
 
-  void writeGroups(const std::vector<SheetColumn>& columns);
+  void writeGroups(const std::vector<SheetColumn>& columns, std::size_t row);
   void writeColumn(const Grid& grid, std::span<const int> rows, int index, std::size_t captionRow,
                    std::size_t at);
 
@@ -147,16 +147,17 @@ class Workbook::Writer {
 };
 
 /// The headings over groups of columns, each over all of its columns.
-void Workbook::Writer::writeGroups(const std::vector<SheetColumn>& columns) {
+void Workbook::Writer::writeGroups(const std::vector<SheetColumn>& columns, std::size_t row) {
   for (std::size_t first = 0; first < columns.size(); ++first) {
     if (columns[first].group.empty()) continue;
     std::size_t last = first;
     while (last + 1 < columns.size() && columns[last + 1].group.empty())
       ++last;
-    writeText(0, first, columns[first].group, header_);
+    writeText(row, first, columns[first].group, header_);
     if (last == first) continue;
     const std::string text = terminalText(columns[first].group);
-    worksheet_merge_range(sheet_, 0, toColumn(first), 0, toColumn(last), text.c_str(), header_);
+    worksheet_merge_range(sheet_, toRow(row), toColumn(first), toRow(row), toColumn(last),
+                          text.c_str(), header_);
   }
 }
 
@@ -213,17 +214,20 @@ void Workbook::setTitle(std::string_view title) {
   workbook_set_properties(writer_->book(), &properties);
 }
 
-void Workbook::addGrid(const std::string& title, const Grid& grid, std::span<const int> rows) {
-  if (rows.size() + 2 > kMaxRows) {
+void Workbook::addGrid(const std::string& title, const Grid& grid, std::span<const int> rows,
+                       std::span<const std::string> notes) {
+  if (rows.size() + notes.size() + 2 > kMaxRows) {
     throw ExportError(grid.name() + " has more rows than a sheet can hold; CSV takes them");
   }
   writer_->addSheet(title);
   const std::vector<SheetColumn> columns = sheetColumns(grid);
   const bool groups =
       std::ranges::any_of(columns, [](const SheetColumn& column) { return !column.group.empty(); });
-  if (groups) writer_->writeGroups(columns);
+  for (std::size_t line = 0; line < notes.size(); ++line)
+    writer_->writeText(line, 0, notes[line], writer_->look(CellLook::kPlain));
+  if (groups) writer_->writeGroups(columns, notes.size());
 
-  const std::size_t captionRow = groups ? 1 : 0;
+  const std::size_t captionRow = notes.size() + (groups ? 1 : 0);
   for (std::size_t at = 0; at < columns.size(); ++at)
     writer_->writeColumn(grid, rows, columns[at].index, captionRow, at);
 
@@ -233,7 +237,7 @@ void Workbook::addGrid(const std::string& title, const Grid& grid, std::span<con
   if (!columns.empty() && !rows.empty()) {
     worksheet_autofilter(sheet, top, 0, top + toRow(rows.size()), toColumn(columns.size() - 1));
   }
-  worksheet_repeat_rows(sheet, 0, top);
+  worksheet_repeat_rows(sheet, toRow(notes.size()), top);
   worksheet_set_landscape(sheet);
   worksheet_fit_to_pages(sheet, 1, 0);
 }

@@ -59,6 +59,11 @@ void Form::setBounds(const Bounds& bounds) {
   changed.emit();
 }
 
+void Form::markIncomplete() {
+  incomplete_ = true;
+  changed.emit();
+}
+
 void Form::setMousePointer(int pointer) {
   mousePointer_ = pointer;
   changed.emit();

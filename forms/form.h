@@ -80,6 +80,10 @@ class Form {
     return *control;
   }
 
+  /// Whether something of what the form shows could not be read: figures and rows may be a part.
+  bool incomplete() const { return incomplete_; }
+  void markIncomplete();
+
   /// Where the controls stand. Controls without a place are drawn one below the other.
   std::span<const Place> sheet() const { return sheet_; }
 
@@ -102,7 +106,7 @@ class Form {
   int mousePointer() const { return mousePointer_; }
   void Refresh() const { refreshed.emit(); }
 
-  Signal<> changed;    ///< caption, pointer, bounds or set of controls
+  Signal<> changed;    ///< caption, pointer, bounds, completeness or set of controls
   Signal<> refreshed;  ///< draw at once
   Signal<> unloaded;
 
@@ -135,6 +139,7 @@ class Form {
   std::span<const Place> sheet_;
   Bounds bounds_;
   bool visible_ = false;
+  bool incomplete_ = false;
   int mousePointer_ = 0;
 };
 

@@ -3,7 +3,10 @@
 #include <utility>
 
 #include "platform/read_ahead_file.h"
+#include "platform/share_path.h"
 #include "platform/system_file.h"
+#include "platform/unopened_files.h"
+#include "platform/values/run_time_error.h"
 
 namespace dg {
 
@@ -18,7 +21,12 @@ std::unique_ptr<FileSystem>& replacedFileSystem() {
 class FrontFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
-    return readAheadFile(inPlace().open(path, access), path);
+    try {
+      return readAheadFile(inPlace().open(path, access), path);
+    } catch (const RunTimeError& error) {
+      if (isSharePath(path)) noteUnopened(path, error);
+      throw;
+    }
   }
   bool fileExists(const std::string& path) override { return inPlace().fileExists(path); }
   bool directoryExists(const std::string& path) override { return inPlace().directoryExists(path); }

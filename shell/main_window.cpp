@@ -7,9 +7,11 @@
 #include "engine/catalog_configuration.h"
 #include "engine/state.h"
 #include "platform/clock.h"
+#include "platform/environment.h"
 #include "platform/message_box.h"
 #include "platform/read_ahead.h"
 #include "platform/text.h"
+#include "platform/unopened_files.h"
 #include "records/file_names.h"
 #include "shell/about.h"
 #include "shell/options.h"
@@ -138,12 +140,14 @@ frmTRVN::~frmTRVN() = default;
 void frmTRVN::Form_Load() {
   const Raised loading(loading_);
   const ReadAheadScope keeping;
+  forgetUnopenedFiles();
   trapErrors([this] { loadSteps(); },
              [this](const RunTimeError& error) {
                LastError = shellFailureText("Error in form load event ", error);
                logLine("*Form TRVNV2 load error :" + dateAndTime());
                logLine("*Error  " + std::to_string(error.number()) + " : " + error.description());
              });
+  lookForShare();
 }
 
 void frmTRVN::loadSteps() {
@@ -223,6 +227,7 @@ void frmTRVN::ReLoadBm() {
   if (loading_) return;
   const Raised loading(loading_);
   const ReadAheadScope keeping;
+  forgetUnopenedFiles();
   trapErrors([this] { refreshSteps(); },
              [this](const RunTimeError& error) {
                splash().Hide();
@@ -230,6 +235,16 @@ void frmTRVN::ReLoadBm() {
                MsgBox(LastError);
                logLine("*" + LastError);
              });
+  lookForShare();
+}
+
+/// A file that is gone with its share counts as missing, as one that never was: only the share
+/// itself tells the difference.
+void frmTRVN::lookForShare() {
+  lostShare_.clear();
+  if (!SystemInfo || !SharedEngine) return;
+  const std::string root = "\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\";
+  if (!shareIsReachable(root)) lostShare_ = root;
 }
 
 // The order is not that of the start, the tree's selection stays where it is although the recap is

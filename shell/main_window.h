@@ -79,6 +79,10 @@ class frmTRVN final : public Form {
   /// Whether a load or refresh runs; the window must stay open meanwhile.
   bool loading() const { return loading_; }
 
+  /// The root of the share, when it could not be reached at the end of the last load or refresh:
+  /// what is on show may then lack whatever was to be read behind that. Empty: it was reached.
+  const std::string& lostShare() const { return lostShare_; }
+
   View* CurrentView() const { return currentView_; }
   /// A loaded view by form name, or null.
   View* view(std::string_view name) const;
@@ -101,6 +105,7 @@ class frmTRVN final : public Form {
   void loadSteps();
   void refreshSteps();
   void fillStatusBar();
+  void lookForShare();
   void pickFromMenu(std::string_view menu, int index);
   void loadRecap();
   void loadViews(std::span<const std::string_view> order);
@@ -116,6 +121,7 @@ class frmTRVN final : public Form {
   std::map<std::string, std::unique_ptr<View>, std::less<>> views_;
   View* currentView_ = nullptr;
   std::shared_ptr<cBusinessBasic> mainEngine_;
+  std::string lostShare_;
   bool loading_ = false;
   bool ended_ = false;
 };

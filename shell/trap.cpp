@@ -17,10 +17,11 @@ bool trapErrors(const std::function<void()>& body,
   return false;
 }
 
-bool trapView(std::string_view phrase, const std::function<void()>& body,
+bool trapView(Form& view, std::string_view phrase, const std::function<void()>& body,
               const std::function<void()>& failed) {
   return trapErrors(body, [&](const RunTimeError& error) {
     if (failed) failed();
+    view.markIncomplete();
     logLine("*" + viewFailureText(phrase, error));
   });
 }

@@ -22,6 +22,11 @@ LogObserver& logObserver() {
   return observer;
 }
 
+std::optional<RunTimeError>& failure() {
+  static std::optional<RunTimeError> last;
+  return last;
+}
+
 /// An entry may itself hold line ends; any other control character comes from a damaged record and
 /// would break the log's lines.
 std::string cleaned(std::string_view line) {
@@ -45,7 +50,25 @@ void WriteLog(const std::string& path, const std::string& text) {
 void writeOperationLog(const std::string& line) {
   gsLogLine = cleaned(line);
   if (logObserver()) logObserver()(gsLogLine);
-  if (logEnabled) WriteLog(gsLogFile, gsLogLine);
+  if (!logEnabled) return;
+  try {
+    WriteLog(gsLogFile, gsLogLine);
+    failure().reset();
+  } catch (const RunTimeError& error) {
+    const bool isNew = !failure();
+    failure() = error;
+    if (isNew) logFailed().emit();
+    throw;
+  }
+}
+
+const std::optional<RunTimeError>& logFailure() {
+  return failure();
+}
+
+Signal<>& logFailed() {
+  static Signal<> failed;
+  return failed;
 }
 
 void logLine(const std::string& line) {
@@ -63,6 +86,7 @@ std::string viewFailureText(std::string_view phrase, const RunTimeError& error) 
 }
 
 bool setLogEnabled(bool enabled) {
+  failure().reset();
   return std::exchange(logEnabled, enabled);
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "forms/signal.h"
 #include "platform/values/run_time_error.h"
 
 namespace dg {
@@ -22,6 +24,11 @@ void writeOperationLog(const std::string& line);
 /// As writeOperationLog, but a log that cannot be written loses the line: for traps, which have no
 /// caller to tell.
 void logLine(const std::string& line);
+
+/// Why the last line could not be written; none when it was written, or when nothing is logged.
+const std::optional<RunTimeError>& logFailure();
+/// Emitted when a line could not be written and the one before it could.
+Signal<>& logFailed();
 
 /// The two forms of a failure text: phrase, "error # :" and the number, a separator, description.
 std::string shellFailureText(std::string_view phrase, const RunTimeError& error);  ///< CR LF

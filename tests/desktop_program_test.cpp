@@ -370,6 +370,16 @@ TEST(DesktopStartTest, ASystemThatShutsDownGetsAProperEnd) {
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(process.exitCode(), 0);
   EXPECT_TRUE(log().ends_with("  Program End \r\n")) << log();
+
+  // A log that is gone by then is told to nobody: nobody may be there to close a box.
+  process.start(DG_DEALERGAUGE, {"7Q809R21T"});
+  const std::string before = log();
+  while (process.state() != QProcess::NotRunning && log() == before)
+    process.waitForFinished(20);
+  std::filesystem::rename(store + "/temp", store + "/gone");
+  process.terminate();
+  ASSERT_TRUE(process.waitForFinished(60'000));
+  EXPECT_EQ(process.exitCode(), 0);
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 #include <string>
 #include <vector>
 
+#include "engine/business_basic.h"
+#include "engine/state.h"
+#include "platform/file.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
@@ -111,19 +114,24 @@ TEST(DgtoolCommandLineTest, AStoreThatIsNotThereHasStatusTwo) {
 TEST(DgtoolCommandLineTest, ADataErrorHasStatusOne) {
   DgtoolRun tool;
   tool.addView("frmAR", [](TestView& view) {
-    view.onLoad = [] {
+    view.onLoad = [&view] {
       trapView(
-          "Error in frmAr GetAR routine ", [] { throw RunTimeError(kTypeMismatch); },
+          view, "Error in frmAr GetAR routine ", [] { throw RunTimeError(kTypeMismatch); },
           [] { markRecapError(Figure::kReceivables); });
     };
   });
   EXPECT_EQ(tool.run({"report"}), 1);
   EXPECT_NE(tool.out.find("Accounts Receivable  Data Error !"), std::string::npos) << tool.out;
-  EXPECT_EQ(tool.err, "dgtool: Error in frmAr GetAR routine error # :  13  Type mismatch\n");
+  EXPECT_EQ(tool.err,
+            "dgtool: frmAR: Could not be read completely: see the log.\n"
+            "dgtool: Error in frmAr GetAR routine error # :  13  Type mismatch\n");
+  EXPECT_NE(tool.out.find("\n\nCould not be read completely: see the log.\n"), std::string::npos);
 
   EXPECT_EQ(tool.run({"report", "--json"}), 1);
   EXPECT_EQ(tool.json()["recap"][0]["error"], true);
   EXPECT_EQ(tool.json()["recap"][1]["error"], false);
+  EXPECT_EQ(tool.json()["views"][1]["incomplete"], true);
+  EXPECT_FALSE(tool.json()["views"][0].contains("incomplete"));
   EXPECT_EQ(tool.json()["log"][0], "*Error in frmAr GetAR routine error # :  13  Type mismatch");
 
   EXPECT_EQ(tool.run({"report", "--view", "FRMRECAP"}), 0) << tool.err;
@@ -145,6 +153,39 @@ TEST(DgtoolCommandLineTest, ALoadThatBreaksOffHasStatusOneAndAStoreWithoutANameH
   breaks = true;
   EXPECT_EQ(tool.run({"report", "--json"}), 1);
   EXPECT_EQ(tool.json()["log"].back(), "*Error  6 : Overflow");
+}
+
+TEST(DgtoolCommandLineTest, FilesThatAreThereAndDoNotOpenAreNamed) {
+  DgtoolRun tool;
+  tool.store.openStore();
+  auto files = setFileSystem(nullptr);
+  dynamic_cast<MemoryFileSystem&>(*files).setReadOnly(true);  // what asks to write is refused
+  setFileSystem(std::move(files));
+  tool.useOpenStore();
+  tool.addView("frmAR", [](TestView& view) {
+    view.onLoad = [] {
+      for (const char* name : {"FILE0", "FILE0", "GONE"})
+        sharedEngine().OpenFile(name);
+    };
+  });
+  EXPECT_EQ(tool.run({"report"}), 1);
+  EXPECT_NE(tool.out.find("Left out, since they could not be opened: FILE0.\n"), std::string::npos)
+      << tool.out;
+  EXPECT_EQ(tool.run({"report", "--json"}), 1);
+  EXPECT_EQ(tool.json()["unopened"], (nlohmann::json{{"count", 1}, {"names", {"FILE0"}}}));
+}
+
+TEST(DgtoolCommandLineTest, AShareThatGoesDuringARefreshIsTold) {
+  DgtoolRun tool;
+  int loads = 0;
+  tool.addView("frmAR", [&](TestView& view) {
+    view.onLoad = [&] {
+      if (++loads == 2) setFileSystem(std::make_unique<MemoryFileSystem>());
+    };
+  });
+  EXPECT_EQ(tool.run({"report", "--refresh"}), 2);
+  EXPECT_NE(tool.err.find("The share \\\\SRV1\\VLMRLNK\\ could not be reached"), std::string::npos)
+      << tool.err;
 }
 
 TEST(DgtoolCommandLineTest, AnAnswerThatCannotBeWrittenHasStatusTwo) {

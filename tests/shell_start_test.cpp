@@ -93,16 +93,34 @@ TEST(LogTest, FailuresAreToldInTheFormOfTheirLayer) {
 TEST(TrapTest, AViewsTrapMarksAndLogsAndTellsTheCaller) {
   ProgramRun run;
   bool marked = false;
+  Form view("frmX", "X");
+  EXPECT_TRUE(trapView(view, "", [] {}));
+  EXPECT_FALSE(view.incomplete());
   EXPECT_FALSE(trapView(
-      "Error in frmX GetX routine ", [] { throw std::bad_alloc(); },
+      view, "Error in frmX GetX routine ", [] { throw std::bad_alloc(); },
       [&] {
         marked = true;
         EXPECT_TRUE(run.logged.empty()) << "the label turns red before the log is written";
       }));
   EXPECT_TRUE(marked);
+  EXPECT_TRUE(view.incomplete());
   EXPECT_EQ(run.logged,
             (std::vector<std::string>{"*Error in frmX GetX routine error # :  7  Out of memory"}));
-  EXPECT_TRUE(trapView("", [] {}));
+}
+
+TEST(WriteLogTest, ALogThatCannotBeWrittenIsToldAtItsFirstLine) {
+  ProgramRun run;
+  int told = 0;
+  const Connection watch = logFailed().connect([&] { ++told; });
+  gsLogFile = run.folder.path().string() + "\\missing\\dgoperation.log";
+  logLine("lost");
+  logLine("lost, too");
+  EXPECT_EQ(told, 1);
+  ASSERT_TRUE(logFailure());
+  EXPECT_EQ(logFailure()->number(), 76);
+  setLogFile();
+  logLine("written");
+  EXPECT_FALSE(logFailure());
 }
 
 TEST(SplashTest, ItsTextsStandAfterTheLoadAndComeBackAfterAKey) {

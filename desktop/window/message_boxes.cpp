@@ -22,9 +22,16 @@ QMessageBox::Icon iconOf(int style) {
   }
 }
 
+bool silent = false;
+
 }  // namespace
 
+void silenceMessageBoxes() {
+  silent = true;
+}
+
 void showMessageBox(const MessageBox& box) {
+  if (silent) return;
   QMessageBox dialog(QApplication::activeWindow());
   dialog.setWindowTitle(box.title.empty() ? QString::fromLatin1(kProgramName)
                                           : fromBytes(box.title));
@@ -41,6 +48,7 @@ void showMessageBox(const MessageBox& box) {
 }
 
 void showWarning(QWidget* parent, const QString& title, const QString& text) {
+  if (silent) return;
   QMessageBox dialog(parent);
   dialog.setWindowTitle(title);
   dialog.setTextFormat(Qt::PlainText);

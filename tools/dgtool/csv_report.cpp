@@ -36,8 +36,9 @@ const Grid& wantedGrid(const std::vector<View*>& views, const std::string& text)
 
 }  // namespace
 
-void writeCsvReport(const ReportInput& input) {
+bool writeCsvReport(const ReportInput& input) {
   writeCsv(input.out, wantedGrid(input.views, input.argument));
+  return areComplete(input.views);
 }
 
 }  // namespace dg

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/unopened_files.h"
 #include "shell/recap_figures.h"
 #include "shell/splash.h"
 #include "tools/dgtool/detail_recorder.h"
@@ -18,7 +19,11 @@ class DetailCollector final : public DetailVisitor {
   /// What was gathered since the last call.
   Json take() { return std::exchange(levels_.front(), Json::array()); }
 
+  /// Whether all windows so far were.
+  bool complete() const { return complete_; }
+
   void enter(const Form& window, const std::string& control, int row) override {
+    complete_ = complete_ && !window.incomplete();
     entries_.push_back(
         {{"control", jsonText(control)}, {"row", row}, {"window", windowJson(window)}});
     levels_.push_back(Json::array());
@@ -32,6 +37,7 @@ class DetailCollector final : public DetailVisitor {
   }
 
  private:
+  bool complete_ = true;
   std::vector<Json> entries_;  // windows that are open
   // Details of the view and of each open window. Made by count: Json would read braces as an array.
   std::vector<Json> levels_ = std::vector<Json>(1, Json::array());
@@ -59,7 +65,7 @@ Json compiledJson(const frmTRVN& main) {
 
 }  // namespace
 
-void writeJsonReport(const ReportInput& input) {
+bool writeJsonReport(const ReportInput& input) {
   const auto& [session, main, views, details, argument, out] = input;
   Json document = {
       {"program", kProgramName}, {"version", versionText()}, {"compiled", compiledJson(main)}};
@@ -68,7 +74,14 @@ void writeJsonReport(const ReportInput& input) {
     panels.push_back(jsonText(panel));
   document["storeName"] = jsonText(main.lblStoreName.caption());
   document["recap"] = recapJson(main);
+  if (const UnopenedFiles& unopened = unopenedFiles(); unopened.count > 0) {
+    Json names = Json::array();
+    for (const std::string& name : unopened.names)
+      names.push_back(jsonText(name));
+    document["unopened"] = {{"count", unopened.count}, {"names", std::move(names)}};
+  }
 
+  bool complete = areComplete(views);
   Json windows = Json::array();
   for (const View* view : views)
     windows.push_back(windowJson(*view));
@@ -79,6 +92,7 @@ void writeJsonReport(const ReportInput& input) {
       recorder.clickThrough(*views[i]);
       windows[i]["details"] = collector.take();
     }
+    complete = complete && collector.complete();
   }
   document["views"] = std::move(windows);
 
@@ -91,6 +105,7 @@ void writeJsonReport(const ReportInput& input) {
   for (const std::string& line : session.failures())
     log.push_back(jsonText(line));
   writeJson(out, document);
+  return complete;
 }
 
 }  // namespace dg

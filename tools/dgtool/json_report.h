@@ -6,6 +6,6 @@ namespace dg {
 
 /// Writes the whole report as one JSON document; with `details` also the windows that the rows of
 /// the views open.
-void writeJsonReport(const ReportInput& input);
+bool writeJsonReport(const ReportInput& input);
 
 }  // namespace dg

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.h"
+#include "platform/unopened_files.h"
 #include "shell/recap_figures.h"
 #include "tools/dgtool/session.h"
 
@@ -147,7 +148,7 @@ int ReportCommand::run(const Console& console) {
   Session session(store_, console);
   frmTRVN& main = session.load(catalogue_, wanted);
   const auto write = [&](const std::vector<View*>& views, bool details) {
-    format_->write({session, main, views, details, argument_, console.out});
+    return format_->write({session, main, views, details, argument_, console.out});
   };
   if (!session.storeReachable()) {
     if (format_->hasMessages) write(reportedViews(main, wanted), false);
@@ -161,9 +162,16 @@ int ReportCommand::run(const Console& console) {
   }
   for (const HeadClick& each : clicks_)
     click(views, each);
-  write(views, details_);
+  const bool complete = write(views, details_);
+  for (const std::string& line : shareWarnings(main))
+    console.complain(line);
+  for (const View* view : views) {
+    if (view->incomplete()) console.complain(view->name() + ": " + kIncomplete);
+  }
   if (!format_->hasMessages) session.complain();
-  return anyDataError(main) || !isComplete(main) ? 1 : 0;
+  if (!main.lostShare().empty()) throw UsageError("the store cannot be reached any more");
+  const bool allRead = complete && unopenedFiles().count == 0;
+  return anyDataError(main) || !isComplete(main) || !allRead ? 1 : 0;
 }
 
 }  // namespace dg

@@ -30,11 +30,20 @@ struct ReportFormat {
                      ///< error stream; it is then written for a store that has no views, too
   /// Raises UsageError for an argument that is in vain, before any work is done; null for none.
   void (*check)(const std::string& argument);
-  /// Raises UsageError when the argument names nothing, or the report cannot be written.
-  void (*write)(const ReportInput& input);
+  /// Returns whether all windows were complete, those behind the rows included. Raises UsageError
+  /// when the argument names nothing, or the report cannot be written.
+  bool (*write)(const ReportInput& input);
 };
 
 /// All formats; the first is the one that needs no option.
 std::span<const ReportFormat> reportFormats();
+
+/// What a reader is told under the title of a window that is incomplete.
+inline constexpr const char* kIncomplete = "Could not be read completely: see the log.";
+/// What a reader is told of a share that was lost, and of files that could not be opened: a line
+/// each, without line ends.
+std::vector<std::string> shareWarnings(const frmTRVN& main);
+/// Whether all views are complete.
+bool areComplete(const std::vector<View*>& views);
 
 }  // namespace dg

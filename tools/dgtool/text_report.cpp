@@ -39,11 +39,17 @@ class DetailWriter final : public DetailVisitor {
         !caption.empty() && caption != titleOf(window)) {
       out_ << blanks << terminalText(caption) << '\n';
     }
+    if (window.incomplete()) out_ << blanks << kIncomplete << '\n';
+    complete_ = complete_ && !window.incomplete();
     writeFormText(out_, window, depth_ * kIndent);
   }
   void leave() override { --depth_; }
 
+  /// Whether all windows so far were.
+  bool complete() const { return complete_; }
+
  private:
+  bool complete_ = true;
   std::ostream& out_;
   std::size_t depth_ = 0;
 };
@@ -58,19 +64,23 @@ void writeHead(std::ostream& out, const frmTRVN& main) {
     place += panel;
   }
   out << terminalText(trimRight(place)) << '\n';
+  for (const std::string& line : shareWarnings(main))
+    out << terminalText(line) << '\n';
 }
 
 }  // namespace
 
-void writeTextReport(const ReportInput& input) {
+bool writeTextReport(const ReportInput& input) {
   writeHead(input.out, input.main);
   DetailWriter detailWriter(input.out);
   DetailRecorder recorder(detailWriter);
   for (View* view : input.views) {
     writeTitle(input.out, titleOf(*view));
+    if (view->incomplete()) input.out << kIncomplete << "\n\n";
     writeFormText(input.out, *view);
     if (input.details) recorder.clickThrough(*view);
   }
+  return areComplete(input.views) && detailWriter.complete();
 }
 
 }  // namespace dg

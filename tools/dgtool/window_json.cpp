@@ -76,6 +76,7 @@ Json windowJson(const Form& form) {
   window["hidden"] = std::move(hidden);
   window["combos"] = std::move(combos);
   window["grids"] = std::move(grids);
+  if (form.incomplete()) window["incomplete"] = true;
   return window;
 }
 

@@ -59,10 +59,12 @@ void writeViewSheets(Workbook& book, const View& view) {
   for (const auto& control : view.controls()) {
     if (const auto* grid = dynamic_cast<const Grid*>(control.get())) grids.push_back(grid);
   }
+  std::vector<std::string> notes;
+  if (view.incomplete()) notes.emplace_back(kIncomplete);
   for (const Grid* grid : grids) {
     std::string title = titleOf(view);
     if (grids.size() > 1 && !grid->heading().empty()) title = grid->heading();
-    book.addGrid(title, *grid, allRows(*grid));
+    book.addGrid(title, *grid, allRows(*grid), notes);
   }
 }
 
@@ -76,7 +78,7 @@ void checkWorkbookPath(const std::string& file) {
   }
 }
 
-void writeXlsxReport(const ReportInput& input) {
+bool writeXlsxReport(const ReportInput& input) {
   try {
     Workbook book;
     book.setTitle(std::string(kProgramName) + " - " +
@@ -90,6 +92,7 @@ void writeXlsxReport(const ReportInput& input) {
   } catch (const ExportError& error) {
     throw UsageError(error.what());
   }
+  return areComplete(input.views);
 }
 
 }  // namespace dg

@@ -9,7 +9,7 @@ namespace dg {
 /// Writes a workbook to the file that the argument names: the recap, then a sheet for each grid of
 /// the views, with real numbers and dates. The file is replaced in one step when it is complete.
 /// Raises UsageError when it cannot be written.
-void writeXlsxReport(const ReportInput& input);
+bool writeXlsxReport(const ReportInput& input);
 
 /// Raises UsageError when a workbook cannot be written at this path: before the work is done.
 void checkWorkbookPath(const std::string& file);

@@ -106,7 +106,7 @@ frmInv::frmInv()
 void frmInv::Form_Load() {
   showProgress("Loading Inventory...");
   trapView(
-      "Error in frmInv GetLineData routine ", [this] { GetLineData(); },
+      *this, "Error in frmInv GetLineData routine ", [this] { GetLineData(); },
       [] { markRecapError(Figure::kPartsInventory); });
 }
 

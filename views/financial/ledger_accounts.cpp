@@ -133,7 +133,7 @@ void LedgerAccounts::Form_Load() {
 
 void LedgerAccounts::loadData() {
   trapView(
-      kind_.dataFailure, [this] { GetGLData(); }, [this] { markRecapError(kind_.figure); });
+      *this, kind_.dataFailure, [this] { GetGLData(); }, [this] { markRecapError(kind_.figure); });
 }
 
 void LedgerAccounts::cmdCashSetup_Click() {
@@ -217,6 +217,7 @@ double LedgerAccounts::GetGLBalance(const std::string& key, std::int32_t account
         result = cents / 100;
       },
       [&](const RunTimeError& error) {
+        markIncomplete();
         logLine("*" + std::string(kind_.balanceFailure) +
                 "error # :  " + std::to_string(error.number()) + "  \r\n" + error.description() +
                 "  at line :0\r\n" + "gldtl record =" + std::to_string(record) +

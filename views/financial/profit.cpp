@@ -106,7 +106,7 @@ frmProfit::frmProfit()
 void frmProfit::Form_Load() {
   showProgress("Loading Profit Data...");
   // This view marks no recap label: after a failure the block simply stays empty.
-  trapView("Error in frmProfit GetProfit routine ", [this] { GetProfit(); });
+  trapView(*this, "Error in frmProfit GetProfit routine ", [this] { GetProfit(); });
 }
 
 void frmProfit::GetProfit() {

@@ -97,7 +97,7 @@ frmPo::frmPo()
 void frmPo::Form_Load() {
   showProgress("Loading Purchase Orders...");
   trapView(
-      "Error in frmPO GetPO routine ", [this] { GetPO(); },
+      *this, "Error in frmPO GetPO routine ", [this] { GetPO(); },
       [] { markRecapError(Figure::kPurchaseOrders); });
 }
 
@@ -159,8 +159,8 @@ void frmPo::ShowPODetail(const std::string& name, int bookmark) {
     if (!document) return;
     const std::int32_t lines = document->lastRecord() - VendorDocument::kTotalRecord;
     const double step = lines != 0 ? 100.0 / lines : 0;
-    const StatementRunner ignoringErrors = [](const std::function<void()>& statement) {
-      suppressErrors(statement);
+    const StatementRunner ignoringErrors = [&](const std::function<void()>& statement) {
+      if (!suppressErrors(statement)) detail.markIncomplete();
     };
     fillDocumentDetail(detail, *document, grdPO, bookmark, ignoringErrors, [&] {
       if (pb1.value() > 99) pb1.setValue(99);

@@ -71,7 +71,7 @@ frmAR::frmAR()
 void frmAR::Form_Load() {
   showProgress("Loading A/R...");
   trapView(
-      "Error in frmAr GetAR routine ", [this] { GetAR(); },
+      *this, "Error in frmAr GetAR routine ", [this] { GetAR(); },
       [] { markRecapError(Figure::kReceivables); });
 }
 

@@ -57,7 +57,7 @@ frmReturn::frmReturn()
 void frmReturn::Form_Load() {
   showProgress("Loading Returns...");
   trapView(
-      "Error in frmReturn GetReturn routine ", [this] { GetReturn(); },
+      *this, "Error in frmReturn GetReturn routine ", [this] { GetReturn(); },
       [] { markRecapError(Figure::kReturns); });
 }
 

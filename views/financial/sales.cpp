@@ -112,7 +112,7 @@ void frmSales::Form_Load() {
   showProgress("Loading Todays Sales...");
   // A failure marks the sales; the cash keeps what it has.
   trapView(
-      "Error in frmSales GetSales routine ", [this] { GetSales(); },
+      *this, "Error in frmSales GetSales routine ", [this] { GetSales(); },
       [] { markRecapError(Figure::kTodaysSales); });
 }
 

@@ -210,7 +210,7 @@ frmFp::frmFp()
 void frmFp::Form_Load() {
   showProgress("Loading Floor Plan Data...");
   trapView(
-      "Error in frmFp GetFpData routine ", [this] { GetFpData(); },
+      *this, "Error in frmFp GetFpData routine ", [this] { GetFpData(); },
       [] { markRecapError(Figure::kFloorPlan); });
 }
 

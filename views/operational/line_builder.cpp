@@ -94,7 +94,10 @@ void LineBuilder::addPage(const PageRecord& page, DisplayLine& line) {
   const std::int32_t request = format_.hasRequest ? page.requestNumber() : 0;
   for (std::int32_t number = 1; number <= count; ++number) {
     decodeLine(page.line(number), request, line);
-    lines_->push_back(line);
+    // In two steps: a copy that runs out of memory half-way would leave push_back a line to destroy
+    // that was never made.
+    lines_->emplace_back();
+    lines_->back() = line;
   }
 }
 

@@ -146,7 +146,7 @@ frmOpenSales::frmOpenSales()
 
 void frmOpenSales::Form_Load() {
   trapView(
-      "Error in frmOpenSales GetPTSData routine ", [this] { GetPTSData(); },
+      *this, "Error in frmOpenSales GetPTSData routine ", [this] { GetPTSData(); },
       [] { markRecapError(Figure::kOpenSales); });
 }
 

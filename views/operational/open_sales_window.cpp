@@ -101,6 +101,7 @@ void frmPTSDetail::showLines(std::int32_t record) {
   clsInvDetail detail;
   detail.InvoiceRec(record);
   detail.GetDetail();
+  if (detail.DetailError()) markIncomplete();
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdPTS.AddNew();
     setLineCode(grdPTS, line);

@@ -116,7 +116,7 @@ frmShop::frmShop()
 
 void frmShop::Form_Load() {
   trapView(
-      "Error in frmShop GetShopData routine ", [this] { GetShopData(); },
+      *this, "Error in frmShop GetShopData routine ", [this] { GetShopData(); },
       [] { markRecapError(Figure::kShopWork); });
 }
 

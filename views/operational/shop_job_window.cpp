@@ -203,6 +203,7 @@ void frmShopDetail::showJob(std::int32_t number) {
   clsShopDetail detail;
   detail.ShopRec(recordNumber);
   detail.GetDetail();
+  if (detail.DetailError()) markIncomplete();
   lines_ = detail.DetailReturn();
   showLines();
   if (complete) showTotals(detail);

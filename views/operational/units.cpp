@@ -211,7 +211,7 @@ frmUnits::frmUnits()
 void frmUnits::Form_Load() {
   showProgress("Loading Unit Data...");
   trapView(
-      "Error in frmUnits GetUnitData routine ", [this] { GetUnitData(); },
+      *this, "Error in frmUnits GetUnitData routine ", [this] { GetUnitData(); },
       [] { markRecapError(Figure::kUnits); });
 }
 

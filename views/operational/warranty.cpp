@@ -103,6 +103,7 @@ void frmWarrDetail::showLines(std::int32_t number) {
   clsWarrDetail detail;
   detail.ShopRef(number);
   detail.GetDetail();
+  if (detail.DetailError()) markIncomplete();
   for (const DisplayLine& line : *detail.DetailReturn()) {
     grdwd.AddNew();
     setLineCode(grdwd, line);
@@ -124,7 +125,7 @@ BilledWarranties::BilledWarranties(const std::string& form, std::span<const Colu
 void BilledWarranties::Form_Load() {
   // Both forms of the view log the same words.
   trapView(
-      "Error in frmWarranty.form load routine ", [this] { loadClaims(); },
+      *this, "Error in frmWarranty.form load routine ", [this] { loadClaims(); },
       [] { markRecapError(Figure::kWarranties); });
 }
 
@@ -165,6 +166,7 @@ void BilledWarranties::addClaim(const clsWarranty& claim, const Reference& refer
   grdWarr.set("Invoice #", claim.Billed_Inv_No);
   grdWarr.set("Cust #", claim.Cust_No);
   if (detail.DetailError()) {
+    markIncomplete();
     grdWarr.set("Name", std::string("Error in warranty detail"));
     grdWarr.set("Brand/Type", std::string());
   } else {
