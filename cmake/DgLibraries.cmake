@@ -4,6 +4,7 @@
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(CLI11 REQUIRED)
   find_package(nlohmann_json REQUIRED)
+  find_package(SQLite3 REQUIRED)
   set(DG_XLSX ON)
   if(DG_TESTS)
     find_package(GTest REQUIRED)

@@ -13,6 +13,7 @@ struct Environment {
   std::string shareRoot;     ///< folder that holds server/share/...; empty on Windows: none needed
   std::string computerName;  ///< this workstation's name
   std::string settingsFile;  ///< ini file of the per-user settings; empty: the system's own store
+  std::string dataFolder = {};  ///< what the program keeps for this user; empty: no such folder
   /// Directory of the operation log where it need not be `temp`: on Windows the value of "TEMP",
   /// set or not, while the temporary directory is what the system says.
   std::optional<std::string> logFolder = std::nullopt;
@@ -20,9 +21,10 @@ struct Environment {
 
 /// The process's environment. The first call fills it from the variables and the system: `temp`
 /// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `computerName` from
-/// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config. On
-/// Windows the user's temporary directory, the system's computer name, and the registry; no share
-/// root but by an option.
+/// $COMPUTERNAME, else the host name; `settingsFile` from $XDG_CONFIG_HOME, else ~/.config;
+/// `dataFolder` from $XDG_DATA_HOME, else ~/.local/share. On Windows the user's temporary
+/// directory, the system's computer name, the registry, and %LOCALAPPDATA%; no share root but by an
+/// option.
 Environment& environment();
 
 /// A path that the program composed with backslashes, as this platform's: UNC paths are mapped

@@ -40,6 +40,9 @@ enum class NewFileMode { kDefault, kPrivate };
 /// such folder.
 void checkReplaceable(const std::filesystem::path& file);
 
+/// Whether a file, there or not, would lie on the share, by where it or its folder really is.
+bool isOnShare(const std::filesystem::path& file);
+
 /// Replaces a local file in one step: a reader sees the old content or the new one, and a failure
 /// or an interruption leaves the old one and nothing beside it. A file that exists keeps its mode,
 /// a link to it stays one. Raises 57, 61, 70, 75 or 76. Whatever this program writes for its user

@@ -35,15 +35,17 @@ std::string homeFolder() {
   return user && user->pw_dir ? user->pw_dir : "";
 }
 
-std::string settingsFile() {
-  std::string folder = variable("XDG_CONFIG_HOME");
-  // A relative folder there counts as none, by that variable's own rules.
-  if (folder.empty() || folder.front() != '/') {
-    const std::string home = homeFolder();
-    if (home.empty()) return {};
-    folder = home + "/.config";
-  }
-  return folder + "/DealerGauge.ini";
+/// The folder that a variable of the desktop's rules names, or its default below the home.
+std::string userFolder(const char* name, const char* otherwise) {
+  std::string folder = variable(name);
+  // A relative folder there counts as none, by those rules.
+  if (!folder.empty() && folder.front() == '/') return folder;
+  const std::string home = homeFolder();
+  return home.empty() ? home : home + otherwise;
+}
+
+std::string below(std::string folder, const char* name) {
+  return folder.empty() ? folder : folder + name;
 }
 
 }  // namespace
@@ -53,7 +55,8 @@ Environment environmentFromSystem() {
   found.temp = firstSet(firstSet(variable("TEMP"), variable("TMPDIR")), "/tmp");
   found.shareRoot = variable("DG_SHARE_ROOT");
   found.computerName = firstSet(variable("COMPUTERNAME"), hostName());
-  found.settingsFile = settingsFile();
+  found.settingsFile = below(userFolder("XDG_CONFIG_HOME", "/.config"), "/DealerGauge.ini");
+  found.dataFolder = below(userFolder("XDG_DATA_HOME", "/.local/share"), "/DealerGauge");
   return found;
 }
 

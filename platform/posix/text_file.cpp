@@ -145,6 +145,10 @@ void appendText(const std::string& path, std::string_view text) {
   writeFully(descriptor.get(), text);
 }
 
+bool isOnShare(const std::filesystem::path& file) {
+  return isSharePath(file.string()) || liesOnShare(behindLinks(file.string()));
+}
+
 void checkReplaceable(const std::filesystem::path& file) {
   static_cast<void>(targetOf(file.string()));
 }

@@ -29,12 +29,11 @@ std::string temporaryFolder() {
   return path;
 }
 
-/// The value of "TEMP", which the suite's programs may set apart from the system's own folder; no
-/// value is an empty one.
-std::string temporaryVariable() {
+/// The value of a variable; no value is an empty one.
+std::string variable(const char* name) {
   std::string value(32768, '\0');
   const DWORD length =
-      ::GetEnvironmentVariableA("TEMP", value.data(), static_cast<DWORD>(value.size()));
+      ::GetEnvironmentVariableA(name, value.data(), static_cast<DWORD>(value.size()));
   value.resize(length < value.size() ? length : 0);
   return value;
 }
@@ -50,7 +49,10 @@ std::string systemComputerName() {
 Environment environmentFromSystem() {
   Environment found;
   found.temp = temporaryFolder();
-  found.logFolder = temporaryVariable();
+  // The suite's programs may set it apart from the system's own folder.
+  found.logFolder = variable("TEMP");
+  const std::string local = variable("LOCALAPPDATA");
+  if (!local.empty()) found.dataFolder = local + "\\DealerGauge";
   found.computerName = systemComputerName();
   return found;
 }

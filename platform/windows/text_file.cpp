@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include "platform/environment.h"
+#include "platform/share_path.h"
 #include "platform/values/run_time_error.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/share_guard.h"
@@ -108,6 +109,14 @@ void checkReplaceable(const std::filesystem::path& file) {
   const std::filesystem::path folder = std::filesystem::absolute(target, ignored).parent_path();
   if (!std::filesystem::is_directory(folder, ignored)) throw RunTimeError(kPathNotFound);
   if (liesOnShare(target)) throw RunTimeError(kPermissionDenied);
+}
+
+bool isOnShare(const std::filesystem::path& file) {
+  std::error_code ignored;
+  const std::filesystem::path target = std::filesystem::absolute(behindLinks(file), ignored);
+  // Any other server's is one as well, behind a drive letter too.
+  return isSharePath(target.string()) ||
+         ::GetDriveTypeW(target.root_path().c_str()) == DRIVE_REMOTE || liesOnShare(target);
 }
 
 void replaceFile(const std::filesystem::path& file, std::string_view content,

@@ -2,9 +2,11 @@
 
 #include "tools/dgtool/check_command.h"
 #include "tools/dgtool/command.h"
+#include "tools/dgtool/history_command.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/report_command.h"
 #include "tools/dgtool/sample_command.h"
+#include "tools/dgtool/snapshot_command.h"
 
 namespace dg {
 
@@ -28,6 +30,8 @@ constexpr CommandEntry kCommands[] = {
     {"inspect", "files",   "List the logical files",             &make<InspectFilesCommand>},
     {"inspect", "keys",    "Walk or search a keyed index",       &make<InspectKeysCommand>},
     {"inspect", "record",  "Show one record",                    &make<InspectRecordCommand>},
+    {"",        "snapshot", "Keep today's figures in the history",         &makeWithViews<SnapshotCommand>},
+    {"",        "history", "Show the kept figures and how they changed",           &make<HistoryCommand>},
     {"",        "check",   "Examine a store's files for damage", &make<CheckCommand>},
     {"",        "sample",  "Write a complete example store",     &make<SampleCommand>},
 };

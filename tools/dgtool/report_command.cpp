@@ -4,14 +4,11 @@
 
 #include "platform/text.h"
 #include "platform/unopened_files.h"
-#include "shell/recap_figures.h"
 #include "tools/dgtool/session.h"
 
 namespace dg {
 
 namespace {
-
-constexpr std::string_view kRecap = "frmRecap";
 
 /// The views as the catalogue spells them, whatever the case on the command line.
 std::vector<std::string> knownViews(const std::vector<std::string>& wanted,
@@ -69,19 +66,6 @@ void click(const std::vector<View*>& views, const HeadClick& click) {
     return;
   }
   throw UsageError("--click: the view " + click.view + " is not loaded");
-}
-
-bool anyDataError(const frmTRVN& main) {
-  const View* recap = main.view(kRecap);
-  return std::ranges::any_of(recapFigures(), [recap](const RecapFigure& figure) {
-    return isFigureInError(recap, figure.figure);
-  });
-}
-
-/// Whether the load, and the refresh after it, came to their end: showing a view is their last
-/// step.
-bool isComplete(const frmTRVN& main) {
-  return main.CurrentView() != nullptr && main.CurrentView()->visible();
 }
 
 }  // namespace
@@ -171,7 +155,7 @@ int ReportCommand::run(const Console& console) {
   if (!format_->hasMessages) session.complain();
   if (!main.lostShare().empty()) throw UsageError("the store cannot be reached any more");
   const bool allRead = complete && unopenedFiles().count == 0;
-  return anyDataError(main) || !isComplete(main) || !allRead ? 1 : 0;
+  return session.isWhole() && allRead ? 0 : 1;
 }
 
 }  // namespace dg

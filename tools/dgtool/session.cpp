@@ -1,5 +1,6 @@
 #include "tools/dgtool/session.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "engine/catalog_configuration.h"
@@ -7,6 +8,7 @@
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "shell/main.h"
+#include "shell/recap_figures.h"
 #include "shell/splash.h"
 
 namespace dg {
@@ -82,6 +84,17 @@ void Session::refresh() {
 
 bool Session::storeReachable() const {
   return SharedEngine != nullptr;
+}
+
+bool Session::isWhole() const {
+  if (!main_) return false;
+  const View* recap = main_->view("frmRecap");
+  const bool failed = std::ranges::any_of(recapFigures(), [recap](const RecapFigure& figure) {
+    return isFigureInError(recap, figure.figure);
+  });
+  // Showing a view is the last step of a load.
+  const View* shown = main_->CurrentView();
+  return !failed && shown != nullptr && shown->visible();
 }
 
 void Session::complain() const {

@@ -44,6 +44,10 @@ class Session {
   /// Whether there is an engine: the catalog file was found and the share answered.
   bool storeReachable() const;
 
+  /// Whether the load, and the refresh after it, came to their end, and no view ended in "Data
+  /// Error !".
+  bool isWhole() const;
+
   /// The message boxes so far, in order.
   const std::vector<MessageBox>& messages() const { return messages_; }
   /// This run's log entries that begin with "*".

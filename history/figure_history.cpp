@@ -1,0 +1,60 @@
+#include "history/figure_history.h"
+
+#include <algorithm>
+
+#include "platform/values/format.h"
+
+namespace dg {
+
+namespace {
+
+constexpr std::string_view kMoneyMask = "$#,###,##0.00";
+constexpr std::string_view kRateMask = "0.00%";
+
+std::string masked(Currency amount, FigureKind kind) {
+  return kind == FigureKind::kRate ? Format(amount.toDouble(), kRateMask)
+                                   : Format(amount, kMoneyMask);
+}
+
+}  // namespace
+
+const RecapFigure* recapFigureOf(const FigureName& figure) {
+  if (figure.source != FigureSource::kRecap) return nullptr;
+  const std::span<const RecapFigure> figures = recapFigures();
+  const auto found = std::ranges::find(figures, figure.name, &RecapFigure::name);
+  return found == figures.end() ? nullptr : &*found;
+}
+
+std::vector<FigureName> keptFigures(const History& history, const StoreKey& store) {
+  std::vector<FigureName> figures = history.figures(store);
+  // A figure of the recap that this version does not know has no place there.
+  std::erase_if(figures, [](const FigureName& figure) {
+    return figure.source == FigureSource::kRecap && recapFigureOf(figure) == nullptr;
+  });
+  std::ranges::stable_sort(figures, {}, [](const FigureName& figure) {
+    const RecapFigure* recap = recapFigureOf(figure);
+    return recap == nullptr ? kRecapLabels : recap->index();
+  });
+  return figures;
+}
+
+FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure) {
+  FigureHistory result{.figure = figure,
+                       .recap = recapFigureOf(figure),
+                       .values = history.values(store, figure),
+                       .changes = {}};
+  result.changes = changesOf(result.values);
+  return result;
+}
+
+std::string amountText(Currency amount, FigureKind kind) {
+  return masked(amount, kind);
+}
+
+std::string changeText(Currency amount, FigureKind kind) {
+  const std::string text = masked(amount, kind);
+  const bool shrank = text.starts_with('-');
+  return shrank || amount == Currency() ? text : "+" + text;
+}
+
+}  // namespace dg

@@ -1,0 +1,35 @@
+#include "history/snapshot.h"
+
+#include "engine/state.h"
+#include "platform/text.h"
+#include "shell/recap_figures.h"
+
+namespace dg {
+
+namespace {
+
+/// A name out of the catalog file, which anybody may have written: one line of UTF-8.
+std::string nameText(std::string_view bytes) {
+  return utf8FromBytes(trim(withoutControls(bytes)));
+}
+
+}  // namespace
+
+StoreKey currentStore() {
+  if (!SystemInfo) return {};
+  return {.server = nameText(SystemInfo->mUNCDrive), .directory = nameText(SystemInfo->mDirectory)};
+}
+
+std::vector<KeptFigure> recapSnapshot(const Form* recap) {
+  std::vector<KeptFigure> result;
+  for (const RecapFigure& figure : recapFigures()) {
+    if (const auto value = figureValue(recap, figure.figure)) {
+      result.push_back({.figure = {FigureSource::kRecap, std::string(figure.name)},
+                        .amount = *value,
+                        .count = std::nullopt});
+    }
+  }
+  return result;
+}
+
+}  // namespace dg
