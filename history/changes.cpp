@@ -56,8 +56,7 @@ std::optional<Change> changeFrom(const std::optional<KeptValue>& older, const Ke
 Date monthsBefore(Date day, int months) {
   const int month = day.year() * kMonthsOfYear + day.month() - 1 - months;
   for (int last = day.day();; --last) {
-    const auto found =
-        Date::fromCalendar(month / kMonthsOfYear, month % kMonthsOfYear + 1, last);
+    const auto found = Date::fromCalendar(month / kMonthsOfYear, month % kMonthsOfYear + 1, last);
     // Before the years that there are, nothing is kept either.
     if (found || last == 1) return found.value_or(kFirst);
   }

@@ -48,9 +48,7 @@ Database::Database(const std::filesystem::path& file, DatabaseAccess access)
     : name_(utf8Path(file)) {
   const int create = access == DatabaseAccess::kCreate ? SQLITE_OPEN_CREATE : 0;
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(name_.c_str(), &opened,
-                                   SQLITE_OPEN_READWRITE | create,
-                                   nullptr);
+  const int code = sqlite3_open_v2(name_.c_str(), &opened, SQLITE_OPEN_READWRITE | create, nullptr);
   handle_.reset(opened);
   if (code != SQLITE_OK) fail(code);
   sqlite3_busy_timeout(opened, kPatience);
@@ -85,8 +83,8 @@ void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
 
 Statement::Statement(const Database& database, std::string_view text) : database_(database) {
   sqlite3_stmt* prepared = nullptr;
-  const int code = sqlite3_prepare_v2(database.handle(), text.data(),
-                                      static_cast<int>(text.size()), &prepared, nullptr);
+  const int code = sqlite3_prepare_v2(database.handle(), text.data(), static_cast<int>(text.size()),
+                                      &prepared, nullptr);
   statement_.reset(prepared);
   if (code != SQLITE_OK) database.fail(code);
 }

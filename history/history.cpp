@@ -59,9 +59,8 @@ void makeFolder(const fs::path& folder) {
 std::optional<KeptValue> valueFrom(const Statement& row) {
   const std::optional<Date> day = Date::fromIso(row.text(0));
   if (!day) return std::nullopt;
-  KeptValue value{.day = *day,
-                  .amount = Currency::fromTenThousandths(row.integer(1)),
-                  .count = std::nullopt};
+  KeptValue value{
+      .day = *day, .amount = Currency::fromTenThousandths(row.integer(1)), .count = std::nullopt};
   if (!row.isNull(2)) value.count = row.integer(2);
   return value;
 }
@@ -212,8 +211,8 @@ std::vector<KeptValue> History::values(const StoreKey& store, const FigureName& 
 
 std::optional<KeptValue> History::last(const StoreKey& store, const FigureName& figure,
                                        Date notAfter, Date notBefore) const {
-  Statement query = valuesOf(*database_, "AND day BETWEEN ? AND ? ORDER BY day DESC LIMIT 1",
-                             store, figure);
+  Statement query =
+      valuesOf(*database_, "AND day BETWEEN ? AND ? ORDER BY day DESC LIMIT 1", store, figure);
   query.bind(notBefore.isoText()).bind(notAfter.isoText());
   if (!query.step()) return std::nullopt;
   return valueFrom(query);

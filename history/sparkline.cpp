@@ -14,8 +14,7 @@ constexpr std::string_view kBlocks[] = {"▁", "▂", "▃", "▄", "▅", "▆"
 
 }  // namespace
 
-std::string sparkline(std::span<const KeptValue> values, Date first, Date last,
-                      std::size_t width) {
+std::string sparkline(std::span<const KeptValue> values, Date first, Date last, std::size_t width) {
   if (last < first) return {};
   const auto days = static_cast<std::size_t>(last.days() - first.days()) + 1;
   const std::size_t places = std::min(days, width);

@@ -51,7 +51,8 @@ TEST(DgtoolCommandLineTest, AWrongCommandLineIsToldAndHasItsOwnStatus) {
     const char* complaint;
   } kCases[] = {
       {{}, "subcommand"},
-      {{"reprot"}, "no command reprot; the commands are report inspect check sample"},
+      {{"reprot"},
+       "no command reprot; the commands are report inspect snapshot history check sample"},
       {{"inspect"}, "subcommand"},
       {{"report", "--nonsense"}, "--nonsense"},
       {{"report", "frmGLA"}, "frmGLA"},

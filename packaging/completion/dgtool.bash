@@ -8,6 +8,8 @@ _dgtool_options() {
     'inspect files') echo "--json $store" ;;
     'inspect keys') echo "--find --last --reverse --limit --json $store" ;;
     'inspect record') echo "--as --hex --json $store" ;;
+    snapshot) echo "--history $store" ;;
+    history) echo "--history --figure --since --json --csv $store" ;;
     check) echo "--quick --json --limit $store" ;;
     sample) echo '--seed --scale --as-of --warranty-segments' ;;
   esac
@@ -16,7 +18,7 @@ _dgtool_options() {
 
 _dgtool_commands() {
   case $1 in
-    '') echo 'report inspect check sample' ;;
+    '') echo 'report inspect snapshot history check sample' ;;
     inspect) echo 'files keys record' ;;
   esac
 }
@@ -32,7 +34,7 @@ _dgtool() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     word=${COMP_WORDS[i]}
     case "$command $word" in
-      ' report' | ' inspect' | ' check' | ' sample') command=$word ;;
+      ' report' | ' inspect' | ' snapshot' | ' history' | ' check' | ' sample') command=$word ;;
       'inspect files' | 'inspect keys' | 'inspect record') command="inspect $word" ;;
     esac
   done
@@ -47,12 +49,12 @@ _dgtool() {
       mapfile -t COMPREPLY < <(compgen -d -- "$current")
       return
       ;;
-    --settings | --xlsx)
+    --settings | --xlsx | --history)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$current")
       return
       ;;
-    --click | --csv | --computer | --as-of | --find | --limit | --as | --seed | --scale)
+    --click | --csv | --figure | --since | --computer | --as-of | --find | --limit | --as | --seed | --scale)
       return
       ;;
   esac
