@@ -2,6 +2,7 @@
 
 #include "engine/state.h"
 #include "platform/text.h"
+#include "platform/unopened_files.h"
 #include "shell/recap_figures.h"
 
 namespace dg {
@@ -20,9 +21,16 @@ StoreKey currentStore() {
   return {.server = nameText(SystemInfo->mUNCDrive), .directory = nameText(SystemInfo->mDirectory)};
 }
 
-std::vector<KeptFigure> recapSnapshot(const Form* recap) {
+bool canBeKept(const frmTRVN& main) {
+  return !main.loading() && main.lostShare().empty() && unopenedFiles().count == 0;
+}
+
+std::vector<KeptFigure> recapSnapshot(const frmTRVN& main) {
+  const View* recap = main.view("frmRecap");
   std::vector<KeptFigure> result;
   for (const RecapFigure& figure : recapFigures()) {
+    const View* view = main.view(figure.view);
+    if (view != nullptr && view->incomplete()) continue;
     if (const auto value = figureValue(recap, figure.figure)) {
       result.push_back({.figure = {FigureSource::kRecap, std::string(figure.name)},
                         .amount = *value,

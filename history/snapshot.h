@@ -2,15 +2,21 @@
 
 #include <vector>
 
-#include "forms/form.h"
 #include "history/kept_figure.h"
+#include "shell/main_window.h"
 
 namespace dg {
 
 /// The store that the engine has found: server and directory by the catalog.
 StoreKey currentStore();
 
-/// The figures that a recap shows now, by the recap's table. What is empty or in error is missing.
-std::vector<KeptFigure> recapSnapshot(const Form* recap);
+/// Whether the figures of the last load or refresh can be trusted as a whole: the share was there
+/// until its end, and no file was left out because it could not be opened. Others would be kept as
+/// totals that are too small.
+bool canBeKept(const frmTRVN& main);
+
+/// The figures that the recap shows now. What is empty or in error is missing, and so is what comes
+/// from a view that could not be read to its end.
+std::vector<KeptFigure> recapSnapshot(const frmTRVN& main);
 
 }  // namespace dg

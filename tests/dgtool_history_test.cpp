@@ -61,9 +61,9 @@ TEST_F(DgtoolHistoryTest, SnapshotsBecomeDaysAndChanges) {
   EXPECT_EQ(figure["name"], "Accounts Receivable");
   EXPECT_EQ(figure["values"].size(), 3U);
   EXPECT_EQ(figure["values"][2], (nlohmann::json{{"day", "2026-11-23"}, {"amount", "-5"}}));
-  EXPECT_EQ(figure["changes"]["day"],
-            (nlohmann::json{
-                {"from", "2026-11-21"}, {"amount", "-498784.84"}, {"percent", "-100.00"}}));
+  EXPECT_EQ(
+      figure["changes"]["day"],
+      (nlohmann::json{{"from", "2026-11-21"}, {"amount", "-498784.84"}, {"percent", "-100.00"}}));
   EXPECT_TRUE(figure["changes"]["week"].is_null());
   EXPECT_EQ(all["figures"][1]["values"][0]["amount"], "-0.249");
 

@@ -67,8 +67,8 @@ class HistoryTest : public testing::Test {
 TEST_F(HistoryTest, ADayIsReplacedFigureByFigureAndStoresStandApart) {
   EXPECT_FALSE(History::open(file_));
   History history = History::create(folder_.file("new/folder/history.sqlite"));
-  history.keep(store_, day("2026-11-24"), std::array{KeptFigure{kUnits, cents(100), {}},
-                                                     KeptFigure{kOldJobs, cents(5), 2}});
+  history.keep(store_, day("2026-11-24"),
+               std::array{KeptFigure{kUnits, cents(100), {}}, KeptFigure{kOldJobs, cents(5), 2}});
   // The clock goes back; a figure in error is not given, and the morning's stays.
   history.keep(store_, day("2026-11-20"), std::array{KeptFigure{kUnits, cents(-1), {}}});
   history.keep(store_, day("2026-11-24"), std::array{KeptFigure{kOldJobs, cents(6), 3}});
@@ -77,8 +77,8 @@ TEST_F(HistoryTest, ADayIsReplacedFigureByFigureAndStoresStandApart) {
   const StoreKey hostile{"'; DROP TABLE stores; --", "\xC3\x9C\n"};
   history.keep(hostile, day("2026-11-24"), std::array{KeptFigure{kUnits, cents(7), {}}});
 
-  EXPECT_EQ(kept(history, store_), (std::vector<std::string>{"2026-11-20 -0.01", "2026-11-24 1",
-                                                             "2026-11-25 0"}));
+  EXPECT_EQ(kept(history, store_),
+            (std::vector<std::string>{"2026-11-20 -0.01", "2026-11-24 1", "2026-11-25 0"}));
   EXPECT_EQ(kept(history, store_, kOldJobs), std::vector<std::string>{"2026-11-24 0.06 x3"});
   EXPECT_EQ(history.days(store_).size(), 3U);
   EXPECT_EQ(history.last(store_, kUnits, day("2026-11-23"))->day, day("2026-11-20"));
@@ -110,7 +110,8 @@ TEST_F(HistoryTest, WhatIsNoHistoryIsToldAndLeftAlone) {
   EXPECT_THAT(complaint(file_), HasSubstr("is no history"));
 
   std::filesystem::remove(file_);
-  Database(file_, DatabaseAccess::kCreate).run("CREATE TABLE mine (x); INSERT INTO mine VALUES (1)");
+  Database(file_, DatabaseAccess::kCreate)
+      .run("CREATE TABLE mine (x); INSERT INTO mine VALUES (1)");
   EXPECT_THAT(complaint(file_), HasSubstr("is no history"));
 
   std::filesystem::remove(file_);

@@ -4,6 +4,7 @@
 #include "history/snapshot.h"
 #include "platform/clock.h"
 #include "tools/dgtool/history_option.h"
+#include "tools/dgtool/report_format.h"
 #include "tools/dgtool/session.h"
 
 namespace dg {
@@ -19,15 +20,19 @@ int SnapshotCommand::run(const Console& console) {
   // A file that cannot be used is told before the long work.
   History::open(file);
   const frmTRVN& main = session.load(catalogue_, {});
+  for (const std::string& line : shareWarnings(main))
+    console.complain(line);
   session.complain();
   if (!session.storeReachable()) throw UsageError("the store cannot be reached");
+  if (!main.lostShare().empty()) throw UsageError("the store cannot be reached any more");
   const StoreKey store = currentStore();
-  const std::vector<KeptFigure> figures = recapSnapshot(main.view("frmRecap"));
   const Date today(now().days());
+  std::vector<KeptFigure> figures;
+  if (canBeKept(main)) figures = recapSnapshot(main);
   if (!figures.empty()) History::create(file).keep(store, today, figures);
   console.out << storeName(store) << ", " << today.isoText() << ": " << figures.size()
               << (figures.size() == 1 ? " figure kept\n" : " figures kept\n");
-  return session.isWhole() ? 0 : 1;
+  return session.isWhole() && areComplete(main.loadedViews()) && canBeKept(main) ? 0 : 1;
 }
 
 }  // namespace dg
