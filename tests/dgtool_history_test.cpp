@@ -15,9 +15,9 @@ class DgtoolHistoryTest : public testing::Test {
  protected:
   DgtoolHistoryTest() {
     tool_.addView("frmAR", [this](TestView& view) {
-      view.onLoad = [this] {
+      view.onLoad = [this, &view] {
         trapView(
-            "Error in frmAr GetAR routine ",
+            view, "Error in frmAr GetAR routine ",
             [this] {
               if (receivables_.empty()) throw RunTimeError(kTypeMismatch);
               writeRecap(Figure::kReceivables, receivables_);
