@@ -6,12 +6,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <new>
 
 #include "desktop/window/desktop_presenter.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/resources.h"
 #include "desktop/window/shutdown_signals.h"
+#include "platform/out_of_memory.h"
 #include "shell/main.h"
 #include "shell/splash.h"
 #include "shell/surroundings.h"
@@ -42,6 +44,30 @@ void reportNoDisplay(QtMsgType type, const QMessageLogContext& context, const QS
   std::_Exit(kNoDisplay);
 }
 
+/// Ends the program where memory runs out in an event: Qt's own loops pass no exception on.
+class Application final : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+      endOutOfMemory();
+    }
+  }
+
+ private:
+  [[noreturn]] static void endOutOfMemory() {
+    tellOutOfMemory(kProgramName);
+    try {
+      showMessageBox({.title = {}, .text = "Out of memory", .style = kCritical});
+    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): it has been told
+    }
+    std::_Exit(kOutOfMemoryStatus);
+  }
+};
+
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
 #ifdef Q_OS_WIN
   // Follow the user's choice of dark mode, window frames included.
@@ -51,7 +77,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   QApplication::setStyle(QStringLiteral("Fusion"));
 #endif
   defaultHandler = qInstallMessageHandler(&reportNoDisplay);
-  auto application = std::make_unique<QApplication>(argc, argv);
+  auto application = std::make_unique<Application>(argc, argv);
   qInstallMessageHandler(defaultHandler);
   return application;
 }
@@ -97,6 +123,7 @@ void endProgram(const DesktopPresenter& presenter) {
 }
 
 int runDesktop(int argc, char** argv) {
+  endWhenOutOfMemory(kProgramName, kOutOfMemoryStatus);
   const std::string tail = commandTail(argc, argv);
   // The token is all that the program takes; Qt's own options stay in environment variables.
   int ownCount = 1;

@@ -8,6 +8,7 @@ namespace dg {
 inline constexpr int kStarted = 0;
 inline constexpr int kRefused = 1;    ///< the launch token was not given
 inline constexpr int kNoDisplay = 2;  ///< there is no display to show windows on
+inline constexpr int kOutOfMemoryStatus = 2;
 
 /// Everything behind the program's name on the command line, as one text.
 std::string commandTail(int argc, char** argv);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <iostream>
+#include <new>
 #include <utility>
 
+#include "platform/out_of_memory.h"
 #include "platform/values/run_time_error.h"
 #include "tools/dgtool/command.h"
 #include "tools/dgtool/terminal.h"
@@ -14,6 +16,7 @@ namespace dg {
 namespace {
 
 constexpr int kWrong = 2;
+constexpr const char* kProgram = "dgtool";
 constexpr const char* kVersion = "dgtool " DG_VERSION;
 
 constexpr const char* kFooter =
@@ -86,10 +89,8 @@ class CommandLine {
   std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
 };
 
-}  // namespace
-
-int runDgtool(const std::vector<std::string>& arguments, const Console& console,
-              const ViewCatalogue& catalogue) {
+int runCommandLine(const std::vector<std::string>& arguments, const Console& console,
+                   const ViewCatalogue& catalogue) {
   CommandLine commandLine(catalogue);
   try {
     const int status = commandLine.run(arguments, console);
@@ -97,6 +98,17 @@ int runDgtool(const std::vector<std::string>& arguments, const Console& console,
     return status;
   } catch (const CLI::ParseError& error) {
     return commandLine.exit(error, console);
+  }
+}
+
+}  // namespace
+
+int runDgtool(const std::vector<std::string>& arguments, const Console& console,
+              const ViewCatalogue& catalogue) {
+  try {
+    return runCommandLine(arguments, console, catalogue);
+  } catch (const std::bad_alloc&) {
+    tellOutOfMemory(kProgram);
   } catch (const UsageError& error) {
     console.err << "dgtool: " << error.what() << '\n';
   } catch (const RunTimeError& error) {
@@ -108,6 +120,7 @@ int runDgtool(const std::vector<std::string>& arguments, const Console& console,
 }
 
 int runDgtool(int argc, char** argv) {
+  endWhenOutOfMemory(kProgram, kWrong);
   makeOutputBinary();
   const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
   const Console console{std::cout, std::cerr, errorStreamIsTerminal()};
