@@ -108,7 +108,7 @@ std::shared_ptr<cLogicalFile> LogicalFileArgument::resolve() const {
 cBusinessBasic::cBusinessBasic() {
   MaskTable = kDefaultMaskTable;
   if (!SystemInfo) throw RunTimeError(kObjectNotSet);
-  const std::string linkShare = "\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\";
+  const std::string linkShare = SystemInfo->linkShare();
   if (!shareIsReachable(linkShare)) {
     MsgBox("You are attempting to connect to: " + linkShare +
                " and this shows to be an invalid network share",

@@ -21,14 +21,13 @@ constexpr const char* kSection = "eZ-Lines";
 /// Longer values are cut to what fits, less a closing NUL.
 constexpr std::size_t kValueBuffer = 100;
 
-/// The file's path as the program composes paths, with a backslash.
+}  // namespace
+
 std::string catalogPath() {
   std::string path = environment().temp;
   if (path.empty() || (path.back() != '\\' && path.back() != '/')) path += '\\';
   return path + kCatalogFileName;
 }
-
-}  // namespace
 
 bool readCatalogFile() {
   EpcInfo = std::make_shared<cEpcInfo>();

@@ -142,7 +142,7 @@ std::string directoryFilePath(const std::string& ResolutionFile) {
   if (!SystemInfo) throw RunTimeError(kObjectNotSet);
   std::string path = ResolutionFile;
   std::replace(path.begin(), path.end(), ':', '\\');
-  return "\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\" + path;
+  return SystemInfo->linkShare() + path;
 }
 
 std::string dataFilePath(const std::string& directoryFile) {

@@ -15,7 +15,9 @@ class cSystem {
   std::string IP;            ///< its IPv4 address in dotted form
 
   /// "\\server\VLMRLNK\directory", with no closing backslash.
-  std::string VLMRLNK() const { return "\\\\" + mUNCDrive + "\\VLMRLNK\\" + mDirectory; }
+  std::string VLMRLNK() const { return linkShare() + mDirectory; }
+  /// "\\server\VLMRLNK\": the root of the share that has the store directories.
+  std::string linkShare() const { return "\\\\" + mUNCDrive + "\\VLMRLNK\\"; }
   /// "\\server\CATCON\".
   std::string CATCON() const { return "\\\\" + mUNCDrive + "\\CATCON\\"; }
 };

@@ -14,7 +14,8 @@ int endStatus = EXIT_FAILURE;
 
 [[noreturn]] void end() {
   try {
-    if (const std::exception_ptr failure = std::current_exception()) std::rethrow_exception(failure);
+    if (const std::exception_ptr failure = std::current_exception())
+      std::rethrow_exception(failure);
   } catch (const std::bad_alloc&) {
     tellOutOfMemory(programName);
     std::_Exit(endStatus);

@@ -138,7 +138,14 @@ frmTRVN::frmTRVN(const ViewCatalogue& catalogue, std::vector<std::string> only)
 frmTRVN::~frmTRVN() = default;
 
 void frmTRVN::Form_Load() {
-  const Raised loading(loading_);
+  {
+    const Raised loading(loading_);
+    load();
+  }
+  loadEnded.emit();
+}
+
+void frmTRVN::load() {
   const ReadAheadScope keeping;
   forgetUnopenedFiles();
   trapErrors([this] { loadSteps(); },
@@ -225,7 +232,14 @@ void frmTRVN::settree() {
 
 void frmTRVN::ReLoadBm() {
   if (loading_) return;
-  const Raised loading(loading_);
+  {
+    const Raised loading(loading_);
+    refresh();
+  }
+  loadEnded.emit();
+}
+
+void frmTRVN::refresh() {
   const ReadAheadScope keeping;
   forgetUnopenedFiles();
   trapErrors([this] { refreshSteps(); },
@@ -243,7 +257,7 @@ void frmTRVN::ReLoadBm() {
 void frmTRVN::lookForShare() {
   lostShare_.clear();
   if (!SystemInfo || !SharedEngine) return;
-  const std::string root = "\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\";
+  const std::string root = SystemInfo->linkShare();
   if (!shareIsReachable(root)) lostShare_ = root;
 }
 

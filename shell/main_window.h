@@ -96,13 +96,16 @@ class frmTRVN final : public Form {
   std::string LastError;
 
   Signal<View*> viewShown;          ///< another view is on show
+  Signal<> loadEnded;               ///< a load or refresh is over, whatever came of it
   std::function<void()> onExit;     ///< File/Exit; empty: Form_Unload
   std::function<void()> onHelp;     ///< Help
   std::function<void()> onViewLog;  ///< View Log File, and a click on a recap label in error
   std::function<void()> onAbout;
 
  private:
+  void load();
   void loadSteps();
+  void refresh();
   void refreshSteps();
   void fillStatusBar();
   void lookForShare();

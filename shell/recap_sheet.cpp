@@ -23,6 +23,16 @@ Label& recapLabel(Figure figure) {
   return recapSheet().lblRecap(static_cast<int>(figure));
 }
 
+std::optional<Date> figuresMoment() {
+  return loadedSheet != nullptr ? loadedSheet->compiled : std::nullopt;
+}
+
+std::string figuresAsOf() {
+  const std::optional<Date> moment = figuresMoment();
+  if (!moment) return {};
+  return "Figures as of " + moment->shortDateText() + " " + moment->longTimeText();
+}
+
 void writeRecap(Figure figure, const std::string& caption) {
   Label& label = recapLabel(figure);
   label.setForeColor(kBlack);

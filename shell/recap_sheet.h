@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "forms/label.h"
+#include "platform/values/date.h"
 #include "shell/recap_figures.h"
 
 namespace dg {
@@ -20,6 +22,9 @@ class RecapSheet {
 
   /// Opens the log viewer; a click on a label in error asks for it. Set by the main window.
   std::function<void()> onViewLog;
+
+  /// When the load or refresh began that all figures are of; set by the recap's own load.
+  std::optional<Date> compiled;
 };
 
 /// The recap that is loaded; raises 91 when none is.
@@ -27,6 +32,11 @@ RecapSheet& recapSheet();
 /// The label of a figure there.
 Label& recapLabel(Figure figure);
 void setRecapSheet(RecapSheet* sheet);
+/// When the load or refresh began that the figures are of; none before a load.
+std::optional<Date> figuresMoment();
+/// "Figures as of 11/24/26 10:30:00 AM", for whatever shows figures away from the recap; empty
+/// before a load.
+std::string figuresAsOf();
 
 /// Writes a view's total and repaints it.
 void writeRecap(Figure figure, const std::string& caption);

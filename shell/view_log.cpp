@@ -10,9 +10,10 @@ namespace {
 
 constexpr Place kSheet[] = {
     {.control = "Label1", .row = 0, .columnSpan = 2},
-    {.control = "rtb1", .row = 1, .columnSpan = 2},
-    {.control = "cmdPrint", .row = 2, .column = 0},
-    {.control = "cmdExit", .row = 2, .column = 1},
+    {.control = "lblEmpty", .row = 1, .columnSpan = 2},
+    {.control = "rtb1", .row = 2, .columnSpan = 2},
+    {.control = "cmdPrint", .row = 3, .column = 0},
+    {.control = "cmdExit", .row = 3, .column = 1},
 };
 
 }  // namespace
@@ -20,6 +21,7 @@ constexpr Place kSheet[] = {
 frmViewLog::frmViewLog()
     : Form("frmViewLog", "View Log File"),
       Label1(add<Label>("Label1")),
+      lblEmpty(add<Label>("lblEmpty", "", LabelRole::kHint)),
       rtb1(add<TextArea>("rtb1")),
       cmdPrint(add<Button>("cmdPrint", "&Print")),
       cmdExit(add<Button>("cmdExit", "E&xit")) {
@@ -36,7 +38,13 @@ frmViewLog::frmViewLog()
 void frmViewLog::Form_Load() {
   Label1.setCaption(gsLogFile);
   Label1.Refresh();
-  suppressErrors([this] { rtb1.setText(readWholeFile(gsLogFile)); });
+  trapErrors([this] { rtb1.setText(readWholeFile(gsLogFile)); },
+             [this](const RunTimeError& error) {
+               lblEmpty.setCaption("The log cannot be read: " + error.description() + ".");
+             });
+  if (logFailure()) {
+    lblEmpty.setCaption("The log cannot be written: " + logFailure()->description() + ".");
+  }
 }
 
 void showLogViewer() {

@@ -12,11 +12,12 @@ class frmViewLog final : public Form {
  public:
   frmViewLog();
 
-  /// Reads the log. Errors are ignored: a missing log leaves the dialog empty, its path on top.
+  /// Reads the log. A missing log leaves the dialog empty, its path on top and the reason below.
   void Form_Load();
 
-  Label& Label1;   ///< path of the log
-  TextArea& rtb1;  ///< its text, Windows-1252 bytes
+  Label& Label1;    ///< path of the log
+  Label& lblEmpty;  ///< why it is empty or lacks its last lines; else empty itself
+  TextArea& rtb1;   ///< its text, Windows-1252 bytes
   Button& cmdPrint;
   Button& cmdExit;
 

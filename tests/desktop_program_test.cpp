@@ -22,7 +22,9 @@
 #include "desktop/window/launch.h"
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/message_boxes.h"
+#include "desktop/window/notice_strip.h"
 #include "desktop/window/splash_window.h"
+#include "desktop/window/start_problem_page.h"
 #include "desktop/window/tree_panel.h"
 #include "desktop/window/view_stack.h"
 #include "shell/recap_sheet.h"
@@ -342,6 +344,51 @@ Outcome startProgramWith(const QStringList& arguments, const QString& platform) 
   process.waitForFinished(60'000);
   return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
           process.readAllStandardError()};
+}
+
+QString shownNotice(const QWidget& window) {
+  QStringList texts;
+  for (const NoticeStrip* strip : window.findChildren<NoticeStrip*>()) {
+    if (strip->isVisible()) texts.append(strip->text());
+  }
+  return texts.join(u'|');
+}
+
+TEST(DesktopTroubleTest, AStartWithoutAStoreSaysWhatIsMissingAndOffersWhatCanBeDone) {
+  const std::pair<const char*, const char*> cases[] = {{"cQTCatalog.ini", "settings file"},
+                                                       {"ttymap", "table of terminals"}};
+  for (const auto& [missing, told] : cases) {
+    DesktopSession session;
+    session.start({missing});
+    auto* page = qobject_cast<StartProblemPage*>(&session.page());
+    ASSERT_NE(page, nullptr) << missing;
+    QString texts;
+    for (const QLabel* label : page->findChildren<QLabel*>())
+      texts += label->text();
+    EXPECT_TRUE(texts.contains(told) && texts.contains(missing)) << texts.toStdString();
+    for (const int item : {0, 14})
+      EXPECT_FALSE(session.window().menus().item("mview", item)->isEnabled());
+    EXPECT_FALSE(session.window().menus().item("mfile", 0)->isEnabled());
+    EXPECT_TRUE(session.window().menus().item("mopt", 0)->isEnabled());
+    session.end();
+  }
+}
+
+TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
+  namespace fs = std::filesystem;
+  DesktopSession session;
+  session.start();
+  EXPECT_EQ(shownNotice(session.window()), "");
+  const fs::path store = session.run.folder.file("store");
+  fs::resize_file(store / "share/SRV1/VLMRLNK/LNK001/PARTDB", 600);
+  session.form().menuClick("mfile", 0);
+  session.clickNode("I1");
+  EXPECT_EQ(shownNotice(session.window()), "Could not be read completely.");
+
+  fs::rename(store / "share", store / "gone");
+  session.form().menuClick("mfile", 0);
+  EXPECT_TRUE(shownNotice(session.window()).contains("\\\\SRV1\\VLMRLNK\\")) << "the share's name";
+  session.end();
 }
 
 TEST(DesktopStartTest, WithoutADisplayItSaysSo) {

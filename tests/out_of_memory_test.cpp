@@ -1,3 +1,5 @@
+#include "platform/out_of_memory.h"
+
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
@@ -9,7 +11,6 @@
 #include <unistd.h>
 #include <vector>
 
-#include "platform/out_of_memory.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/dgtool/command_line.h"
 #include "tools/sample/sample_store.h"
@@ -76,17 +77,17 @@ TEST(OutOfMemoryTest, EndsInAMessageWhereverMemoryRunsOut) {
   const std::string store = folder.file("store");
   writeSampleStore(store, {});
   static_cast<void>(viewCatalogue());
-  const std::vector<std::string> report = {"report", "--json", "--details", "--store", store, "--no-log",
-                                           "--view", "frmUnits",  "--view",  "frmShop",
-                                           "--view", "frmWarranty"};
+  const std::vector<std::string> report = {"report", "--json",   "--details", "--store",
+                                           store,    "--no-log", "--view",    "frmUnits",
+                                           "--view", "frmShop",  "--view",    "frmWarranty"};
   const char* tries = std::getenv("DG_MEMORY_TRIES");
   const double growth = tries != nullptr ? 1 + 10.0 / std::atoi(tries) : 1.4;
   int failures = 0;
   for (double n = 0;; n = n * growth + 1) {
     const int status = statusWithFailure(report, static_cast<std::int64_t>(n));
     if (status == 100) break;
-    EXPECT_TRUE(status >= 0 && status <= 2) << "allocation " << static_cast<std::int64_t>(n)
-                                            << ": status " << status;
+    EXPECT_TRUE(status >= 0 && status <= 2)
+        << "allocation " << static_cast<std::int64_t>(n) << ": status " << status;
     if (status != 0) ++failures;
   }
   EXPECT_GT(failures, 10);

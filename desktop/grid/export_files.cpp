@@ -4,9 +4,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "desktop/print/print_document.h"
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/user_settings.h"
 #include "export/export_file.h"
+#include "platform/clock.h"
+#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -20,7 +23,16 @@ QString fileName(QString title) {
   return title.simplified();
 }
 
+std::function<void(const QString&)>& exportNotice() {
+  static std::function<void(const QString&)> notice;
+  return notice;
+}
+
 }  // namespace
+
+void setExportNotice(std::function<void(const QString& file)> notice) {
+  exportNotice() = std::move(notice);
+}
 
 QString askForExportFile(QWidget* parent, const QString& title, const QString& suffix,
                          const QString& kind) {
@@ -29,7 +41,11 @@ QString askForExportFile(QWidget* parent, const QString& title, const QString& s
   dialog.setFileMode(QFileDialog::AnyFile);
   // The dialog's own, so that it asks before a file of the completed name is replaced.
   dialog.setDefaultSuffix(suffix);
-  dialog.selectFile(fileName(title) + u'.' + suffix);
+  QStringList parts = {title};
+  if (!printStore().isEmpty()) parts.append(printStore());
+  const Date day = figuresMoment().value_or(now());
+  parts.append(QString::fromStdString(day.isoText()));
+  dialog.selectFile(fileName(parts.join(QStringLiteral(" - "))) + u'.' + suffix);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -46,6 +62,7 @@ bool writeFile(const QString& file, const QByteArray& content) {
 bool exported(QWidget* parent, const QString& file, bool written, const QString& problem) {
   if (written) {
     UserSettings::setExportFolder(QFileInfo(file).absolutePath());
+    if (exportNotice()) exportNotice()(file);
   } else {
     const QString reason = problem.isEmpty() ? QObject::tr("The file cannot be written.") : problem;
     showWarning(parent, QObject::tr("Export"), reason + u'\n' + QDir::toNativeSeparators(file));

@@ -56,47 +56,53 @@ void GridActions::buildExportMenu() {
 }
 
 void GridActions::buildPrintMenu() {
-  printMenu_->addAction(tr("&Print..."), this, &GridActions::print);
+  printMenu_->addAction(tr("&Print...") + u'\t' +
+                            QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText),
+                        this, &GridActions::print);
   printMenu_->addAction(tr("Print Pre&view..."), this, &GridActions::preview);
 }
 
 void GridActions::buildContextMenu() {
-  QAction* open = contextMenu_->addAction(tr("&Open"), &view_, &GridView::openCurrentRow);
-  open->setVisible(view_.grid().hasClickAction());
-  contextMenu_->setDefaultAction(open);
+  open_ = contextMenu_->addAction(tr("&Open"), &view_, &GridView::openCurrentRow);
+  open_->setVisible(view_.grid().hasClickAction());
+  contextMenu_->setDefaultAction(open_);
   contextMenu_->addSeparator();
 
-  QAction* copyCells = contextMenu_->addAction(tr("&Copy"), this, [this] { copy(false); });
-  copyCells->setShortcut(QKeySequence::Copy);
-  QAction* copyAll =
-      contextMenu_->addAction(tr("Copy with &Headings"), this, [this] { copy(true); });
-  copyAll->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
-  for (QAction* action : {copyCells, copyAll}) {
+  copyCells_ = contextMenu_->addAction(tr("&Copy"), this, [this] { copy(false); });
+  copyCells_->setShortcut(QKeySequence::Copy);
+  copyAll_ = contextMenu_->addAction(tr("Copy with &Headings"), this, [this] { copy(true); });
+  copyAll_->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+  for (QAction* action : {copyCells_, copyAll_}) {
     action->setShortcutContext(Qt::WidgetShortcut);
     view_.addAction(action);
   }
   contextMenu_->addAction(tr("Select &All"), &view_, &QTableView::selectAll);
   contextMenu_->addSeparator();
 
-  QAction* sort =
+  sort_ =
       contextMenu_->addAction(tr("&Sort by This Column"), &view_, &GridView::sortByCurrentColumn);
-  contextMenu_->addAction(tr("&Find..."), this, &GridActions::findRequested);
+  contextMenu_->addAction(
+      tr("&Find...") + u'\t' + QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText),
+      this, &GridActions::findRequested);
   QMenu* columns = contextMenu_->addMenu(tr("&Go to Column"));
   contextMenu_->addAction(tr("&Reset Column Widths"), &view_, &GridView::resetColumnWidths);
   contextMenu_->addSeparator();
   contextMenu_->addMenu(exportMenu_);
   contextMenu_->addMenu(printMenu_);
 
-  connect(contextMenu_, &QMenu::aboutToShow, this, [=, this] {
-    const bool rows = view_.gridModel().rowCount() > 0;
-    const bool selected = view_.selectionModel()->hasSelection();
-    open->setVisible(view_.grid().hasClickAction());
-    open->setEnabled(view_.currentIndex().isValid());
-    copyCells->setEnabled(selected);
-    copyAll->setEnabled(selected);
-    sort->setEnabled(rows && view_.currentIndex().isValid() && view_.grid().onHeadClick);
-  });
+  connect(contextMenu_, &QMenu::aboutToShow, this, &GridActions::update);
   connect(columns, &QMenu::aboutToShow, this, [this, columns] { fillColumnMenu(*columns); });
+}
+
+void GridActions::update() const {
+  const bool rows = view_.gridModel().rowCount() > 0;
+  const bool selected = view_.selectionModel()->hasSelection();
+  const bool current = view_.currentIndex().isValid();
+  open_->setVisible(view_.grid().hasClickAction());
+  open_->setEnabled(current);
+  copyCells_->setEnabled(selected);
+  copyAll_->setEnabled(selected);
+  sort_->setEnabled(rows && current && view_.grid().onHeadClick);
 }
 
 void GridActions::fillColumnMenu(QMenu& menu) const {

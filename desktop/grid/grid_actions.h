@@ -22,6 +22,8 @@ class GridActions : public QObject {
   QMenu* printMenu() const { return printMenu_; }
   QMenu* contextMenu() const { return contextMenu_; }
 
+  /// Enables what can be done now, before a menu shows.
+  void update() const;
   void copy(bool withHeadings) const;
   void print() const;
   void preview() const;
@@ -45,6 +47,10 @@ class GridActions : public QObject {
   QMenu* exportMenu_;
   QMenu* printMenu_;
   QMenu* contextMenu_;
+  QAction* open_ = nullptr;
+  QAction* copyCells_ = nullptr;
+  QAction* copyAll_ = nullptr;
+  QAction* sort_ = nullptr;
 };
 
 /// The selected cells as lines of tab-separated cells, hidden columns left out; where the selection

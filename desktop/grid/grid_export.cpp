@@ -6,6 +6,7 @@
 #include "desktop/window/text.h"
 #include "export/csv.h"
 #include "export/workbook.h"
+#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -24,7 +25,9 @@ std::string csvOf(const GridModel& model) {
 std::string workbookOf(const GridModel& model, const QString& title) {
   Workbook book;
   book.setTitle(toBytes(title));
-  book.addGrid(toBytes(title), model.grid(), model.shownRows());
+  std::vector<std::string> notes;
+  if (std::string moment = figuresAsOf(); !moment.empty()) notes.push_back(std::move(moment));
+  book.addGrid(toBytes(title), model.grid(), model.shownRows(), notes);
   return book.finish();
 }
 

@@ -3,6 +3,7 @@
 #include "desktop/grid/grid_model.h"
 #include "desktop/window/text.h"
 #include "platform/clock.h"
+#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -39,8 +40,10 @@ PrintTable tableOf(const GridModel& model, const QString& heading) {
 PrintDocument newPrintDocument(const QString& title, const QString& note,
                                QList<PrintTable> tables) {
   const Date moment = now();
-  return {storeName(), title, note,
-          fromBytes(moment.shortDateText() + "  " + moment.longTimeText()), std::move(tables)};
+  std::string made = figuresAsOf();
+  if (!made.empty()) made += "     ";
+  made += "Printed " + moment.shortDateText() + " " + moment.longTimeText();
+  return {storeName(), title, note, fromBytes(made), std::move(tables)};
 }
 
 QString printStore() {

@@ -28,7 +28,7 @@ struct PrintDocument {
   QString store;  ///< whose figures these are, at the head of each page
   QString title;
   QString note;  ///< under the title, such as a filter in force; empty for none
-  QString made;  ///< date and time, at the foot
+  QString made;  ///< the moment of the figures, then that of printing; at the foot
   QList<PrintTable> tables;
 };
 

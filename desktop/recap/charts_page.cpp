@@ -1,5 +1,6 @@
 #include "desktop/recap/charts_page.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -10,8 +11,11 @@
 #include <QToolButton>
 
 #include "desktop/grid/export_files.h"
+#include "desktop/print/print_document.h"
 #include "desktop/recap/bar_chart.h"
+#include "desktop/window/text.h"
 #include "desktop/window/theme.h"
+#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -139,13 +143,17 @@ bool ChartsPage::savePicture(const QString& file) const {
   QRect area;
   for (const BarChart* chart : charts)
     area |= chart->geometry();
-  area.adjust(-kGap, -kGap, kGap, kGap);
+  const int foot = fontMetrics().height() + kGap;
+  area.adjust(-kGap, -kGap, kGap, kGap + foot);
   QImage whole(area.size() * kPictureScale, QImage::Format_ARGB32_Premultiplied);
   whole.setDevicePixelRatio(kPictureScale);
   whole.fill(palette().color(QPalette::Window));
   QPainter painter(&whole);
   for (const BarChart* chart : charts)
     painter.drawImage(chart->pos() - area.topLeft(), chart->picture(kPictureScale));
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(QRect(kGap, area.height() - foot - kGap / 2, area.width() - 2 * kGap, foot),
+                   Qt::AlignLeft | Qt::AlignVCenter, pictureCaption());
   painter.end();
   return savePng(whole, file);
 }
@@ -154,9 +162,31 @@ void ChartsPage::askAndSave(const BarChart* chart) {
   const QString file =
       askForExportFile(window(), tr("Charts"), QStringLiteral("png"), tr("PNG picture (*.png)"));
   if (file.isEmpty()) return;
-  const bool saved =
-      chart == nullptr ? savePicture(file) : savePng(chart->picture(kPictureScale), file);
+  const bool saved = chart == nullptr ? savePicture(file)
+                                      : savePng(captioned(chart->picture(kPictureScale)), file);
   exported(window(), file, saved);
+}
+
+QString pictureCaption() {
+  return QStringList{printStore(), fromBytes(figuresAsOf())}.join(QStringLiteral("     "));
+}
+
+QImage captioned(const QImage& picture) {
+  const double scale = picture.devicePixelRatio();
+  const QFont font = QApplication::font();
+  const int foot = QFontMetrics(font).height() * 2;
+  QImage whole(picture.width(), picture.height() + static_cast<int>(foot * scale),
+               picture.format());
+  whole.setDevicePixelRatio(scale);
+  whole.fill(QApplication::palette().color(QPalette::Window));
+  QPainter painter(&whole);
+  painter.drawImage(0, 0, picture);
+  painter.setFont(font);
+  painter.setPen(QApplication::palette().color(QPalette::WindowText));
+  const QSizeF size = QSizeF(whole.size()) / scale;
+  painter.drawText(QRectF(foot / 2.0, size.height() - foot, size.width() - foot, foot),
+                   Qt::AlignLeft | Qt::AlignVCenter, pictureCaption());
+  return whole;
 }
 
 bool savePng(const QImage& picture, const QString& file) {

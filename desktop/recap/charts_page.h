@@ -51,6 +51,10 @@ class ChartsPage : public QWidget {
   BarChart* sales_;
 };
 
+/// What stands below a picture that leaves the program: the store and the moment of its figures.
+QString pictureCaption();
+/// A picture with that line below it.
+QImage captioned(const QImage& picture);
 /// Saves a picture as PNG, whole or not at all; returns whether it could be written.
 bool savePng(const QImage& picture, const QString& file);
 

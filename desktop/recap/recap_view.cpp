@@ -124,6 +124,14 @@ void RecapView::addCell(Card& card, int row, int column, std::string_view name,
   card.grid()->addWidget(label(name, &card, alignment), row, column);
 }
 
+/// A caption leads to the view that works its figure out.
+void RecapView::leadFrom(QWidget* caption, const RecapFigure& figure) {
+  auto* label = qobject_cast<LabelWidget*>(caption);
+  if (label == nullptr) return;
+  const QString view = QString::fromUtf8(figure.view.data(), static_cast<int>(figure.view.size()));
+  label->leadTo([this, view] { Q_EMIT viewRequested(view); });
+}
+
 void RecapView::addFigure(Card& card, int row, int column, const RecapFigure& figure) {
   QWidget* value = label(figure.label, &card, Qt::AlignRight);
   value->setFont(scaledFont(figureFont(font()), 1.1, QFont::DemiBold));
@@ -143,6 +151,7 @@ Card* RecapView::buildList(RecapBlock block) {
       card->setSectionRow(row);
     }
     addCell(*card, row, 0, figure.caption, Qt::AlignLeft);
+    leadFrom(card->grid()->itemAtPosition(row, 0)->widget(), figure);
     addFigure(*card, row, 1, figure);
   }
   card->grid()->setColumnStretch(1, 1);
@@ -159,7 +168,10 @@ Card* RecapView::buildProfit() {
   int row = kHeadRow;
   for (const RecapFigure& figure : recapFigures(RecapBlock::kProfit)) {
     const int column = position++ % kProfitColumns + 1;
-    if (column == 1) addCell(*card, ++row, 0, figure.caption, Qt::AlignLeft);
+    if (column == 1) {
+      addCell(*card, ++row, 0, figure.caption, Qt::AlignLeft);
+      leadFrom(card->grid()->itemAtPosition(row, 0)->widget(), figure);
+    }
     if (row == kHeadRow + 1) {
       addCell(*card, kHeadRow, column, figure.head, Qt::AlignRight);
       card->grid()->setColumnStretch(column, figure.kind == FigureKind::kMoney ? 3 : 2);

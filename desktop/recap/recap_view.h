@@ -31,6 +31,8 @@ class RecapView : public QWidget {
  Q_SIGNALS:
   /// The user wants to see the figures as charts.
   void chartsRequested();
+  /// The user wants to see what is behind a figure: the view of this name.
+  void viewRequested(const QString& view);
 
  private:
   QWidget* buildHead();
@@ -41,6 +43,7 @@ class RecapView : public QWidget {
   void arrange();
   void addHeading(Card& card, RecapBlock block);
   void addCell(Card& card, int row, int column, std::string_view label, Qt::Alignment alignment);
+  void leadFrom(QWidget* caption, const RecapFigure& figure);
   void addFigure(Card& card, int row, int column, const RecapFigure& figure);
 
   Form& form_;

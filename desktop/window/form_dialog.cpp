@@ -12,6 +12,7 @@
 #include "desktop/grid/grid_panel.h"
 #include "desktop/window/control_widgets.h"
 #include "desktop/window/form_view.h"
+#include "desktop/window/help_window.h"
 #include "desktop/window/text.h"
 #include "desktop/window/user_settings.h"
 
@@ -74,6 +75,14 @@ FormDialog::FormDialog(Form& form, QWidget* parent)
   if (view_->findChildren<ButtonWidget*>().isEmpty()) addCloseButton();
   adapt();
   addGridShortcuts(*this);
+  auto* helpKey = new QShortcut(QKeySequence::HelpContents, this);
+  connect(helpKey, &QShortcut::activated, this, &FormDialog::showHelp);
+}
+
+void FormDialog::showHelp() {
+  auto* help = findChild<HelpWindow*>();
+  if (help == nullptr) help = new HelpWindow(this);
+  help->showPage(form_.name());
 }
 
 QLayout* FormDialog::buildBody() {

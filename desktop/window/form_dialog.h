@@ -26,6 +26,7 @@ class FormDialog : public QDialog {
  private:
   QLayout* buildBody();
   void addCloseButton();
+  void showHelp();
   void adapt();
 
   Form& form_;

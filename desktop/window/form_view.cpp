@@ -1,12 +1,15 @@
 #include "desktop/window/form_view.h"
 
 #include <QSet>
+#include <QVBoxLayout>
 
 #include "desktop/grid/grid_panel.h"
 #include "desktop/window/control_widgets.h"
 #include "desktop/window/label_widget.h"
+#include "desktop/window/notice_strip.h"
 #include "desktop/window/sheet_layout.h"
 #include "desktop/window/text.h"
+#include "shell/view_log.h"
 
 namespace dg {
 
@@ -21,16 +24,24 @@ SheetLayout* layoutOf(QWidget* container) {
 FormView::FormView(Form& form, QWidget* parent)
     : QWidget(parent),
       form_(form),
-      changed_(form.changed.connect([this] { applyPointer(); })),
+      strip_(new NoticeStrip(this)),
+      sheet_(new QWidget(this)),
+      changed_(form.changed.connect([this] { showChange(); })),
       refreshed_(form.refreshed.connect([this] { repaint(); })) {
   setObjectName(QString::fromStdString(form.name()));
   setAccessibleName(formTitle(form));
-  auto* layout = new SheetLayout(this);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins({});
+  outer->setSpacing(0);
+  outer->addWidget(strip_);
+  outer->addWidget(sheet_, 1);
+  strip_->addButton(tr("View Log"), &showLogViewer);
+  auto* layout = new SheetLayout(sheet_);
   layout->setContentsMargins(14, 10, 14, 12);
   // Frames come first: the controls on them need them as parents.
   for (const auto& control : form.controls()) {
     if (auto* frame = dynamic_cast<Frame*>(control.get())) {
-      auto* box = new FrameWidget(*frame, this);
+      auto* box = new FrameWidget(*frame, sheet_);
       new SheetLayout(box);
     }
   }
@@ -40,6 +51,7 @@ FormView::FormView(Form& form, QWidget* parent)
   for (FrameWidget* box : findChildren<FrameWidget*>())
     layoutOf(box)->finish();
   layout->finish();
+  showChange();
 }
 
 QWidget* FormView::widgetOf(std::string_view control) const {
@@ -61,7 +73,7 @@ QWidget* FormView::makeWidget(Control& control, QWidget* parent) {
 
 QWidget* FormView::containerOf(std::string_view frame) {
   QWidget* box = frame.empty() ? nullptr : widgetOf(frame);
-  return box == nullptr ? this : box;
+  return box == nullptr ? sheet_ : box;
 }
 
 void FormView::place(const Place& where) {
@@ -78,15 +90,16 @@ void FormView::placeRemaining() {
   for (const Place& where : form_.sheet()) {
     placed.insert(QString::fromUtf8(where.control.data(), static_cast<int>(where.control.size())));
   }
-  auto* sheet = static_cast<SheetLayout*>(layout());
+  SheetLayout* sheet = layoutOf(sheet_);
   for (const auto& control : form_.controls()) {
     if (placed.contains(QString::fromStdString(control->name()))) continue;
-    QWidget* widget = makeWidget(*control, this);
+    QWidget* widget = makeWidget(*control, sheet_);
     if (widget != nullptr) sheet->addControl(widget, sheet->nextRow(), 0, 1, 1);
   }
 }
 
-void FormView::applyPointer() {
+void FormView::showChange() {
+  strip_->tell(form_.incomplete() ? tr("Could not be read completely.") : QString());
   if (form_.mousePointer() == kHourglass) {
     setCursor(Qt::WaitCursor);
   } else {

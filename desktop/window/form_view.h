@@ -5,12 +5,13 @@
 
 #include "forms/form.h"
 
-class QGridLayout;
-
 namespace dg {
 
+class NoticeStrip;
+
 /// Draws a form: a widget for each of its controls, where the form's sheet puts it. Controls
-/// without a place stand one below the other under the sheet.
+/// without a place stand one below the other under the sheet. A form that could not be read
+/// completely says so in a strip above its sheet.
 ///
 /// The form outlives its view.
 class FormView : public QWidget {
@@ -28,9 +29,12 @@ class FormView : public QWidget {
   QWidget* containerOf(std::string_view frame);
   void place(const Place& place);
   void placeRemaining();
-  void applyPointer();
+
+  void showChange();
 
   Form& form_;
+  NoticeStrip* strip_;
+  QWidget* sheet_;
   Connection changed_;
   Connection refreshed_;
 };

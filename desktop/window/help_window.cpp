@@ -12,6 +12,7 @@
 #include <QTextTable>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/window/theme.h"
 #include "desktop/window/user_settings.h"
@@ -46,7 +47,17 @@ constexpr HelpPage kPages[] = {
     {"purchase-orders", QT_TRANSLATE_NOOP("HelpWindow", "Purchase Orders"), "frmPo"},
     {"profit", QT_TRANSLATE_NOOP("HelpWindow", "Profit"), "frmProfit"},
     {"sales-and-cash", QT_TRANSLATE_NOOP("HelpWindow", "Sales / Cash"), "frmSales"},
-    {"data-errors", QT_TRANSLATE_NOOP("HelpWindow", "Data errors and the log"), ""},
+    {"data-errors", QT_TRANSLATE_NOOP("HelpWindow", "Data errors and the log"), "frmViewLog"},
+};
+
+/// Forms that are told on the page of another.
+constexpr std::pair<std::string_view, std::string_view> kToldWith[] = {
+    {"frmWarSeg", "frmWarranty"}, {"frmWarrDetail", "frmWarranty"},
+    {"frmShopDetail", "frmShop"}, {"frmPTSDetail", "frmOpenSales"},
+    {"frmPODetail", "frmPo"},     {"frmVtotal", "frmPo"},
+    {"frmFpdtl", "frmFp"},        {"frmFpx", "frmFp"},
+    {"frmUnitDtl", "frmUnits"},   {"frmUnitInfo", "frmUnits"},
+    {"frmSetup", "frmGLA"},
 };
 
 QUrl urlOf(const QString& page) {
@@ -79,15 +90,17 @@ void layOut(QTextDocument& document, const QPalette& palette) {
 }  // namespace
 
 QString helpPageOf(std::string_view view) {
-  // Both views of billed warranties are told on one page.
-  if (view == "frmWarSeg") view = "frmWarranty";
+  for (const auto& [form, teller] : kToldWith) {
+    if (view == form) view = teller;
+  }
   for (const HelpPage& page : kPages) {
     if (!page.view.empty() && page.view == view) return QString::fromLatin1(page.file);
   }
   return QString::fromLatin1(kPages[0].file);
 }
 
-HelpWindow::HelpWindow() : pages_(new QListWidget(this)), browser_(new QTextBrowser(this)) {
+HelpWindow::HelpWindow(QWidget* parent)
+    : QWidget(parent, Qt::Window), pages_(new QListWidget(this)), browser_(new QTextBrowser(this)) {
   setWindowTitle(tr("Dealer Gauge Help"));
   // The program ends with its main window, whether the guide is open or not.
   setAttribute(Qt::WA_QuitOnClose, false);

@@ -14,7 +14,8 @@ class HelpWindow : public QWidget {
   Q_OBJECT
 
  public:
-  HelpWindow();
+  /// With a parent the window stands above it and can be used while that one is modal.
+  explicit HelpWindow(QWidget* parent = nullptr);
 
   /// Shows the page of a view, by form name, or "charts"; the contents page for any other name.
   void showPage(std::string_view view);

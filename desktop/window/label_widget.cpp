@@ -73,7 +73,7 @@ void LabelWidget::update() {
     setText(shown);
     updateToolTip();
   }
-  link_ = label_.onClick && label_.inError();
+  link_ = place_ || (label_.onClick && label_.inError());
   setFocusPolicy(link_ ? Qt::StrongFocus : Qt::NoFocus);
   if (link_) {
     setCursor(Qt::PointingHandCursor);
@@ -81,6 +81,20 @@ void LabelWidget::update() {
     unsetCursor();
   }
   updateColor();
+}
+
+void LabelWidget::leadTo(std::function<void()> place) {
+  place_ = std::move(place);
+  setAttribute(Qt::WA_Hover);
+  update();
+}
+
+void LabelWidget::click() {
+  if (place_) {
+    place_();
+  } else {
+    label_.click();
+  }
 }
 
 void LabelWidget::updateColor() {
@@ -106,7 +120,7 @@ void LabelWidget::updateToolTip() {
 void LabelWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   QFont drawn = font();
-  drawn.setUnderline(link_);
+  drawn.setUnderline(link_ && (!place_ || underMouse() || hasFocus()));
   painter.setFont(drawn);
   const QRect area = contentsRect();
   const int flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
@@ -134,7 +148,7 @@ void LabelWidget::resizeEvent(QResizeEvent* event) {
 void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
   QLabel::mouseReleaseEvent(event);
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-    label_.click();
+    click();
   }
 }
 
@@ -142,7 +156,7 @@ void LabelWidget::keyPressEvent(QKeyEvent* event) {
   const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                      event->key() == Qt::Key_Space;
   if (link_ && press) {
-    label_.click();
+    click();
   } else {
     QLabel::keyPressEvent(event);
   }

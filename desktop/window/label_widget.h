@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <functional>
 
 #include "desktop/window/control_binding.h"
 #include "forms/label.h"
@@ -20,6 +21,9 @@ class LabelWidget : public QLabel {
 
   QSize minimumSizeHint() const override;
   bool isLink() const { return link_; }
+  /// Makes the label lead somewhere: it looks like any other until the mouse or the keyboard's
+  /// focus is on it, and then as a link.
+  void leadTo(std::function<void()> place);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -34,7 +38,10 @@ class LabelWidget : public QLabel {
   void updateColor();
   void updateToolTip();
 
+  void click();
+
   Label& label_;
+  std::function<void()> place_;
   bool link_ = false;
   ControlBinding binding_;
 };

@@ -27,6 +27,9 @@ namespace dg {
 
 namespace {
 
+/// What the event loop returns when the program shall start anew.
+constexpr int kStartAgain = -1;
+
 QtMessageHandler defaultHandler = nullptr;
 
 /// While the application object is made: a platform that cannot be started is fatal for Qt, which
@@ -143,15 +146,17 @@ int runDesktop(int argc, char** argv) {
   const ShutdownSignals signals;
   QObject::connect(&signals, &ShutdownSignals::requested, application.get(),
                    [&presenter] { endProgram(presenter); });
-  int status = kRefused;
-  {
+  int status = kStartAgain;
+  while (status == kStartAgain) {
+    status = kRefused;
     const std::unique_ptr<frmTRVN> main = Main(tail, viewCatalogue());
-    if (main) {
-      status = QApplication::exec();
-      // However the event loop ended, the program's end is logged; a second time does nothing.
-      presenter.close();
-      main->Form_Unload();
-    }
+    if (!main) break;
+    QObject::connect(presenter.mainWindow(), &MainWindow::startAgain, application.get(),
+                     [] { QApplication::exit(kStartAgain); });
+    status = QApplication::exec();
+    // However the event loop ended, the program's end is logged; a second time does nothing.
+    presenter.close();
+    main->Form_Unload();
   }
   surroundings.usePresenter(nullptr);
   return status;

@@ -3,11 +3,16 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "desktop/grid/export_files.h"
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_panel.h"
 #include "desktop/print/print_document.h"
@@ -15,13 +20,18 @@
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_bar.h"
+#include "desktop/window/notice_strip.h"
 #include "desktop/window/platform_help.h"
+#include "desktop/window/start_problem_page.h"
 #include "desktop/window/status_panes.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
 #include "desktop/window/tree_panel.h"
 #include "desktop/window/user_settings.h"
 #include "desktop/window/view_stack.h"
+#include "platform/unopened_files.h"
+#include "shell/recap_sheet.h"
+#include "shell/write_log.h"
 
 namespace dg {
 
@@ -58,7 +68,10 @@ MainWindow::MainWindow(frmTRVN& form)
       menus_(new MenuBar(this)),
       tree_(new TreePanel(form.tv1, this)),
       views_(new ViewStack(form, this)),
-      splitter_(new QSplitter(this)) {
+      splitter_(new QSplitter(this)),
+      status_(new StatusPanes(form.sb1, this)),
+      shareNotice_(new NoticeStrip(this)),
+      logNotice_(new NoticeStrip(this)) {
   setObjectName(QString::fromStdString(form.name()));
   setWindowTitle(cellText(form.caption()));
   setMenuBar(menus_);
@@ -73,9 +86,12 @@ MainWindow::MainWindow(frmTRVN& form)
   layout->setContentsMargins({});
   layout->setSpacing(0);
   layout->addWidget(buildBand());
+  logNotice_->addButton(tr("View Log"), [this] { form_.menuClick("mopt", 0); });
+  layout->addWidget(shareNotice_);
+  layout->addWidget(logNotice_);
   layout->addWidget(splitter_, 1);
   setCentralWidget(whole);
-  setStatusBar(new StatusPanes(form.sb1, this));
+  setStatusBar(status_);
 
   connectForm();
   UserSettings::restoreWindow(*this, kMemory, kSize);
@@ -87,6 +103,7 @@ MainWindow::MainWindow(frmTRVN& form)
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  setExportNotice({});
   delete help_;
 }
 
@@ -97,6 +114,20 @@ QWidget* MainWindow::buildBand() {
   auto* store = new LabelWidget(form_.lblStoreName, band);
   store->setFont(scaledFont(font(), 1.25, QFont::DemiBold));
   layout->addWidget(store, 1);
+  auto* refresh = new QToolButton(band);
+  refresh->setObjectName(QStringLiteral("refresh"));
+  refresh->setText(tr("Refresh"));
+  refresh->setToolTip(tr("Reads all files anew (F5)"));
+  refresh->setIcon(style()->standardIcon(QStyle::SP_BrowserReload));
+  refresh->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  refresh->setAutoRaise(true);
+  connect(refresh, &QToolButton::clicked, menus_->item("mfile", 0), &QAction::trigger);
+  refresh->setEnabled(form_.CurrentView() != nullptr);
+  asOf_ = new QLabel(band);
+  asOf_->setTextFormat(Qt::PlainText);
+  layout->addWidget(asOf_);
+  layout->addWidget(refresh);
+  layout->addSpacing(14);
   layout->addWidget(new LabelWidget(form_.Label1, band));
   return band;
 }
@@ -110,11 +141,19 @@ void MainWindow::connectForm() {
   });
   if (View* current = form_.CurrentView()) views_->showView(*current);
 
+  loadEnded_ = form_.loadEnded.connect([this] { showNotices(); });
+  logFailed_ = logFailed().connect([this] { showNotices(); });
+  showNotices();
+  showStartProblem();
+
+  connect(menus_->tableMenu(), &QMenu::aboutToShow, this, &MainWindow::fillTableMenu);
   connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
   connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
   // No node stands for the charts; the last one is marked again with the next click.
   connect(views_, &ViewStack::chartsOpened, tree_, &QTreeWidget::clearSelection);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
+  connect(views_, &ViewStack::viewRequested, this, &MainWindow::goTo);
+  setExportNotice([this](const QString& file) { status_->showExport(file); });
   auto* findKey = new QShortcut(QKeySequence::Find, this);
   connect(findKey, &QShortcut::activated, this, &MainWindow::find);
   auto* printKey = new QShortcut(QKeySequence::Print, this);
@@ -126,8 +165,65 @@ void MainWindow::pick(const QString& menu, int index) {
   form_.menuClick(menu.toStdString(), index);
 }
 
+void MainWindow::showNotices() {
+  asOf_->setText(fromBytes(figuresAsOf()));
+  QString share;
+  if (!form_.lostShare().empty()) {
+    share = tr("The share %1 cannot be reached. What was to be read from it since is missing here.")
+                .arg(fromBytes(form_.lostShare()));
+  } else if (const UnopenedFiles& unopened = unopenedFiles(); unopened.count > 0) {
+    QStringList names;
+    for (const std::string& name : unopened.names)
+      names.append(cellText(name));
+    share = unopened.count == 1
+                ? tr("A file could not be opened, and is missing in the figures: %1").arg(names[0])
+                : tr("%1 files could not be opened, and are missing in the figures: %2")
+                      .arg(unopened.count)
+                      .arg(names.join(QStringLiteral(", ")));
+    if (unopened.count > unopened.names.size()) share += QStringLiteral(", ...");
+  }
+  shareNotice_->tell(share);
+  logNotice_->tell(logFailure()
+                       ? tr("The log %1 cannot be written: %2.")
+                             .arg(fromBytes(gsLogFile), fromBytes(logFailure()->description()))
+                       : QString());
+}
+
+/// Without a store there is nothing to go to, and nothing to refresh.
+void MainWindow::showStartProblem() {
+  const std::optional<StartProblem> problem = startProblem(form_);
+  menus_->setStoreThere(!problem);
+  if (!problem) return;
+  auto* page = new StartProblemPage(*problem, this);
+  connect(page, &StartProblemPage::tryAgain, this, &MainWindow::startAgain);
+  views_->showStandIn(page);
+  tree_->hide();
+}
+
+void MainWindow::goTo(const QString& view) {
+  for (const TreeEntry& entry : treeEntries()) {
+    if (!entry.view.empty() && view.toStdString() == entry.view) {
+      form_.tv1.click(std::string(entry.key));
+      return;
+    }
+  }
+}
+
 void MainWindow::showCharts() {
   if (!form_.loading()) views_->showCharts();
+}
+
+/// The table menu offers what the table in focus offers; its own keys stand beside the items.
+void MainWindow::fillTableMenu() {
+  QMenu& menu = *menus_->tableMenu();
+  menu.clear();
+  GridPanel* panel = gridInFocus(*views_);
+  if (panel == nullptr) {
+    menu.addAction(tr("No table is on show"))->setEnabled(false);
+    return;
+  }
+  panel->actions().update();
+  menu.addActions(panel->actions().contextMenu()->actions());
 }
 
 void MainWindow::find() {
@@ -160,6 +256,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (help_ != nullptr) help_->close();
   // The views go before the program's end is logged, and their pages before them.
   viewShown_.disconnect();
+  loadEnded_.disconnect();
+  logFailed_.disconnect();
   views_->dropAll();
   form_.Form_Unload();
   event->accept();

@@ -4,12 +4,15 @@
 
 #include "shell/main_window.h"
 
+class QLabel;
 class QSplitter;
 
 namespace dg {
 
 class HelpWindow;
 class MenuBar;
+class NoticeStrip;
+class StatusPanes;
 class TreePanel;
 class ViewStack;
 
@@ -31,6 +34,10 @@ class MainWindow : public QMainWindow {
   MenuBar& menus() const { return *menus_; }
   HelpWindow* help() const { return help_; }
 
+ Q_SIGNALS:
+  /// The user wants the program to start anew.
+  void startAgain();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,17 +47,27 @@ class MainWindow : public QMainWindow {
   void connectForm();
   void pick(const QString& menu, int index);
   void showCharts();
+  void goTo(const QString& view);
+  void fillTableMenu();
   void showHelp();
   void find();
   void print();
+  void showNotices();
+  void showStartProblem();
 
   frmTRVN& form_;
   MenuBar* menus_;
   TreePanel* tree_;
   ViewStack* views_;
   QSplitter* splitter_;
+  StatusPanes* status_;
+  QLabel* asOf_ = nullptr;
+  NoticeStrip* shareNotice_;  ///< a share that was lost, files that did not open
+  NoticeStrip* logNotice_;    ///< a log that cannot be written
   HelpWindow* help_ = nullptr;
   Connection viewShown_;
+  Connection loadEnded_;
+  Connection logFailed_;
 };
 
 }  // namespace dg

@@ -38,6 +38,10 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
       charts_->setObjectName(QStringLiteral("charts"));
       charts_->setMenuRole(QAction::NoRole);
     }
+    if (head.items == "mopt") {
+      table_ = addMenu(tr("&Table"));
+      table_->setObjectName(QStringLiteral("table"));
+    }
   }
 }
 
@@ -65,6 +69,12 @@ void MenuBar::fill(QMenu& target, std::string_view items) {
     connect(action, &QAction::triggered, this,
             [this, menu, index = entry.index] { Q_EMIT picked(menu, index); });
   }
+}
+
+void MenuBar::setStoreThere(bool there) {
+  item("mfile", 0)->setEnabled(there);
+  for (QAction* action : findChild<QMenu*>(QStringLiteral("mnuView"))->actions())
+    action->setEnabled(there);
 }
 
 QAction* MenuBar::item(std::string_view menu, int index) const {

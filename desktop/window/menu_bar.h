@@ -7,7 +7,7 @@
 namespace dg {
 
 /// The main window's menus, as the shell's tables have them, and "Charts" behind the last item of
-/// the View menu.
+/// the View menu; the menu "Table" behind "Options".
 class MenuBar : public QMenuBar {
   Q_OBJECT
 
@@ -17,6 +17,10 @@ class MenuBar : public QMenuBar {
   /// The action of an item, or null.
   QAction* item(std::string_view menu, int index) const;
   QAction* charts() const { return charts_; }
+  /// The added menu of what can be done with a table; filled by who shows it.
+  QMenu* tableMenu() const { return table_; }
+  /// Disables what needs a store that was read: File/Refresh and the whole View menu.
+  void setStoreThere(bool there);
 
  Q_SIGNALS:
   void picked(const QString& menu, int index);
@@ -25,6 +29,7 @@ class MenuBar : public QMenuBar {
   void fill(QMenu& target, std::string_view items);
 
   QAction* charts_ = nullptr;
+  QMenu* table_ = nullptr;
 };
 
 }  // namespace dg

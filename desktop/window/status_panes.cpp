@@ -1,6 +1,10 @@
 #include "desktop/window/status_panes.h"
 
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
+#include <QUrl>
 
 #include "desktop/window/text.h"
 
@@ -17,6 +21,24 @@ StatusPanes::StatusPanes(StatusBar& bar, QWidget* parent)
     panes_.append(pane);
   }
   binding_.apply(bar, *this);
+}
+
+void StatusPanes::showExport(const QString& file) {
+  if (export_ == nullptr) addExportPane();
+  const QString url = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded());
+  export_->setText(tr("Saved as %1  <a href=\"%2\">Open</a>")
+                       .arg(QFileInfo(file).fileName().toHtmlEscaped(), url.toHtmlEscaped()));
+  export_->setToolTip(plainToolTip(QDir::toNativeSeparators(file)));
+}
+
+void StatusPanes::addExportPane() {
+  export_ = new QLabel(this);
+  export_->setTextFormat(Qt::RichText);
+  export_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  export_->setContentsMargins(8, 0, 8, 0);
+  connect(export_, &QLabel::linkActivated, this,
+          [](const QString& link) { QDesktopServices::openUrl(QUrl(link)); });
+  addPermanentWidget(export_);
 }
 
 void StatusPanes::update() {

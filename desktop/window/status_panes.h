@@ -17,11 +17,16 @@ class StatusPanes : public QStatusBar {
  public:
   explicit StatusPanes(StatusBar& bar, QWidget* parent = nullptr);
 
+  /// Tells where an export stands, with a link that opens it; until the next one.
+  void showExport(const QString& file);
+
  private:
   void update();
+  void addExportPane();
 
   StatusBar& bar_;
   QList<QLabel*> panes_;
+  QLabel* export_ = nullptr;
   ControlBinding binding_;
 };
 

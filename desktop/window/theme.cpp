@@ -84,6 +84,10 @@ QColor cardColor(const QPalette& palette) {
              : palette.color(QPalette::Base);
 }
 
+QColor noticeColor(const QPalette& palette) {
+  return isDark(palette) ? QColor(0x4a, 0x3a, 0x12) : QColor(0xff, 0xf3, 0xcd);
+}
+
 QColor accentColor(const QPalette& palette) {
   return isDark(palette) ? QColor(0x6c, 0xb2, 0xf0) : QColor(0x1f, 0x6f, 0xb2);
 }

@@ -23,6 +23,7 @@ QColor errorColor(const QPalette& palette);   ///< "Data Error !" and other text
 QColor mutedColor(const QPalette& palette);   ///< captions and hints
 QColor lineColor(const QPalette& palette);    ///< hairlines between rows and around cards
 QColor cardColor(const QPalette& palette);    ///< ground of a card on a sheet
+QColor noticeColor(const QPalette& palette);  ///< ground of a strip that warns
 QColor accentColor(const QPalette& palette);  ///< links, and the first colour of charts
 
 /// A font for figures that stand below each other: `base` where its digits are of one width, else

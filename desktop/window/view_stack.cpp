@@ -29,6 +29,7 @@ QWidget* ViewStack::makePage(View& view) {
   if (view.name() != "frmRecap") return new FormView(view, this);
   auto* recap = new RecapView(view, this);
   connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
+  connect(recap, &RecapView::viewRequested, this, &ViewStack::viewRequested);
   return recap;
 }
 
@@ -43,6 +44,12 @@ void ViewStack::showCharts() {
   setCurrentWidget(charts_);
   charts_->setFocus();
   Q_EMIT chartsOpened();
+}
+
+void ViewStack::showStandIn(QWidget* page) {
+  addWidget(page);
+  setCurrentWidget(page);
+  page->setFocus();
 }
 
 bool ViewStack::chartsShown() const {

@@ -21,6 +21,8 @@ class ViewStack : public QStackedWidget {
   /// Takes the page on show off the screen; the area is empty until the next one shows.
   void hideView();
   void showCharts();
+  /// Shows a page that is no view's in the place of one.
+  void showStandIn(QWidget* page);
   /// Forgets a form that is about to go; nothing when it has no page.
   void drop(const Form& form);
   /// Forgets all pages.
@@ -33,6 +35,7 @@ class ViewStack : public QStackedWidget {
  Q_SIGNALS:
   void chartsOpened();
   void recapRequested();
+  void viewRequested(const QString& view);
 
  private:
   QWidget* makePage(View& view);

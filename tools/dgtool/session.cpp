@@ -60,7 +60,7 @@ void Session::openEngine() {
 
 void Session::locateStore() {
   const bool found = readCatalogFile() && !SystemInfo->mDirectory.empty() &&
-                     shareIsReachable("\\\\" + SystemInfo->mUNCDrive + "\\VLMRLNK\\") &&
+                     shareIsReachable(SystemInfo->linkShare()) &&
                      fileSystem().directoryExists(SystemInfo->VLMRLNK());
   if (found) return;
   complain();

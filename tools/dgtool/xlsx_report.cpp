@@ -8,6 +8,7 @@
 #include "export/workbook.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/form_bands.h"
@@ -60,6 +61,7 @@ void writeViewSheets(Workbook& book, const View& view) {
     if (const auto* grid = dynamic_cast<const Grid*>(control.get())) grids.push_back(grid);
   }
   std::vector<std::string> notes;
+  if (std::string moment = figuresAsOf(); !moment.empty()) notes.push_back(std::move(moment));
   if (view.incomplete()) notes.emplace_back(kIncomplete);
   for (const Grid* grid : grids) {
     std::string title = titleOf(view);

@@ -120,6 +120,7 @@ frmRecap::~frmRecap() {
 
 void frmRecap::Form_Load() {
   const Date moment = now();
+  compiled = moment;
   lblcompiledate.setCaption(" Compiled  " + moment.shortDateText() + "  " + moment.longTimeText());
   lblcompiledate.Refresh();
 }
