@@ -33,9 +33,9 @@ std::string dottedForm(std::int32_t address) {
   return text;
 }
 
-TextReader openTerminalTable(const std::string& linkShare) {
+std::unique_ptr<File> openTerminalTable(const std::string& linkShare) {
   try {
-    return TextReader(linkShare + "ttymap");
+    return fileSystem().open(linkShare + "ttymap", FileAccess::kRead);
   } catch (const RunTimeError&) {
     // The engine has an error of its own for this, -10 "Terminal File 'ttymap' not found", but it
     // is raised where errors are suppressed. What callers have always seen, and test for, is the
@@ -119,7 +119,7 @@ cBusinessBasic::cBusinessBasic() {
       dg::Trun(environment().computerName.substr(0, kLongestComputerName), true);
   SystemInfo->IP = dottedForm(resolveHost(SystemInfo->ComputerName));
   SystemInfo->TerminalID = "0";
-  TextReader table = openTerminalTable(linkShare);
+  TextReader table(*openTerminalTable(linkShare));
   const std::string terminal = terminalId(table, *SystemInfo);
   if (!terminal.empty()) SystemInfo->TerminalID = terminal;
 

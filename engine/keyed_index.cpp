@@ -38,6 +38,11 @@ class Cursor {
   }
   /// For going on with a walk: raises 31 for a text that is no cursor.
   Cursor(const cLogicalFile& file, std::string& buff) : file_(file), buff_(buff) {
+    // Read in this order: the first that a short text does not reach is the one that is told.
+    Unpack('B', buff, kCurrentEntry);
+    Unpack('B', buff, kPathDepth);
+    Unpack('C', buff, kEntryCount);
+    Unpack('C', buff, kNextLeaf);
     Unpack('B', buff, kSize);
     readEntryLength();
   }
@@ -68,12 +73,12 @@ class Cursor {
     readNode(node, orb);
     setNodeAt(++level, node);
   }
-  /// Reads the next leaf and notes it in the path at `level`.
+  /// Reads the next leaf and notes it in the path at `level`; a level that the path has no room for
+  /// is not noted.
   void moveRight(std::int32_t level, bool& orb) {
-    if (level > kMaxDepth) throw RunTimeError(kOverflow);
     const std::int32_t node = nextLeaf();
     readNode(node, orb);
-    setNodeAt(level, node);
+    if (level <= kMaxDepth) setNodeAt(level, node);
   }
 
   /// Key of a 1-based entry. Entry 0 lies in front of the first, inside the cursor or before it.
@@ -232,6 +237,7 @@ void iKNext(const cLogicalFile& LogicalFile, std::string& Buff, std::string& Key
       Rec = 0;
       return;
     }
+    if (cursor.pathDepth() > kMaxDepth) throw RunTimeError(kOverflow);
     cursor.moveRight(cursor.pathDepth(), Orb);
     entry = 0;
   }

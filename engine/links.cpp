@@ -33,8 +33,8 @@ std::shared_ptr<cLink> cLinks::Add(const std::string& LinkFile, const std::strin
 void cLinks::load(const std::string& path) {
   // Nothing is ever written on the share: where the suite's own open would leave a new, empty
   // table, there simply are no links.
-  if (!fileSystem().fileExists(path)) return;
-  const auto file = fileSystem().open(path, FileAccess::kRead);
+  const auto file = openIfThere(path);
+  if (!file) return;
 
   std::string block(kEntrySize * kEntriesPerRead, '\0');
   std::int64_t offset = 0;

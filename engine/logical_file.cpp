@@ -32,21 +32,11 @@ void suppressed(Step step) {
 /// Bytes of a directory that one read fetches: a whole number of entries.
 constexpr std::size_t kDirectoryReadSize = DirectoryEntry::kSize * std::size_t{128};
 
-/// Opens a file for reading; null when it is not there. Raises what else keeps it from opening.
-std::unique_ptr<File> openExisting(const std::string& path) {
-  try {
-    return fileSystem().open(path, FileAccess::kRead);
-  } catch (const RunTimeError& error) {
-    if (error.number() == kFileNotFound || error.number() == kPathNotFound) return nullptr;
-    throw;
-  }
-}
-
 /// The directory's first entry of a name.
 std::optional<DirectoryEntry> findEntry(const std::string& directoryPath, std::string_view name) {
   // A directory that is not there has no entries; the suite's own open would leave an empty file,
   // but nothing is ever written on the share.
-  const auto file = openExisting(directoryPath);
+  const auto file = openIfThere(directoryPath);
   if (!file) return std::nullopt;
   std::string block(kDirectoryReadSize, '\0');
   std::int64_t offset = 0;

@@ -45,6 +45,15 @@ FileSystem& fileSystem() {
   return front;
 }
 
+std::unique_ptr<File> openIfThere(const std::string& path) {
+  try {
+    return fileSystem().open(path, FileAccess::kRead);
+  } catch (const RunTimeError& error) {
+    if (error.number() == kFileNotFound || error.number() == kPathNotFound) return nullptr;
+    throw;
+  }
+}
+
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement) {
   forgetKeptBytes();
   return std::exchange(replacedFileSystem(), std::move(replacement));

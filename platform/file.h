@@ -48,6 +48,9 @@ class FileSystem {
 
 /// The file system of the process: the operating system's unless a test replaced it.
 FileSystem& fileSystem();
+
+/// Opens a file for reading; null when it is not there. Raises what else keeps it from opening.
+std::unique_ptr<File> openIfThere(const std::string& path);
 /// Replaces it; an empty pointer restores the operating system's. Returns the former.
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement);
 

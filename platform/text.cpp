@@ -71,11 +71,43 @@ char32_t takeUtf8(std::string_view text, std::size_t& position) {
   return character;
 }
 
-constexpr char upperAscii(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+/// What a byte becomes by folding, by its value.
+using Folding = std::array<char, 256>;
+
+struct Foldings {
+  Folding upper{};
+  Folding lower{};
+};
+
+constexpr Foldings foldings() {
+  Foldings result;
+  for (unsigned i = 0; i < 256; ++i)
+    result.upper[i] = result.lower[i] = static_cast<char>(i);
+  const auto pair = [&result](unsigned small, unsigned capital) {
+    result.upper[small] = static_cast<char>(capital);
+    result.lower[capital] = static_cast<char>(small);
+  };
+  constexpr unsigned kDistance = 0x20;
+  for (unsigned small = 'a'; small <= 'z'; ++small)
+    pair(small, small - kDistance);
+  constexpr unsigned kDivisionSign = 0xF7;  // stands among the letters, and so does its counterpart
+  for (unsigned small = 0xE0; small <= 0xFE; ++small) {
+    if (small != kDivisionSign) pair(small, small - kDistance);
+  }
+  pair(0x9A, 0x8A);
+  pair(0x9C, 0x8C);
+  pair(0x9E, 0x8E);
+  pair(0xFF, 0x9F);
+  return result;
 }
-constexpr char lowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+
+constexpr Foldings kFoldings = foldings();
+
+constexpr char upperLetter(char c) {
+  return kFoldings.upper[static_cast<unsigned char>(c)];
+}
+constexpr char lowerLetter(char c) {
+  return kFoldings.lower[static_cast<unsigned char>(c)];
 }
 
 std::string_view cutRight(std::string_view text, std::string_view what) {
@@ -102,19 +134,19 @@ std::string_view shown(std::string_view text) {
 
 std::string upperCase(std::string_view text) {
   std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), upperAscii);
+  std::transform(result.begin(), result.end(), result.begin(), upperLetter);
   return result;
 }
 
 std::string lowerCase(std::string_view text) {
   std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), lowerAscii);
+  std::transform(result.begin(), result.end(), result.begin(), lowerLetter);
   return result;
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lowerAscii(x) == lowerAscii(y); });
+                    [](char x, char y) { return lowerLetter(x) == lowerLetter(y); });
 }
 
 std::string_view middle(std::string_view text, std::size_t position, std::size_t width) {

@@ -13,7 +13,7 @@ std::string_view trim(std::string_view text);
 /// A record's text as it is shown: without its trailing blanks and NULs. Leading blanks stay.
 std::string_view shown(std::string_view text);
 
-/// ASCII case folding; other bytes stay.
+/// Case folding of Windows-1252 bytes, letters above 127 included.
 std::string upperCase(std::string_view text);
 std::string lowerCase(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);

@@ -35,6 +35,8 @@ std::string readAll(File& file) {
 
 TextReader::TextReader(const std::string& path) : content_(readWholeFile(path)) {}
 
+TextReader::TextReader(File& file) : content_(readAll(file)) {}
+
 std::string TextReader::ReadLine() {
   if (AtEndOfStream()) throw RunTimeError(kInputPastEnd);
   const std::size_t end = std::min(content_.find_first_of("\r\n", position_), content_.size());

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/file.h"
+
 namespace dg {
 
 /// Reads a text file line by line. Lines end in CR LF, LF or CR; the ends are not part of a line.
@@ -13,6 +15,8 @@ class TextReader {
   /// Raises as FileSystem::open when the file cannot be opened, 57 when it cannot be read, 7 when
   /// it is longer than a text can be (2 GB).
   explicit TextReader(const std::string& path);
+  /// The text of an open file, read from its start. Raises 57 and 7 as above.
+  explicit TextReader(File& file);
 
   bool AtEndOfStream() const { return position_ >= content_.size(); }
   /// The next line; the last one needs no line end. Raises 62 at the end.

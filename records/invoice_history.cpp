@@ -75,10 +75,10 @@ void writeRental(const clsInvoiceHistory& header, std::string& record) {
   Pack('B', record, flags, 116);
 }
 
+/// The terminal that writes the record, in the place of its own layout.
+template <std::int32_t Position>
 void writeTerminalNumber(const clsInvoiceHistory&, std::string& record) {
-  const std::int32_t number = sharedEngine().Sys(4);
-  Pack('B', record, number, 54);
-  Pack('B', record, number, 157);
+  Pack('B', record, sharedEngine().Sys(4), Position);
 }
 
 /// Only the last digit of a sale's type counts; with a sub-total above zero the types 3 and 4 are
@@ -197,12 +197,31 @@ constexpr Field<clsInvoiceHistory> kCommonFields[] = {
     rawText(148, 1, DG_MEMBER(Tax_Code)),
     integer(149, 'B', DG_MEMBER(Tax_Rate_Code)),
     integer(157, 'B', DG_MEMBER(Field157)),
-    rule<clsInvoiceHistory>(nullptr, &writeTerminalNumber),
+};
+
+// Written last, over what the layouts and the common fields have put there.
+constexpr Field<clsInvoiceHistory> kSalesTerminal[] = {
+    rule<clsInvoiceHistory>(nullptr, &writeTerminalNumber<54>),
+};
+constexpr Field<clsInvoiceHistory> kOrderTerminal[] = {
+    rule<clsInvoiceHistory>(nullptr, &writeTerminalNumber<157>),
 };
 
 constexpr Field<clsInvoiceHistory> kFlagMembers[] = {
     member(DG_MEMBER(IsOrderLayout)),
 };
+
+std::span<const Field<clsInvoiceHistory>> terminalOf(Layout layout) {
+  switch (layout) {
+    case Layout::kSales:
+      return kSalesTerminal;
+    case Layout::kOrder:
+      return kOrderTerminal;
+    case Layout::kNone:
+      break;
+  }
+  return {};
+}
 
 std::span<const Field<clsInvoiceHistory>> fieldsOf(Layout layout) {
   switch (layout) {
@@ -229,9 +248,10 @@ void clsInvoiceHistory::Unpack(const std::string& record) {
 }
 
 void clsInvoiceHistory::Pack(std::string& record) const {
-  const std::int32_t type = tryUnpack('J', record, 1).value_or(0);
-  packFields<clsInvoiceHistory>(fieldsOf(layoutOf(type)), *this, record);
+  const Layout layout = layoutOf(tryUnpack('J', record, 1).value_or(0));
+  packFields<clsInvoiceHistory>(fieldsOf(layout), *this, record);
   packFields<clsInvoiceHistory>(kCommonFields, *this, record);
+  packFields<clsInvoiceHistory>(terminalOf(layout), *this, record);
 }
 
 std::vector<MemberValue> clsInvoiceHistory::members() const {

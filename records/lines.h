@@ -129,7 +129,9 @@ class clnLines {
   std::shared_ptr<clsLines> Item(const std::string& number) const { return lines_.Item(number); }
   std::shared_ptr<clsLines> Item(std::int32_t index) const { return lines_.Item(index); }
   std::int32_t Count() const { return lines_.Count(); }
+  /// Removes a line by number (raises 5) or by place (raises 9).
   void Remove(const std::string& number) { lines_.Remove(number); }
+  void Remove(std::int32_t index) { lines_.Remove(index); }
   std::vector<std::shared_ptr<clsLines>> NewEnum() const { return lines_.NewEnum(); }
 
  private:

@@ -32,7 +32,15 @@ void writeShipTo(const clsShop& job, std::string& record) {
   Pack('K', record, job.ShipTo, 141);
 }
 
+/// Elements that a short record does not reach are those of new arrays.
+void renewArrays(clsShop& job, const std::string&) {
+  job.CallDates = {};
+  job.WarrVend = {};
+  job.CallStatus = {};
+}
+
 constexpr Field<clsShop> kFields[] = {
+    rule<clsShop>(&renewArrays, nullptr),
     integer(1, 'J', DG_MEMBER(Record_Status)),
     integer(3, 'L', DG_MEMBER(Account)),
     integer(7, 'D', DG_MEMBER(ShipTo)),

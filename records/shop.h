@@ -68,7 +68,7 @@ class clsShop final : public TableRecord<clsShop> {
   std::int32_t Field151 = 0;
   std::int32_t Terms_Code = 0;
   std::int32_t Field157 = 0;
-  std::string RecordText;  ///< the whole record, set by the window that shows the job
+  std::string RecordText;  ///< the whole record, set by the list and the window of jobs
 };
 
 }  // namespace dg

@@ -12,11 +12,6 @@ namespace dg {
 
 namespace {
 
-constexpr const char* kDisclaimer =
-    "Velmora Software, Inc\n"
-    "This program is protected by copyright law.\n"
-    "Copying or passing it on without a licence is not permitted.\n";
-
 constexpr const char* kInfoKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 constexpr const char* kInfoValue = "PATH";
 constexpr const char* kLocationKey = R"(SOFTWARE\Microsoft\Shared Tools Location)";
@@ -67,7 +62,7 @@ void frmAbout::Form_Load() {
   setCaption("About Dealer Gauge 2");
   lblVersion.setCaption("Version " + versionText());
   lblTitle.setCaption(kProgramName);
-  lblDisclaimer.setCaption(kDisclaimer);
+  lblDisclaimer.setCaption(kLegalNotice);
 }
 
 bool frmAbout::GetKeyValue(const std::string& key, const std::string& name,

@@ -11,10 +11,6 @@ constexpr int kMinor = 5;
 constexpr int kRevision = 3;
 
 constexpr const char* kConnecting = "Connecting to Server...";
-constexpr const char* kLegalNotice =
-    "This program is licensed to the dealership that it was supplied to.\n"
-    "Copying or passing it on without a licence is not permitted.\n";
-
 constexpr Place kSheet[] = {
     {.control = "lblProductName", .row = 0, .frame = "Frame1"},
     {.control = "Label2", .row = 0, .column = 1, .frame = "Frame1"},

@@ -38,5 +38,9 @@ void showProgress(const std::string& text);
 /// Major, minor and revision number: "2.5.3".
 std::string versionText();
 inline constexpr const char* kProgramName = "Dealer Gauge 2";
+/// The license in short, as splash and About show it; the file LICENSE has it whole.
+inline constexpr const char* kLegalNotice =
+    "Free software under the MIT license: you may use it, copy it and pass it on.\n"
+    "It comes without any warranty.\n";
 
 }  // namespace dg

@@ -325,7 +325,7 @@ TEST(DesktopChartTest, MoneyInShort) {
   EXPECT_EQ(shortMoney(-34'500), "-$34.5k");
   EXPECT_EQ(shortMoney(999'960), "$1M");
   EXPECT_EQ(shortMoney(2.5e9), "$2.5B");
-  EXPECT_EQ(wholeMoney(-1234567.4), "-$1,234,567");
+  EXPECT_EQ(exactMoney(-1234567.4), "-$1,234,567.40");
 }
 
 /// The program itself, as the main menu starts it.

@@ -144,9 +144,17 @@ TEST(InvoiceRecords, WritingPutsThisTerminalIntoTheRecord) {
   std::string record = header(1).integer(116, 'B', 0xFF).bytes();
   read.Pack(record);
   EXPECT_EQ(Unpack('B', record, 54), 12);
-  EXPECT_EQ(Unpack('B', record, 157), 12);
+  EXPECT_EQ(Unpack('B', record, 157), 0) << "the place of an order's terminal";
   EXPECT_EQ(Unpack('C', record, 63), 1 << 9);
   EXPECT_EQ(Unpack('B', record, 116), 0xCD) << "four bits are members, the others stay";
+
+  const struct { std::int32_t type, sales, order; } kCases[] = {{80, 0, 12}, {50, 0, 0}};
+  for (const auto& each : kCases) {
+    record = header(each.type).bytes();
+    unpacked(header(each.type)).Pack(record);
+    EXPECT_EQ(Unpack('B', record, 54), each.sales) << each.type;
+    EXPECT_EQ(Unpack('B', record, 157), each.order) << each.type;
+  }
 }
 
 clsInvoiceHistoryDetail line(const RecordWriter& record) {
@@ -267,6 +275,9 @@ TEST(ShopRecords, TwoMembersShareAByte) {
   EXPECT_EQ(read.WarrVend[1], 0x0305);
   EXPECT_EQ(read.Rental, 1);
   EXPECT_EQ(read.Shop, 1);
+  read.Unpack(RecordWriter(96).bytes());
+  EXPECT_EQ(read.WarrVend[1], 0) << "arrays are new with every record";
+  EXPECT_EQ(read.LastRequest, 3) << "other members are not";
 }
 
 TEST(FloorPlanRecords, TextsBehindTheModelHaveDashes) {

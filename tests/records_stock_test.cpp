@@ -118,11 +118,15 @@ TEST_F(StockRecords, AllLinesAreThoseInUseBelowAThousand) {
   run_.builder.extended("LINEL", "ELINEL").addFreed();
   run_.builder.extended("LINEL", "ELINEL").add(lineRecord(5, "AA").integer(1, 'J', 0).bytes());
   run_.openEngine();
-  const clnLines lines;
+  clnLines lines;
   EXPECT_EQ(lines.Count(), 2);
   EXPECT_EQ(lines.Item("999")->RecordNumber, 3);
   EXPECT_EQ(lines.Item(1)->Line, 12);
   EXPECT_EQ(errorNumber([&] { lines.Item("5"); }), kInvalidProcedureCall);
+  lines.Remove(1);
+  EXPECT_EQ(errorNumber([&] { lines.Remove("12"); }), kInvalidProcedureCall);
+  lines.Remove("999");
+  EXPECT_EQ(lines.Count(), 0);
 }
 
 TEST_F(StockRecords, APartShowsItsDashesAndItsCodes) {

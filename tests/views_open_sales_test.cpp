@@ -275,8 +275,13 @@ TEST_F(OpenSalesTest, AvailableCreditIsRoundedToTheEvenNeighbour) {
   const struct {
     int limit, balance, due;  // balances in hundredths
     const char* shown;
-  } cases[] = {{100, 50, 0, "100.00"}, {101, 25, 25, "100.00"},     {101, 51, 0, "100.00"},
-               {101, 49, 0, "101.00"}, {0, 5, 200'045, "-2000.00"}, {0, -150, 0, "2.00"}};
+  } cases[] = {{100, 50, 0, "100.00"},
+               {101, 25, 25, "100.00"},
+               {101, 51, 0, "100.00"},
+               {101, 49, 0, "101.00"},
+               {0, 5, 200'045, "-2000.00"},
+               {0, -150, 0, "2.00"},
+               {2'147'483'647, -150, 0, "2147483648.00"}};
   std::int32_t account = 0;
   for (const auto& entry : cases) {
     ++account;

@@ -78,10 +78,10 @@ void BarChart::resizeEvent(QResizeEvent* event) {
 }
 
 QString BarChart::describe(const ChartBar& bar) const {
-  if (data_.series.size() == 1) return bar.name + QStringLiteral(": ") + wholeMoney(bar.values[0]);
+  if (data_.series.size() == 1) return bar.name + QStringLiteral(": ") + exactMoney(bar.values[0]);
   QStringList parts;
   for (int i = 0; i < bar.values.size(); ++i)
-    parts.append(data_.series[i] + u' ' + wholeMoney(bar.values[i]));
+    parts.append(data_.series[i] + u' ' + exactMoney(bar.values[i]));
   return bar.name + QStringLiteral(": ") + parts.join(QStringLiteral(", "));
 }
 

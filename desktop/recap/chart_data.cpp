@@ -7,6 +7,7 @@
 
 #include "desktop/window/text.h"
 #include "platform/values/convert.h"
+#include "platform/values/format.h"
 #include "shell/main_window.h"
 #include "shell/recap_figures.h"
 
@@ -140,10 +141,8 @@ QString shortMoney(double value) {
   return sign + QString::number(size, 'f', 0);
 }
 
-QString wholeMoney(double value) {
-  const QString sign = value < 0 ? QStringLiteral("-$") : QStringLiteral("$");
-  const QLocale locale(QLocale::English, QLocale::UnitedStates);
-  return sign + locale.toString(std::fabs(value), 'f', 0);
+QString exactMoney(double value) {
+  return fromBytes(Format(value, "$#,###,##0.00"));
 }
 
 }  // namespace dg

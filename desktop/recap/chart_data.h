@@ -35,7 +35,7 @@ ChartData salesChart(const frmTRVN& main, ChartPeriod period);
 
 /// A figure in short: "$1.2M", "$34.5k", "$120".
 QString shortMoney(double value);
-/// A figure in dollars: "$1,234,567", "-$120".
-QString wholeMoney(double value);
+/// An amount with its cents, for a tip: "$1,234.50".
+QString exactMoney(double value);
 
 }  // namespace dg

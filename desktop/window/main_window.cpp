@@ -150,7 +150,7 @@ void MainWindow::connectForm() {
   connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
   connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
   // No node stands for the charts; the last one is marked again with the next click.
-  connect(views_, &ViewStack::chartsOpened, tree_, &QTreeWidget::clearSelection);
+  connect(views_, &ViewStack::chartsOpened, tree_, &TreePanel::unmark);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
   connect(views_, &ViewStack::viewRequested, this, &MainWindow::goTo);
   setExportNotice([this](const QString& file) { status_->showExport(file); });

@@ -86,11 +86,16 @@ void TreePanel::rebuild() {
   }
 }
 
+void TreePanel::unmark() {
+  clearSelection();
+  showImages();
+}
+
 void TreePanel::showImages() {
   for (const TreeView::Node& node : tree_.nodes()) {
     QTreeWidgetItem* item = itemOf(node.key);
     if (item == nullptr) continue;
-    const bool selected = node.key == tree_.selected();
+    const bool selected = node.key == tree_.selected() && item->isSelected();
     item->setIcon(0, treeImage(selected ? node.selectedImage : node.image, palette()));
   }
 }

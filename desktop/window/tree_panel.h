@@ -17,6 +17,8 @@ class TreePanel : public QTreeWidget {
 
   QSize sizeHint() const override;
   /// The item of a node, or null.
+  /// Marks no node: a page is on show that none stands for. The next click marks one again.
+  void unmark();
   QTreeWidgetItem* itemOf(const std::string& key) const;
 
  protected:

@@ -34,7 +34,14 @@ Entry entryAt(std::string native) {
   return {std::move(native), isThere ? status.st_mode : 0};
 }
 
-/// A folder's entries by their names in lower case. Of several that differ in case alone the first
+/// A name as it is compared: bytes of the code page in lower case. Folders usually name their files
+/// in UTF-8; what is none, or lies outside the code page, stays as it is.
+std::string foldedName(const std::string& name) {
+  const std::string bytes = bytesFromUtf8(name);
+  return lowerCase(utf8FromBytes(bytes) == name ? bytes : name);
+}
+
+/// A folder's entries by their folded names. Of several that differ in case alone the first
 /// in byte order, so that no answer depends on the folder's own order.
 using Listing = std::unordered_map<std::string, std::string>;
 
@@ -59,7 +66,7 @@ Listing readListing(const std::string& folder) {
   if (!open) return listing;
   while (const dirent* entry = ::readdir(open.get())) {
     const std::string name = entry->d_name;
-    const auto [place, isNew] = listing.try_emplace(lowerCase(name), name);
+    const auto [place, isNew] = listing.try_emplace(foldedName(name), name);
     if (!isNew && name < place->second) place->second = name;
   }
   return listing;
@@ -74,15 +81,10 @@ const Listing& listingOf(const std::string& folder) {
 }
 
 /// The folder's entry of that name without regard to case, or the name itself when there is none.
-/// The program's names are bytes of the code page, a folder's usually UTF-8, so either is met.
 std::string entryIgnoringCase(const std::string& folder, const std::string& name) {
   const Listing& listing = listingOf(folder);
-  const auto asBytes = listing.find(lowerCase(name));
-  const auto asUnicode = listing.find(lowerCase(utf8FromBytes(name)));
-  if (asBytes == listing.end() && asUnicode == listing.end()) return name;
-  if (asBytes == listing.end()) return asUnicode->second;
-  if (asUnicode == listing.end()) return asBytes->second;
-  return std::min(asBytes->second, asUnicode->second);
+  const auto found = listing.find(lowerCase(name));
+  return found == listing.end() ? name : found->second;
 }
 
 Entry resolveNames(const std::string& root, const std::vector<std::string>& names) {

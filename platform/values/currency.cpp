@@ -38,6 +38,10 @@ std::int32_t Currency::toLong() const {
   return toInt32(divideHalfEven(value_, kUnit));
 }
 
+Currency Currency::rounded() const {
+  return fromTenThousandths(divideHalfEven(value_, kUnit) * kUnit);
+}
+
 std::int32_t Currency::toScaled(std::int32_t scale) const {
   return toInt32(divideHalfEven(value_, kUnit / scale));
 }

@@ -34,6 +34,8 @@ class Currency {
   double toDouble() const { return static_cast<double>(value_) / static_cast<double>(kUnit); }
   /// The nearest whole number, halves to the even neighbour; raises error 6 beyond 32 bits.
   std::int32_t toLong() const;
+  /// The nearest whole number, halves to the even neighbour.
+  Currency rounded() const;
   /// The integer to store for this value at a scale of 1, 10 or 100, halves to even; error 6
   /// beyond 32 bits.
   std::int32_t toScaled(std::int32_t scale) const;

@@ -71,7 +71,7 @@ constexpr HeadSort kDetailSorts[] = {
 };
 
 constexpr ColumnSpec kExtentColumns[] = {
-    {.name = "Line"},
+    {.name = "Line", .kind = ColumnKind::kNumber},
     {.name = "Part Number"},
     {.name = "Description"},
     {.name = "Quantity", .kind = ColumnKind::kNumber},

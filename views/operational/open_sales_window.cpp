@@ -54,10 +54,11 @@ std::string addressText(const clsCustomers& customer) {
   return text;
 }
 
-/// What the customer may still buy for: whole money units.
-std::int32_t availableCredit(const clsCustomers& customer) {
+/// What the customer may still buy for: whole money units, halves to the even neighbour. Not a
+/// 32-bit number: a limit may be as large as one, and a balance below zero adds to it.
+Currency availableCredit(const clsCustomers& customer) {
   return (Currency(customer.Credit_Limit) - (customer.MTD_Tot_Bal + customer.Statement_Tot_Due))
-      .toLong();
+      .rounded();
 }
 
 }  // namespace
