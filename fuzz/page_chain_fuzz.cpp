@@ -5,10 +5,10 @@
 #include "fuzz/fuzz_input.h"
 #include "fuzz/fuzz_store.h"
 #include "records/file_names.h"
-#include "views/operational/invoice_lines.h"
-#include "views/operational/order_pages.h"
-#include "views/operational/shop_lines.h"
-#include "views/operational/warranty_lines.h"
+#include "records/invoice_lines.h"
+#include "records/order_pages.h"
+#include "records/shop_lines.h"
+#include "records/warranty_lines.h"
 
 namespace {
 

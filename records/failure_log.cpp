@@ -18,7 +18,11 @@ FailureLog setFailureLog(FailureLog log) {
 }
 
 void reportFailure(std::string_view phrase, const RunTimeError& error) {
-  if (failureLog()) failureLog()(phrase, error);
+  if (failureLog().failure) failureLog().failure(phrase, error);
+}
+
+void reportLine(const std::string& line) {
+  if (failureLog().line) failureLog().line(line);
 }
 
 }  // namespace dg

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "platform/values/run_time_error.h"
@@ -9,11 +10,15 @@ namespace dg {
 
 /// Where a record class tells a failure that it traps itself: the shell connects it with the
 /// operation log, which lies above this layer.
-using FailureLog = std::function<void(std::string_view phrase, const RunTimeError& error)>;
+struct FailureLog {
+  std::function<void(std::string_view phrase, const RunTimeError& error)> failure;
+  std::function<void(const std::string& line)> line;  ///< for lines of a form of their own
+};
 
 /// Returns the log in force before.
 FailureLog setFailureLog(FailureLog log);
-/// Passes a failure on; does nothing while no log is connected.
+/// Pass a failure or a whole line on; do nothing while no log is connected.
 void reportFailure(std::string_view phrase, const RunTimeError& error);
+void reportLine(const std::string& line);
 
 }  // namespace dg

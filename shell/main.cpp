@@ -24,9 +24,10 @@ void setLogFile() {
 }
 
 void connectFailureLog() {
-  setFailureLog([](std::string_view phrase, const RunTimeError& error) {
-    logLine("*" + viewFailureText(phrase, error));
-  });
+  setFailureLog(
+      {.failure = [](std::string_view phrase,
+                     const RunTimeError& error) { logLine("*" + viewFailureText(phrase, error)); },
+       .line = &logLine});
 }
 
 std::unique_ptr<frmTRVN> startProgram(const ViewCatalogue& catalogue,

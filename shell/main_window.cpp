@@ -12,6 +12,7 @@
 #include "platform/read_ahead.h"
 #include "platform/text.h"
 #include "platform/unopened_files.h"
+#include "records/control_file.h"
 #include "records/file_names.h"
 #include "shell/about.h"
 #include "shell/options.h"

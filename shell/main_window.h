@@ -19,9 +19,9 @@ namespace dg {
 /// window's load and then by the load of frmShop, whose option decides.
 extern bool WarrantySegments;
 
-/// The company options behind WarrantySegments: the main window's, and the one that decides.
+/// The main window's company option behind WarrantySegments; the one that decides is
+/// kWarrantyOption.
 inline constexpr std::int32_t kFirstWarrantyOption = 320;
-inline constexpr std::int32_t kWarrantyOption = 317;
 
 /// Where the installed program's help lies.
 inline constexpr const char* kHelpFile =

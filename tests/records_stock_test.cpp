@@ -52,9 +52,11 @@ TEST_F(StockRecords, ACommodityIndexThatFailsIsReportedAndTheLineIsReadOn) {
   run_.missing = {"PARTLK"};
   run_.openEngine();
   Texts reports;
-  setFailureLog([&](std::string_view phrase, const RunTimeError& error) {
-    reports.push_back(std::string(phrase) + std::to_string(error.number()));
-  });
+  setFailureLog({.failure =
+                     [&](std::string_view phrase, const RunTimeError& error) {
+                       reports.push_back(std::string(phrase) + std::to_string(error.number()));
+                     },
+                 .line = {}});
   clsLines line;
   line.Unpack(lineRecord(5, "AA").raw(28, 1, "Q").integer(75, 'L', 1'250).bytes());
   EXPECT_EQ(reports.size(), 1U);

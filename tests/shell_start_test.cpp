@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "records/failure_log.h"
+#include "records/line_builder.h"
 #include "shell/main.h"
 #include "shell/options.h"
 #include "shell/recap_sheet.h"

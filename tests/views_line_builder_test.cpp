@@ -6,12 +6,12 @@
 #include "engine/state.h"
 #include "platform/text.h"
 #include "records/index_walk.h"
+#include "records/invoice_lines.h"
+#include "records/shop_lines.h"
+#include "records/warranty_lines.h"
 #include "tests/support/error_number.h"
 #include "tests/support/paged_records.h"
 #include "tests/support/view_run.h"
-#include "views/operational/invoice_lines.h"
-#include "views/operational/shop_lines.h"
-#include "views/operational/warranty_lines.h"
 
 namespace dg::test {
 namespace {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/state.h"
+#include "records/open/shop_jobs.h"
 #include "shell/main_window.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"

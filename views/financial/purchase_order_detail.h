@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "forms/form.h"
-#include "views/financial/vendor_document.h"
+#include "records/vendor_document.h"
 
 namespace dg {
 

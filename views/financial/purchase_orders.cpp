@@ -17,7 +17,6 @@ namespace {
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kOrderMask = "$###,###.00";
 constexpr std::string_view kVendorMask = "######.00";
-constexpr std::size_t kKeyLength = 16;
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "PO Number"},
@@ -57,13 +56,6 @@ constexpr Place kVendorSheet[] = {
     {.control = "Label1", .row = 2},
 };
 
-/// Whether an entry of the index is an open order: by the first digit of its status, 2 for orders
-/// proper and 6 for whatever else the index holds.
-bool isOpen(const VendorDocumentKey& key) {
-  const char digit = std::to_string(key.status).front();
-  return (key.kind == 'V' && digit == '2') || digit == '6';
-}
-
 }  // namespace
 
 frmVtotal::frmVtotal()
@@ -102,36 +94,27 @@ void frmPo::Form_Load() {
 }
 
 void frmPo::GetPO() {
-  std::string first(kKeyLength, '\0');
-  Pack('C', first, 1, 1);
   grdPO.RemoveAll();
   grdPO.Refresh();
   Currency total;
-  // Only the first entry is taken by its magnitude: behind it a negative pointer ends the list, as
-  // the owners' totals have always had it.
-  for (IndexWalk walk(files::kPurchaseOrderIndex, first); !walk.atEnd(); walk.next()) {
-    const VendorDocumentKey key = VendorDocumentKey::decode(walk.key());
-    if (!isOpen(key)) continue;
-    if (const auto document = VendorDocument::open(key.name)) addOrder(*document, total);
-  }
+  forEachPurchaseOrder([&](const OpenDocument& open) { addOrder(open, total); });
   grdPO.MoveFirst();
   writeRecap(Figure::kPurchaseOrders, Format(total, kTotalMask));
   lblPoTotal.setCaption(Format(total, kTotalMask));
 }
 
-void frmPo::addOrder(const VendorDocument& document, Currency& total) {
-  const auto header = VendorDocumentHeader::decode(document.record(VendorDocument::kHeaderRecord));
-  const std::string name = vendorName(header.vendor);
+void frmPo::addOrder(const OpenDocument& open, Currency& total) {
+  const VendorDocumentHeader& header = open.header;
   grdPO.AddNew();
   grdPO.set("PO Number", header.number);
   grdPO.set("Vendor #", header.vendor);
-  grdPO.set("Vendor Name", name);
+  grdPO.set("Vendor Name", open.vendor);
   grdPO.set("Date", header.date);
   grdPO.set("ndate", header.dayNumber());
-  const Currency amount = vendorDocumentTotal(document.record(VendorDocument::kTotalRecord));
+  const Currency amount = open.total();
   grdPO.set("Total", Format(amount, kOrderMask));
   VendorTotal& vendor = vendorTotal(header.vendor);
-  vendor.name = name;
+  vendor.name = open.vendor;
   vendor.sum += amount;
   total += amount;
   grdPO.Update();

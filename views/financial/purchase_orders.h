@@ -5,8 +5,8 @@
 #include <string>
 
 #include "platform/values/currency.h"
+#include "records/open/vendor_orders.h"
 #include "shell/view.h"
-#include "views/financial/vendor_document.h"
 
 namespace dg {
 
@@ -41,7 +41,7 @@ class frmPo final : public View {
   static constexpr std::size_t kMaxVendor = 999;
 
   void GetPO();
-  void addOrder(const VendorDocument& document, Currency& total);
+  void addOrder(const OpenDocument& open, Currency& total);
   VendorTotal& vendorTotal(std::int32_t vendor);
   void ShowPODetail(const std::string& name, int bookmark);
   void cmdVtot_Click();

@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kReturnMask = "$###,###.00";
-constexpr std::size_t kKeyLength = 16;
-constexpr std::int32_t kPendingStatus = 20;
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "PO Number", .caption = "Return Number"},
@@ -62,30 +60,23 @@ void frmReturn::Form_Load() {
 }
 
 void frmReturn::GetReturn() {
-  std::string first(kKeyLength, '\0');
-  Pack('C', first, 1, 1);
   grdReturn.RemoveAll();
   grdReturn.Refresh();
   Currency total;
-  for (IndexWalk walk(files::kReturnIndex, first); !walk.atEnd(); walk.next()) {
-    const VendorDocumentKey key = VendorDocumentKey::decode(walk.key());
-    if (key.status != kPendingStatus || key.kind != 'R') continue;
-    if (const auto document = VendorDocument::open(key.name)) addReturn(*document, total);
-  }
+  forEachReturn([&](const OpenDocument& open) { addReturn(open, total); });
   grdReturn.MoveFirst();
   writeRecap(Figure::kReturns, Format(total, kTotalMask));
   lblRetTotal.setCaption(Format(total, kTotalMask));
 }
 
-void frmReturn::addReturn(const VendorDocument& document, Currency& total) {
-  const auto header = VendorDocumentHeader::decode(document.record(VendorDocument::kHeaderRecord));
-  const std::string name = vendorName(header.vendor);
+void frmReturn::addReturn(const OpenDocument& open, Currency& total) {
+  const VendorDocumentHeader& header = open.header;
   grdReturn.AddNew();
   grdReturn.set("PO Number", header.number);
   grdReturn.set("Vendor #", header.vendor);
-  grdReturn.set("Vendor Name", name);
+  grdReturn.set("Vendor Name", open.vendor);
   grdReturn.set("Date", header.date);
-  const Currency amount = vendorDocumentTotal(document.record(VendorDocument::kTotalRecord));
+  const Currency amount = open.total();
   grdReturn.set("Total", Format(amount, kReturnMask));
   total += amount;
   grdReturn.Update();

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "platform/values/currency.h"
+#include "records/open/vendor_orders.h"
 #include "shell/view.h"
-#include "views/financial/vendor_document.h"
 
 namespace dg {
 
@@ -20,7 +20,7 @@ class frmReturn final : public View {
 
  private:
   void GetReturn();
-  void addReturn(const VendorDocument& document, Currency& total);
+  void addReturn(const OpenDocument& open, Currency& total);
   void ShowReturnDetail(const std::string& name, int bookmark);
 };
 

@@ -1,19 +1,16 @@
 #include "views/operational/floor_plan.h"
 
-#include <functional>
 #include <string_view>
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
 #include "engine/walk_guard.h"
 #include "platform/text.h"
-#include "platform/values/checked.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/floor_plan.h"
-#include "records/index_walk.h"
-#include "records/lines.h"
+#include "records/open/floor_plan_entries.h"
 #include "records/parts.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
@@ -91,41 +88,6 @@ constexpr Place kDetailSheet[] = {
 constexpr Place kExtentSheet[] = {
     {.control = "grdfpx", .row = 0},
 };
-
-constexpr std::size_t kModelKey = 5;
-constexpr std::size_t kModelKeyWidth = 14;
-constexpr std::int32_t kPartCost = 61;  ///< cents
-
-/// The part cost of an entry's model, by the entry's own bytes as a key; 0 when there is none.
-Currency GetPartCost(const std::string& entry) {
-  const std::int32_t found =
-      findExact(files::kPartIndex, std::string(middle(entry, kModelKey, kModelKeyWidth)));
-  if (found == 0) return Currency();
-  const cBusinessBasic& engine = sharedEngine();
-  bool orb = true;
-  const std::string part = engine.LreadFile(files::kParts, found, orb);
-  return Currency::fromScaled(engine.Unpack('D', part, kPartCost), 100);
-}
-
-/// Whether a unit is still on the floor: not sold and not invoiced.
-bool isOpen(const std::string& entry) {
-  const cBusinessBasic& engine = sharedEngine();
-  return engine.Unpack('C', entry, 41) == 0 && engine.Unpack('L', entry, 60) == 0;
-}
-
-/// Calls `visit` for each open entry of a line with its cost, in the order of "FPLNI".
-void forEachOpenEntry(std::int32_t line,
-                      const std::function<void(const clsFloorPlan&, Currency cost)>& visit) {
-  clsFloorPlan entry;
-  for (IndexWalk walk(files::kFloorPlanIndex, integerKey('C', line));
-       !walk.atEnd() && walk.keyField('C', 1) == line; walk.next()) {
-    bool orb = true;
-    const std::string record = sharedEngine().LreadFile(files::kFloorPlan, walk.record(), orb);
-    entry.Unpack(record);
-    if (!isOpen(record)) continue;
-    visit(entry, entry.Cost != Currency() ? entry.Cost : GetPartCost(record));
-  }
-}
 
 Variant dateOrEmpty(Date date) {
   return date == kEmptyDate ? Variant(std::string()) : Variant(date);
@@ -216,26 +178,18 @@ void frmFp::Form_Load() {
 
 void frmFp::GetFpData() {
   Currency grand;
-  clsLines line;
-  // Only 0 ends the list: of a negative pointer the magnitude counts.
-  for (IndexWalk walk(files::kLineIndex, integerKey('C', 0)); walk.record() != 0; walk.next()) {
-    const std::int32_t number = walk.keyField('C', 1);
-    if (number >= kFirstForeignLine) break;
-    bool orb = true;
-    line.Unpack(sharedEngine().LreadFile(files::kLines, checkedAbs(walk.record()), orb));
-    grand += GetLineFp(number, line.Line_Name);
-  }
+  forEachFloorPlanLine([&](std::int32_t line, const std::string& name, Currency cost) {
+    if (cost != Currency()) addLine(line, name, cost);
+    grand += cost;
+  });
   const std::string text = Format(grand, kTotalMask);
   writeRecap(Figure::kFloorPlan, text);
   lblFpTot.setCaption("Total  : " + text);
   grdFp.MoveFirst();
 }
 
-/// Adds the row of a line that has anything on the floor; its sum is returned.
-Currency frmFp::GetLineFp(std::int32_t line, const std::string& name) {
-  Currency sum;
-  forEachOpenEntry(line, [&sum](const clsFloorPlan&, Currency cost) { sum += cost; });
-  if (sum == Currency()) return sum;
+/// Adds the row of a line that has anything on the floor.
+void frmFp::addLine(std::int32_t line, const std::string& name, Currency sum) {
   // Nothing adds to the extents: the column shows none in every row, and the total is the cost.
   const Currency extents;
   grdFp.AddNew();
@@ -245,7 +199,6 @@ Currency frmFp::GetLineFp(std::int32_t line, const std::string& name) {
   grdFp.set("Extents", Format(extents, kAmountMask));
   grdFp.set("Total", Format(sum + extents, kAmountMask));
   grdFp.Update();
-  return sum;
 }
 
 void frmFp::grdFp_BtnClick(int row) {

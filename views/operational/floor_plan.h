@@ -40,7 +40,7 @@ class frmFp final : public View {
 
  private:
   void GetFpData();
-  Currency GetLineFp(std::int32_t line, const std::string& name);
+  void addLine(std::int32_t line, const std::string& name, Currency sum);
   void grdFp_BtnClick(int row);
 };
 

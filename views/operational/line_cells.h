@@ -3,7 +3,7 @@
 #include <string>
 
 #include "forms/grid.h"
-#include "views/operational/line_builder.h"
+#include "records/line_builder.h"
 
 namespace dg {
 

@@ -1,11 +1,7 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
-#include <string>
 
-#include "platform/values/currency.h"
-#include "records/invoice_history.h"
 #include "shell/view.h"
 
 namespace dg {
@@ -23,8 +19,6 @@ class frmOpenSales final : public View {
 
  private:
   void GetPTSData();
-  Currency addPickTickets(clsInvoiceHistory& order);
-  Currency addSavedInvoices(clsInvoiceHistory& order);
 };
 
 }  // namespace dg

@@ -4,14 +4,14 @@
 #include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/format.h"
+#include "records/customer_lookup.h"
+#include "records/digit_date.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/invoice_history.h"
-#include "views/digit_date.h"
-#include "views/operational/customer_lookup.h"
-#include "views/operational/invoice_lines.h"
+#include "records/invoice_lines.h"
+#include "records/order_pages.h"
 #include "views/operational/line_cells.h"
-#include "views/operational/order_pages.h"
 
 namespace dg {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "forms/form.h"
-#include "views/operational/page_record.h"
+#include "records/page_record.h"
 
 namespace dg {
 

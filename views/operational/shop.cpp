@@ -8,14 +8,15 @@
 #include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
-#include "records/file_names.h"
+#include "records/control_file.h"
+#include "records/customer_lookup.h"
+#include "records/open/shop_jobs.h"
 #include "shell/main_window.h"
 #include "shell/options.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
-#include "views/operational/customer_lookup.h"
 #include "views/operational/shop_job_window.h"
 
 namespace dg {
@@ -24,15 +25,6 @@ namespace {
 
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kSubTotalMask = "$##,###.00";
-
-// The job table: two ranges of blocks of the control file, 128 four-byte slots in each.
-constexpr std::int32_t kFirstBlock = 451;
-constexpr std::int32_t kEndOfFirstRange = 459;
-constexpr std::int32_t kSecondRange = 501;
-constexpr std::int32_t kLastBlock = 571;
-constexpr std::int32_t kSlotsPerBlock = 128;
-constexpr std::int32_t kSlotWidth = 4;
-constexpr std::int32_t kFirstJobOfSecondRange = 1000;
 
 // The names of the open statuses "1" to "5".
 constexpr std::int32_t kStatusNameBlock = 450;
@@ -79,15 +71,6 @@ constexpr Place kSheet[] = {
     {.control = "grdShop", .row = 1},
 };
 
-std::string readControlBlock(std::int32_t block) {
-  bool orb = true;
-  return sharedEngine().BlockReadFile(files::kControlFile, block, orb);
-}
-
-std::int32_t slot(const std::string& block, std::int32_t index) {
-  return Unpack('L', block, 1 + kSlotWidth * index);
-}
-
 /// The status column's text for a job's status byte.
 std::string statusText(const std::string& status, const std::string& names) {
   if (status >= "1" && status <= "5") {
@@ -125,23 +108,12 @@ void frmShop::GetShopData() {
   WarrantySegments = GetOption(kWarrantyOption);
   const std::string statusNames = readControlBlock(kStatusNameBlock);
   Currency total;
-  clsShop job;  // used for all jobs: what it keeps from one record shows in the next
-  for (std::int32_t block = kFirstBlock; block <= kLastBlock; ++block) {
-    if (block == kEndOfFirstRange) block = kSecondRange;
-    const std::string slots = readControlBlock(block);
-    for (std::int32_t index = 0; index < kSlotsPerBlock; ++index) {
-      const std::int32_t recordNumber = slot(slots, index);
-      if (recordNumber < 1) continue;
-      bool orb = true;
-      const std::string record = sharedEngine().LreadFile(files::kInvoices, recordNumber, orb);
-      job.Unpack(record);
-      if (job.Status == kBilled) continue;
-      grdShop.AddNew();
-      addJob(job, record, statusNames);
-      total += job.Sub_Total;
-      grdShop.Update();
-    }
-  }
+  forEachOpenJob([&](const OpenJob& open) {
+    grdShop.AddNew();
+    addJob(open.job, open.record, statusNames);
+    total += open.job.Sub_Total;
+    grdShop.Update();
+  });
   grdShop.MoveFirst();
   writeRecap(Figure::kShopWork, Format(total, kTotalMask));
 }
@@ -171,14 +143,6 @@ void frmShop::addJob(const clsShop& job, const std::string& record,
   } else {
     grdShop.set("Request", std::string());
   }
-}
-
-/// The second range counts its blocks from job 999 and its slots from 0: the table is addressed so.
-std::int32_t GetJob(std::int32_t job) {
-  const std::int32_t block = job < kFirstJobOfSecondRange
-                                 ? kFirstBlock + job / kSlotsPerBlock
-                                 : kSecondRange + (job - 999) / kSlotsPerBlock;
-  return slot(readControlBlock(block), job % kSlotsPerBlock);
 }
 
 void frmShop::grdShop_BtnClick(int row) {

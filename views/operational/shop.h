@@ -23,7 +23,4 @@ class frmShop final : public View {
   void grdShop_BtnClick(int row);
 };
 
-/// The "INVOL" record of a job, from its slot in the job table. Raises what the engine raises.
-std::int32_t GetJob(std::int32_t job);
-
 }  // namespace dg

@@ -11,9 +11,10 @@
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/countermen.h"
+#include "records/customer_lookup.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
-#include "views/operational/customer_lookup.h"
+#include "records/open/shop_jobs.h"
 #include "views/operational/line_cells.h"
 #include "views/operational/shop.h"
 

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "forms/form.h"
+#include "records/line_builder.h"
 #include "records/shop.h"
-#include "views/operational/line_builder.h"
-#include "views/operational/shop_lines.h"
+#include "records/shop_lines.h"
 
 namespace dg {
 

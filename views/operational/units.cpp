@@ -1,18 +1,15 @@
 #include "views/operational/units.h"
 
-#include <functional>
 #include <string_view>
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "engine/walk_guard.h"
 #include "platform/text.h"
-#include "platform/values/checked.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
-#include "records/lines.h"
+#include "records/open/unsold_units.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -25,8 +22,6 @@ namespace {
 constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 constexpr std::string_view kMeterMask = "######0.0";
-
-constexpr std::string_view kUnitLine = "U";
 
 /// The user's own captions stand in this block of the control file.
 constexpr std::int32_t kCaptionBlock = 4;
@@ -65,34 +60,6 @@ constexpr Place kDetailSheet[] = {
 constexpr Place kInfoSheet[] = {
     {.control = "grdUnitinfo", .row = 0},
 };
-
-/// Calls `visit` for each unsold unit of a line, in the order of "LUNITI". A unit is unsold while
-/// its sale date is the empty date.
-void forEachUnsoldUnit(std::int32_t line, const std::function<void(const clsUnits&)>& visit) {
-  clsUnits unit;
-  for (IndexWalk walk(files::kUnitsByLineIndex, integerKey('C', line));
-       !walk.atEnd() && walk.keyField('C', 1) == line; walk.next()) {
-    bool orb = true;
-    unit.Unpack(sharedEngine().LreadFile(files::kUnits, walk.record(), orb));
-    if (unit.Date_Sold == kEmptyDate) visit(unit);
-  }
-}
-
-/// A unit's cost: the sum of the amounts of its ledger chain. 0 without a chain.
-Currency unitCost(const clsUnits& unit) {
-  Currency cost;
-  if (unit.SubLedgerChain == 0) return cost;
-  const auto ledger = LogicalFileArgument(files::kUnitLedger).resolve();
-  WalkGuard guard(*ledger);
-  clsUnitsLedger entry;
-  for (std::int32_t record = unit.SubLedgerChain; record != 0; record = entry.LedgerNext) {
-    guard.step(record);
-    bool orb = true;
-    entry.Unpack(sharedEngine().LreadFile(ledger, record, orb));
-    cost += entry.Amount;
-  }
-  return cost;
-}
 
 /// The rows of the information window above its spacing row, and below it.
 struct InfoRow {
@@ -188,7 +155,10 @@ frmUnitDtl::frmUnitDtl()
 }
 
 void frmUnitDtl::grdUnitDtl_BtnClick(int row) {
-  const std::string number = grdUnitDtl.CellValue("Unit", row);
+  showUnit(grdUnitDtl.CellValue("Unit", row));
+}
+
+void showUnit(const std::string& number) {
   frmUnitInfo info(number);
   const IndexWalk found(files::kUnitIndex, number);
   bool orb = true;
@@ -217,30 +187,22 @@ void frmUnits::Form_Load() {
 
 void frmUnits::GetUnitData() {
   Currency grand;
-  clsLines line;
-  // Only 0 ends the list: of a negative pointer the magnitude counts.
-  for (IndexWalk walk(files::kLineIndex, integerKey('C', 0));
-       walk.record() != 0 && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
-    bool orb = true;
-    line.Unpack(sharedEngine().LreadFile(files::kLines, checkedAbs(walk.record()), orb));
-    if (line.Line_Type == kUnitLine) grand += GetLineUnits(line.Line, line.Line_Name);
-  }
+  forEachUnitLine([&](std::int32_t line, const std::string& name, Currency total) {
+    addLine(line, name, total);
+    grand += total;
+  });
   grdUnits.MoveFirst();
   const std::string text = Format(grand, kTotalMask);
   writeRecap(Figure::kUnits, text);
   lblFpTot.setCaption("Total  : " + text);
 }
 
-/// Adds the row of a line; its total is returned.
-Currency frmUnits::GetLineUnits(std::int32_t line, const std::string& name) {
-  Currency total;
-  forEachUnsoldUnit(line, [&](const clsUnits& unit) { total += unitCost(unit); });
+void frmUnits::addLine(std::int32_t line, const std::string& name, Currency total) {
   grdUnits.AddNew();
   grdUnits.set("Line", line);
   grdUnits.set("Name", name);
   grdUnits.set("Total", Format(total, kAmountMask));
   grdUnits.Update();
-  return total;
 }
 
 void frmUnits::grdUnits_BtnClick(int row) {
@@ -250,8 +212,7 @@ void frmUnits::grdUnits_BtnClick(int row) {
   detail.Label1.setCaption("Line  " + line + " - " + name);
   Grid& grid = detail.grdUnitDtl;
   grid.RemoveAll();
-  forEachUnsoldUnit(CLng(line), [&grid](const clsUnits& unit) {
-    const Currency cost = unitCost(unit);
+  forEachUnsoldUnit(CLng(line), [&grid](const clsUnits& unit, Currency cost) {
     grid.AddNew();
     grid.set("Model", unit.Model_Number);
     grid.set("Unit", unit.Unit_Number);

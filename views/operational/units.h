@@ -19,6 +19,9 @@ class frmUnitInfo final : public Form {
   Grid& grdUnitinfo;
 };
 
+/// Opens "Unit Information" for a unit by its number. Raises what the engine raises.
+void showUnit(const std::string& number);
+
 /// "Unit Detail": a product line's unsold units with the cost of each.
 class frmUnitDtl final : public Form {
  public:
@@ -43,7 +46,7 @@ class frmUnits final : public View {
 
  private:
   void GetUnitData();
-  Currency GetLineUnits(std::int32_t line, const std::string& name);
+  void addLine(std::int32_t line, const std::string& name, Currency total);
   void grdUnits_BtnClick(int row);
 };
 

@@ -7,13 +7,13 @@
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/customers.h"
+#include "records/digit_date.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
-#include "views/digit_date.h"
 #include "views/operational/line_cells.h"
 
 namespace dg {
@@ -25,15 +25,6 @@ constexpr std::string_view kAmountMask = "$#####.00";
 constexpr std::string_view kPhoneMask = "000-0000";
 constexpr const char* kLineBreak = "\r\n";
 constexpr std::string_view kRemark = "REM";
-
-// A claim is listed while it is of the first kind, billed and not yet settled.
-constexpr std::int32_t kOpenStatus = 1;
-constexpr std::int32_t kSettledPosition = 401;
-constexpr std::int32_t kBilledPosition = 403;
-/// 1 January 1968 as MMDDYY digits, the empty date: a billed claim lies above it.
-constexpr std::int32_t kEmptyBilledDigits = 10168;
-
-constexpr std::size_t kSegmentDigits = 2;
 
 constexpr ColumnSpec kShopReference = {
     .name = "Shop Ref", .kind = ColumnKind::kNumber, .button = true};
@@ -135,32 +126,20 @@ void BilledWarranties::loadClaims() {
   grdWarr.Refresh();
   double parts = 0;
   double labor = 0;
-  clsWarranty claim;
-  for (IndexWalk walk(files::kWarrantyIndex, integerKey('L', 1)); !walk.atEnd(); walk.next()) {
-    bool orb = true;
-    const std::string record = sharedEngine().LreadFile(files::kWarranties, walk.record(), orb);
-    claim.Unpack(record);
-    const std::int32_t settled = Unpack('C', record, kSettledPosition);
-    const std::int32_t billed = Unpack('D', record, kBilledPosition);
-    if (claim.Status != kOpenStatus || billed <= kEmptyBilledDigits || settled != 0) continue;
-    const Reference reference = referenceOf(claim, walk.keyField('L', 1));
-    clsWarrDetail detail;
-    detail.ShopRef(reference.number);
-    detail.DDisplay(false);
-    detail.GetDetail();
+  forEachBilledClaim(showsSegments(), [&](const BilledClaim& billed) {
     grdWarr.AddNew();
-    addClaim(claim, reference, billed, detail);
+    addClaim(billed);
     grdWarr.Update();
-    parts += detail.WarrPartTotal();
-    labor += detail.WarrLabTotal();
-  }
+    parts += billed.detail.WarrPartTotal();
+    labor += billed.detail.WarrLabTotal();
+  });
   grdWarr.MoveFirst();
   writeRecap(Figure::kWarranties, Format((parts + labor) / 100, kTotalMask));
 }
 
 /// A claim whose lines could not be read shows so in its own row.
-void BilledWarranties::addClaim(const clsWarranty& claim, const Reference& reference,
-                                std::int32_t billedDigits, const clsWarrDetail& detail) {
+void BilledWarranties::addClaim(const BilledClaim& billed) {
+  const auto& [claim, reference, billedDigits, detail] = billed;
   grdWarr.set("Shop Ref", reference.shopReference);
   if (showsSegments()) grdWarr.set("Req", reference.segment);
   grdWarr.set("Invoice #", claim.Billed_Inv_No);
@@ -170,7 +149,7 @@ void BilledWarranties::addClaim(const clsWarranty& claim, const Reference& refer
     grdWarr.set("Name", std::string("Error in warranty detail"));
     grdWarr.set("Brand/Type", std::string());
   } else {
-    grdWarr.set("Name", nameOf(claim));
+    grdWarr.set("Name", claimCustomer(claim, showsSegments()));
     grdWarr.set("Brand/Type", text(claim.Repair_Brand) + " - " + text(claim.Repair_Equip_Desc));
   }
   grdWarr.set("Date Billed", claim.Date_Billed);
@@ -202,16 +181,8 @@ void BilledWarranties::grdWarr_BtnClick(int row) {
 
 frmWarranty::frmWarranty() : BilledWarranties("frmWarranty", kClaimColumns) {}
 
-BilledWarranties::Reference frmWarranty::referenceOf(const clsWarranty& claim, std::int32_t) const {
-  return {.number = claim.Shop_Ref, .shopReference = std::to_string(claim.Shop_Ref), .segment = {}};
-}
-
 std::int32_t frmWarranty::numberOfRow(int row) const {
   return CLng(grdWarr.CellValue("Shop Ref", row));
-}
-
-std::string frmWarranty::nameOf(const clsWarranty& claim) const {
-  return claim.Cust_Name;
 }
 
 std::string frmWarranty::customerText(const clsWarranty& claim) const {
@@ -221,23 +192,8 @@ std::string frmWarranty::customerText(const clsWarranty& claim) const {
 
 frmWarSeg::frmWarSeg() : BilledWarranties("frmWarSeg", kSegmentColumns) {}
 
-/// A number of one digit has no room for a segment: cutting it fails as the run-time's text
-/// routines do, and ends the load.
-BilledWarranties::Reference frmWarSeg::referenceOf(const clsWarranty&,
-                                                   std::int32_t indexNumber) const {
-  const std::string digits = std::to_string(indexNumber);
-  if (digits.size() < kSegmentDigits) throw RunTimeError(kInvalidProcedureCall);
-  const std::size_t cut = digits.size() - kSegmentDigits;
-  return {
-      .number = indexNumber, .shopReference = digits.substr(0, cut), .segment = digits.substr(cut)};
-}
-
 std::int32_t frmWarSeg::numberOfRow(int row) const {
   return CLng(grdWarr.CellValue("Shop Ref", row) + grdWarr.CellValue("Req", row));
-}
-
-std::string frmWarSeg::nameOf(const clsWarranty& claim) const {
-  return GetCustomerName(claim.Cust_No);
 }
 
 std::string frmWarSeg::customerText(const clsWarranty& claim) const {

@@ -4,9 +4,8 @@
 #include <span>
 #include <string>
 
-#include "records/warranty.h"
+#include "records/open/warranty_claims.h"
 #include "shell/view.h"
-#include "views/operational/warranty_lines.h"
 
 namespace dg {
 
@@ -36,23 +35,14 @@ class BilledWarranties : public View {
  protected:
   BilledWarranties(const std::string& form, std::span<const ColumnSpec> columns);
 
-  /// How a claim's entry in the index is shown, and found again: its number there, and its cells.
-  struct Reference {
-    std::int32_t number = 0;
-    std::string shopReference;
-    std::string segment;  ///< empty where claims are whole
-  };
-  virtual Reference referenceOf(const clsWarranty& claim, std::int32_t indexNumber) const = 0;
   virtual std::int32_t numberOfRow(int row) const = 0;
-  virtual std::string nameOf(const clsWarranty& claim) const = 0;
   /// The customer's lines on the detail window.
   virtual std::string customerText(const clsWarranty& claim) const = 0;
   virtual bool showsSegments() const = 0;
 
  private:
   void loadClaims();
-  void addClaim(const clsWarranty& claim, const Reference& reference, std::int32_t billedDigits,
-                const clsWarrDetail& detail);
+  void addClaim(const BilledClaim& billed);
   void grdWarr_BtnClick(int row);
 };
 
@@ -62,9 +52,7 @@ class frmWarranty final : public BilledWarranties {
   frmWarranty();
 
  protected:
-  Reference referenceOf(const clsWarranty& claim, std::int32_t indexNumber) const override;
   std::int32_t numberOfRow(int row) const override;
-  std::string nameOf(const clsWarranty& claim) const override;
   std::string customerText(const clsWarranty& claim) const override;
   bool showsSegments() const override { return false; }
 };
@@ -76,9 +64,7 @@ class frmWarSeg final : public BilledWarranties {
   frmWarSeg();
 
  protected:
-  Reference referenceOf(const clsWarranty& claim, std::int32_t indexNumber) const override;
   std::int32_t numberOfRow(int row) const override;
-  std::string nameOf(const clsWarranty& claim) const override;
   std::string customerText(const clsWarranty& claim) const override;
   bool showsSegments() const override { return true; }
 };

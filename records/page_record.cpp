@@ -1,4 +1,4 @@
-#include "views/operational/page_record.h"
+#include "records/page_record.h"
 
 #include "engine/business_basic.h"
 #include "engine/codec.h"

@@ -1,14 +1,14 @@
-#include "views/operational/line_builder.h"
+#include "records/line_builder.h"
 
 #include "engine/business_basic.h"
 #include "engine/codec.h"
+#include "engine/text_utilities.h"
 #include "engine/walk_guard.h"
 #include "platform/clock.h"
 #include "platform/text.h"
 #include "platform/values/checked.h"
-#include "shell/options.h"
-#include "shell/trap.h"
-#include "shell/write_log.h"
+#include "platform/values/trap.h"
+#include "records/failure_log.h"
 
 namespace dg {
 
@@ -38,12 +38,17 @@ std::string decoded(std::string_view line, std::size_t position,
 
 }  // namespace
 
+std::string FormatPartNumber(std::string& part, const std::string& mask) {
+  InsertDashes(part, mask);
+  return part;
+}
+
 void LineBuilder::runTrapped(std::string_view routine, const std::function<void()>& body) {
   trapErrors(body, [&](const RunTimeError& error) {
     const Date moment = now();
-    logLine(moment.shortDateText() + " : " + moment.longTimeText() + " : " +
-            std::string(format_.tag) + " : " + std::string(routine) +
-            std::to_string(error.number()) + "  " + error.description() + "  " + error.source());
+    reportLine(moment.shortDateText() + " : " + moment.longTimeText() + " : " +
+               std::string(format_.tag) + " : " + std::string(routine) +
+               std::to_string(error.number()) + "  " + error.description() + "  " + error.source());
     error_ = true;
   });
 }

@@ -1,4 +1,4 @@
-#include "views/operational/invoice_lines.h"
+#include "records/invoice_lines.h"
 
 #include "records/file_names.h"
 #include "records/invoice_history_detail.h"

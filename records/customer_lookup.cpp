@@ -1,4 +1,4 @@
-#include "views/operational/customer_lookup.h"
+#include "records/customer_lookup.h"
 
 #include "engine/business_basic.h"
 #include "engine/codec.h"

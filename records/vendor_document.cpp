@@ -1,13 +1,13 @@
-#include "views/financial/vendor_document.h"
+#include "records/vendor_document.h"
 
 #include "engine/business_basic.h"
 #include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/text.h"
+#include "platform/values/trap.h"
+#include "records/digit_date.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
-#include "shell/trap.h"
-#include "views/digit_date.h"
 
 namespace dg {
 

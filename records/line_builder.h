@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/values/variant.h"
-#include "views/operational/page_record.h"
+#include "records/page_record.h"
 
 namespace dg {
 
@@ -43,6 +43,9 @@ inline constexpr LineFormat::Code kInvoiceCodes[] = {
     {"502", LineTotal::kFreight},
     {"550", LineTotal::kMisc},
 };
+
+/// Puts dashes into a part number by its line's mask; the first argument is changed as well.
+std::string FormatPartNumber(std::string& part, const std::string& mask);
 
 /// Turns a document's chain of page records into display lines in page order, and sums them. The
 /// three builders derive from it and add how they find the first record.

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "views/operational/line_builder.h"
+#include "records/line_builder.h"
 
 namespace dg {
 

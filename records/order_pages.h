@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "views/operational/page_record.h"
+#include "records/page_record.h"
 
 namespace dg {
 

@@ -1,4 +1,4 @@
-#include "views/operational/warranty_lines.h"
+#include "records/warranty_lines.h"
 
 #include "records/file_names.h"
 #include "records/index_walk.h"

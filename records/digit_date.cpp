@@ -1,4 +1,4 @@
-#include "views/digit_date.h"
+#include "records/digit_date.h"
 
 #include "platform/values/date.h"
 #include "platform/values/format.h"

@@ -1,4 +1,4 @@
-#include "views/operational/shop_lines.h"
+#include "records/shop_lines.h"
 
 #include "records/file_names.h"
 

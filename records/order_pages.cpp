@@ -1,4 +1,4 @@
-#include "views/operational/order_pages.h"
+#include "records/order_pages.h"
 
 #include <utility>
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "records/line_builder.h"
 #include "records/shop.h"
-#include "views/operational/line_builder.h"
 
 namespace dg {
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace dg {
+
+/// Whether claims are billed by segment: the option that the shop jobs' load asks has the last
+/// word.
+inline constexpr std::int32_t kWarrantyOption = 317;
+
+/// A block of the control file. Raises what the engine raises.
+std::string readControlBlock(std::int32_t block);
+
+/// Whether the company option at a 1-based position is "Y". Raises 5 for a position below 1, and
+/// what the engine raises.
+bool companyOption(std::int32_t position);
+
+}  // namespace dg
