@@ -33,14 +33,12 @@ std::string dottedForm(std::int32_t address) {
   return text;
 }
 
+/// The terminal table; nothing where it cannot be opened.
 std::unique_ptr<File> openTerminalTable(const std::string& linkShare) {
   try {
     return fileSystem().open(linkShare + "ttymap", FileAccess::kRead);
   } catch (const RunTimeError&) {
-    // The engine has an error of its own for this, -10 "Terminal File 'ttymap' not found", but it
-    // is raised where errors are suppressed. What callers have always seen, and test for, is the
-    // error of the reader that is not there.
-    throw RunTimeError(kObjectNotSet);
+    return nullptr;
   }
 }
 
@@ -108,6 +106,9 @@ std::shared_ptr<cLogicalFile> LogicalFileArgument::resolve() const {
 cBusinessBasic::cBusinessBasic() {
   MaskTable = kDefaultMaskTable;
   if (!SystemInfo) throw RunTimeError(kObjectNotSet);
+  const std::string workstation =
+      dg::Trun(environment().computerName.substr(0, kLongestComputerName), true);
+  beginToResolve(workstation);
   const std::string linkShare = SystemInfo->linkShare();
   if (!shareIsReachable(linkShare)) {
     MsgBox("You are attempting to connect to: " + linkShare +
@@ -115,11 +116,15 @@ cBusinessBasic::cBusinessBasic() {
            kSystemModal, "Connection Error");
     throw RunTimeError(kObjectNotSet);
   }
-  SystemInfo->ComputerName =
-      dg::Trun(environment().computerName.substr(0, kLongestComputerName), true);
-  SystemInfo->IP = dottedForm(resolveHost(SystemInfo->ComputerName));
+  SystemInfo->ComputerName = workstation;
   SystemInfo->TerminalID = "0";
-  TextReader table(*openTerminalTable(linkShare));
+  const std::unique_ptr<File> terminalTable = openTerminalTable(linkShare);
+  SystemInfo->IP = dottedForm(resolveHost(workstation));
+  // The engine has an error of its own for this, -10 "Terminal File 'ttymap' not found", but it is
+  // raised where errors are suppressed. What callers have always seen, and test for, is the error
+  // of the reader that is not there.
+  if (!terminalTable) throw RunTimeError(kObjectNotSet);
+  TextReader table(*terminalTable);
   const std::string terminal = terminalId(table, *SystemInfo);
   if (!terminal.empty()) SystemInfo->TerminalID = terminal;
 

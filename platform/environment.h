@@ -37,8 +37,12 @@ std::optional<std::string> nativePath(const std::string& path);
 
 /// The IPv4 address of a host name or dotted text, its four bytes in network order read as one
 /// little-endian integer; -1 when it does not resolve within a few seconds. A dotted text needs no
-/// look-up.
+/// look-up, and a name is looked up once in the life of the process, whatever the answer. For the
+/// program's own thread.
 std::int32_t resolveHost(const std::string& name);
+/// Begins the look-up that resolveHost then waits for, beside what the caller does meanwhile. The
+/// few seconds count from here.
+void beginToResolve(const std::string& name);
 
 /// Whether the root of a share, such as "\\server\share\", can be reached.
 bool shareIsReachable(const std::string& root);

@@ -15,4 +15,9 @@ std::optional<std::int32_t> dottedAddress(const std::string& text);
 /// system's resolver does, and is called from a thread of its own.
 std::int32_t lookUpHost(const std::string& name);
 
+using HostLookUp = std::int32_t (*)(const std::string& name);
+/// Puts another look-up in lookUpHost's place, which nullptr brings back, and forgets what is
+/// known; returns the former. For tests: how long a system's resolver takes is not theirs to try.
+HostLookUp setHostLookUp(HostLookUp replacement);
+
 }  // namespace dg

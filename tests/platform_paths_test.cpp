@@ -1,3 +1,4 @@
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 
 #include "platform/environment.h"
 #include "platform/file.h"
+#include "platform/host_look_up.h"
 #include "platform/system_environment.h"
 #include "tests/support/error_number.h"
 #include "tests/support/scopes.h"
@@ -226,7 +228,23 @@ TEST(ResolveHost, ReadsTheNetworkBytesAsALittleEndianInteger) {
   EXPECT_EQ(resolveHost("0.0.0.0"), 0);
   EXPECT_EQ(resolveHost("192.168.1.200"), static_cast<std::int32_t>(0xc801a8c0));
   EXPECT_EQ(resolveHost("127.1"), 0x0100007f);
-  EXPECT_EQ(resolveHost("localhost"), 0x0100007f);
+  EXPECT_EQ(lookUpHost("127.0.0.1"), 0x0100007f) << "no resolver is asked for a dotted text";
+}
+
+TEST(ResolveHost, LooksANameUpOnceWhateverTheAnswer) {
+  static std::atomic<int> asked = 0;
+  asked = 0;
+  const HostLookUp former = setHostLookUp([](const std::string& name) {
+    ++asked;
+    return name == "front-desk" ? 0x0100007f : -1;
+  });
+  beginToResolve("front-desk");
+  for (int engine = 0; engine < 2; ++engine) {
+    EXPECT_EQ(resolveHost("front-desk"), 0x0100007f);
+    EXPECT_EQ(resolveHost("no such host"), -1);
+  }
+  EXPECT_EQ(asked, 2);
+  setHostLookUp(former);
 }
 
 TEST(ResolveHost, GivesMinusOneForWhatHasNoAddress) {
