@@ -1,11 +1,13 @@
 // Whole loads of example stores, from the start of the program to the last view, beside the floor:
-// reading the same files once in large pieces. All of it comes from the system's page cache; the
-// round trips to a share are simulated.
+// opening, reading in large pieces and closing the same files once, one after the other. All of it
+// comes from the system's page cache; the round trips to a share are simulated, at every call that
+// reaches it.
 //
 // usage: dg_load_bench [SCALE...]      default: 1 10 100
 //
 // Writes a table in Markdown to standard output.
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -36,8 +38,8 @@ using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 using std::chrono::microseconds;
 
-/// A share's answer in a good local network.
-constexpr microseconds kRoundTrip(500);
+/// A share's answer in a good local network, in a large one, and over a line from outside.
+constexpr std::array kRoundTrips = {microseconds(500), microseconds(2000), microseconds(20000)};
 /// Repeated runs give the shortest time; one with simulated round trips is long enough by itself.
 constexpr int kRepeats = 7;
 /// Simulated waiting beyond this is worked out instead of waited for.
@@ -47,7 +49,7 @@ constexpr std::size_t kFloorPiece = std::size_t{1} << 20;
 
 struct Measured {
   double seconds = 0;
-  std::uint64_t calls = 0;
+  CallCounts calls;
   std::uint64_t bytes = 0;
   bool isWorkedOut = false;
 };
@@ -69,14 +71,15 @@ class StoreSession {
   StoreSession(const std::string& store, Date asOf) : session_(options(store, asOf), console_) {}
 
   /// One load of the whole store.
-  Measured load() {
+  Measured load(microseconds roundTrip) {
+    const SimulatedLine line(roundTrip);
     const ReadStatistics before = readStatistics();
     const auto begin = Clock::now();
     session_.load(viewCatalogue(), {});
     const Seconds seconds = Clock::now() - begin;
     const ReadStatistics after = readStatistics();
     if (session_.storeReachable() && session_.failures().empty()) {
-      return {seconds.count(), after.calls - before.calls, after.bytes - before.bytes};
+      return {seconds.count(), line.counts(), after.bytes - before.bytes};
     }
     session_.complain();
     throw std::runtime_error("the store does not load: " + messages_.str());
@@ -97,25 +100,27 @@ class StoreSession {
   Session session_;
 };
 
-/// Reads files once from end to end with plain system calls, in seconds.
+/// Opens, reads and closes files one after the other with plain system calls.
 Measured readThrough(const std::vector<std::string>& nativeFiles, microseconds roundTrip) {
   std::vector<char> piece(kFloorPiece);
   Measured run;
+  const SimulatedLine line(roundTrip);
   const auto begin = Clock::now();
   for (const std::string& name : nativeFiles) {
     const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+    noteFileCall(FileCall::kOpen);
     if (file < 0) throw std::runtime_error("cannot open " + name);
     ssize_t got = 0;
     do {
-      const auto end = Clock::now() + roundTrip;
       got = ::read(file, piece.data(), piece.size());
-      run.calls += 1;
+      noteFileCall(FileCall::kRead);
       run.bytes += got > 0 ? static_cast<std::uint64_t>(got) : 0;
-      if (roundTrip.count() > 0) waitUntil(end);
     } while (got == static_cast<ssize_t>(piece.size()));
     ::close(file);
+    noteFileCall(FileCall::kClose);
   }
   run.seconds = Seconds(Clock::now() - begin).count();
+  run.calls = line.counts();
   return run;
 }
 
@@ -125,8 +130,8 @@ class LoadBench {
   explicit LoadBench(int scale) {
     sample_.scale = scale;
     writeSampleStore(store_, sample_);
-    setFileSystem(std::make_unique<WatchedFileSystem>(microseconds(0), &touched_));
-    load(false);
+    setFileSystem(std::make_unique<WatchedFileSystem>(touched_));
+    load(false, microseconds(0));
     setFileSystem(nullptr);
     const StoreSession place(store_, sample_.asOf);
     for (const auto& [path, extents] : touched_.byPath())
@@ -142,27 +147,30 @@ class LoadBench {
                 nativeFiles_.size(), mebibytes(floor.bytes).c_str(),
                 static_cast<unsigned long long>(touched_.count()));
     std::puts(
-        "| Scale | Round trip | | Seconds | Times the floor | Read calls | Calls an extent | "
-        "MiB read |");
-    std::puts("|--:|--:|---|--:|--:|--:|--:|--:|");
+        "| Scale | Round trip | | Seconds | Times the floor | Opens | Closes | Questions | Reads | "
+        "Reads an extent | MiB read |");
+    std::puts("|--:|--:|---|--:|--:|--:|--:|--:|--:|--:|--:|");
     row("none", "floor", floor, floor);
-    const Measured direct = shortest(kRepeats, [this] { return load(false); });
+    const Measured direct = shortest(kRepeats, [this] { return load(false, microseconds(0)); });
     row("none", "without keeping", direct, floor);
-    const Measured keeping = shortest(kRepeats, [this] { return load(true); });
+    const Measured keeping = shortest(kRepeats, [this] { return load(true, microseconds(0)); });
     row("none", "with keeping", keeping, floor);
 
-    setFileSystem(std::make_unique<WatchedFileSystem>(kRoundTrip));
-    const Measured farFloor = far(floor, [this] { return readAll(kRoundTrip); });
-    row("0.5 ms", "floor", farFloor, farFloor);
-    row("0.5 ms", "without keeping", far(direct, [this] { return load(false); }), farFloor);
-    row("0.5 ms", "with keeping", far(keeping, [this] { return load(true); }), farFloor);
-    setFileSystem(nullptr);
+    for (const microseconds roundTrip : kRoundTrips) {
+      const std::string name = std::to_string(roundTrip.count()) + " \u00b5s";
+      const Measured farFloor = far(floor, roundTrip, [&] { return readAll(roundTrip); });
+      row(name, "floor", farFloor, farFloor);
+      row(name, "without keeping", far(direct, roundTrip, [&] { return load(false, roundTrip); }),
+          farFloor);
+      row(name, "with keeping", far(keeping, roundTrip, [&] { return load(true, roundTrip); }),
+          farFloor);
+    }
   }
 
  private:
-  Measured load(bool keeping) {
+  Measured load(bool keeping, microseconds roundTrip) {
     const bool formerSetting = setReadAheadEnabled(keeping);
-    const Measured run = StoreSession(store_, sample_.asOf).load();
+    const Measured run = StoreSession(store_, sample_.asOf).load(roundTrip);
     setReadAheadEnabled(formerSetting);
     return run;
   }
@@ -170,19 +178,24 @@ class LoadBench {
 
   /// The same with round trips: run, or worked out from the run without when it would take long.
   template <class Run>
-  static Measured far(const Measured& near, Run run) {
-    const double waiting = static_cast<double>(near.calls) * Seconds(kRoundTrip).count();
+  static Measured far(const Measured& near, microseconds roundTrip, Run run) {
+    const double waiting = static_cast<double>(near.calls.sum()) * Seconds(roundTrip).count();
     if (waiting <= kLongestWait.count()) return run();
     return {near.seconds + waiting, near.calls, near.bytes, true};
   }
 
-  void row(const char* roundTrip, const char* way, const Measured& run,
+  void row(const std::string& roundTrip, const char* way, const Measured& run,
            const Measured& floor) const {
-    std::printf("| %d | %s | %s | %s%.4f | %.2f | %llu | %.2f | %s |\n", sample_.scale, roundTrip,
-                way, run.isWorkedOut ? "about " : "", run.seconds, run.seconds / floor.seconds,
-                static_cast<unsigned long long>(run.calls),
-                static_cast<double>(run.calls) / static_cast<double>(touched_.count()),
-                mebibytes(run.bytes).c_str());
+    std::printf("| %d | %s | %s | %s%.4f | %.2f |", sample_.scale, roundTrip.c_str(), way,
+                run.isWorkedOut ? "about " : "", run.seconds, run.seconds / floor.seconds);
+    for (const FileCall call :
+         {FileCall::kOpen, FileCall::kClose, FileCall::kQuestion, FileCall::kRead}) {
+      std::printf(" %llu |", static_cast<unsigned long long>(run.calls.of(call)));
+    }
+    std::printf(
+        " %.2f | %s |\n",
+        static_cast<double>(run.calls.of(FileCall::kRead)) / static_cast<double>(touched_.count()),
+        mebibytes(run.bytes).c_str());
     std::fflush(stdout);
   }
   static std::string mebibytes(std::uint64_t bytes) {

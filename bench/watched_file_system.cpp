@@ -1,5 +1,8 @@
 #include "bench/watched_file_system.h"
 
+#include <algorithm>
+#include <atomic>
+#include <numeric>
 #include <thread>
 #include <utility>
 
@@ -14,15 +17,12 @@ using Clock = std::chrono::steady_clock;
 
 class WatchedFile final : public File {
  public:
-  WatchedFile(std::unique_ptr<File> file, std::string path, std::chrono::microseconds roundTrip,
-              TouchedExtents* touched)
-      : file_(std::move(file)), path_(std::move(path)), roundTrip_(roundTrip), touched_(touched) {}
+  WatchedFile(std::unique_ptr<File> file, std::string path, TouchedExtents& touched)
+      : file_(std::move(file)), path_(std::move(path)), touched_(touched) {}
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
-    const Clock::time_point begin = Clock::now();
     const std::size_t got = file_->read(offset, buffer, count);
-    if (touched_ != nullptr) touched_->add(path_, offset, got);
-    if (roundTrip_.count() > 0) waitUntil(begin + roundTrip_);
+    touched_.add(path_, offset, got);
     return got;
   }
   void write(std::int64_t offset, std::string_view data) override { file_->write(offset, data); }
@@ -31,9 +31,18 @@ class WatchedFile final : public File {
  private:
   std::unique_ptr<File> file_;
   std::string path_;
-  std::chrono::microseconds roundTrip_;
-  TouchedExtents* touched_;
+  TouchedExtents& touched_;
 };
+
+/// What the line in force has to do; one at a time.
+std::array<std::atomic<std::uint64_t>, 4> callsByKind;
+std::atomic<std::chrono::microseconds> lineRoundTrip{};
+
+void waitAndCount(FileCall call) {
+  const std::chrono::microseconds roundTrip = lineRoundTrip.load();
+  if (roundTrip.count() > 0) waitUntil(Clock::now() + roundTrip);
+  ++callsByKind[static_cast<std::size_t>(call)];
+}
 
 }  // namespace
 
@@ -63,8 +72,7 @@ std::uint64_t TouchedExtents::count() const {
 }
 
 std::unique_ptr<File> WatchedFileSystem::open(const std::string& path, FileAccess access) {
-  return std::make_unique<WatchedFile>(systemFileSystem().open(path, access), path, roundTrip_,
-                                       touched_);
+  return std::make_unique<WatchedFile>(systemFileSystem().open(path, access), path, touched_);
 }
 
 bool WatchedFileSystem::fileExists(const std::string& path) {
@@ -73,6 +81,27 @@ bool WatchedFileSystem::fileExists(const std::string& path) {
 
 bool WatchedFileSystem::directoryExists(const std::string& path) {
   return systemFileSystem().directoryExists(path);
+}
+
+std::uint64_t CallCounts::sum() const {
+  return std::accumulate(byKind.begin(), byKind.end(), std::uint64_t{0});
+}
+
+SimulatedLine::SimulatedLine(std::chrono::microseconds roundTrip) {
+  lineRoundTrip = roundTrip;
+  for (auto& calls : callsByKind)
+    calls = 0;
+  former_ = watchFileCalls(waitAndCount);
+}
+
+SimulatedLine::~SimulatedLine() {
+  watchFileCalls(former_);
+}
+
+CallCounts SimulatedLine::counts() const {
+  CallCounts counts;
+  std::ranges::copy(callsByKind, counts.byKind.begin());
+  return counts;
 }
 
 }  // namespace dg::bench

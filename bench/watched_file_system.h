@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <map>
@@ -8,6 +9,7 @@
 #include <string>
 
 #include "platform/file.h"
+#include "platform/file_call.h"
 
 namespace dg::bench {
 
@@ -26,20 +28,40 @@ class TouchedExtents {
   std::map<std::string, std::set<std::int64_t>> byPath_;
 };
 
-/// The system's files below a watcher: it may note what is read, and make each read take at least
-/// as long as a round trip to a share.
+/// The system's files below a watcher that notes what is read.
 class WatchedFileSystem final : public FileSystem {
  public:
-  explicit WatchedFileSystem(std::chrono::microseconds roundTrip, TouchedExtents* touched = nullptr)
-      : roundTrip_(roundTrip), touched_(touched) {}
+  explicit WatchedFileSystem(TouchedExtents& touched) : touched_(touched) {}
 
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override;
   bool fileExists(const std::string& path) override;
   bool directoryExists(const std::string& path) override;
 
  private:
-  std::chrono::microseconds roundTrip_;
-  TouchedExtents* touched_;
+  TouchedExtents& touched_;
+};
+
+/// Calls by their kind.
+struct CallCounts {
+  std::array<std::uint64_t, 4> byKind = {};
+
+  std::uint64_t of(FileCall call) const { return byKind[static_cast<std::size_t>(call)]; }
+  std::uint64_t sum() const;
+};
+
+/// While one lives, calls that would reach a share are counted, and each takes a round trip longer.
+class SimulatedLine {
+ public:
+  explicit SimulatedLine(std::chrono::microseconds roundTrip);
+  ~SimulatedLine();
+  SimulatedLine(const SimulatedLine&) = delete;
+  SimulatedLine& operator=(const SimulatedLine&) = delete;
+
+  /// The calls so far.
+  CallCounts counts() const;
+
+ private:
+  FileCallWatcher former_;
 };
 
 }  // namespace dg::bench

@@ -1,7 +1,9 @@
 #include "platform/file.h"
 
+#include <atomic>
 #include <utility>
 
+#include "platform/file_call.h"
 #include "platform/read_ahead_file.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
@@ -16,6 +18,8 @@ std::unique_ptr<FileSystem>& replacedFileSystem() {
   static std::unique_ptr<FileSystem> replaced;
   return replaced;
 }
+
+std::atomic<FileCallWatcher> fileCallWatcher = nullptr;
 
 /// The file system in place, with files that read ahead while a ReadAheadScope lives.
 class FrontFileSystem final : public FileSystem {
@@ -57,6 +61,14 @@ std::unique_ptr<File> openIfThere(const std::string& path) {
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement) {
   forgetKeptBytes();
   return std::exchange(replacedFileSystem(), std::move(replacement));
+}
+
+FileCallWatcher watchFileCalls(FileCallWatcher watcher) {
+  return fileCallWatcher.exchange(watcher);
+}
+
+void noteFileCall(FileCall call) {
+  if (const FileCallWatcher watcher = fileCallWatcher.load()) watcher(call);
 }
 
 ReadStatistics& readStatistics() {

@@ -2,9 +2,11 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <utility>
 
+#include "platform/file_call.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/system_error.h"
@@ -18,6 +20,10 @@ namespace {
 class SystemFile final : public File {
  public:
   explicit SystemFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+  ~SystemFile() override {
+    descriptor_ = Descriptor();
+    noteFileCall(FileCall::kClose);
+  }
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
     if (offset < 0) throw RunTimeError(kBadRecordNumber);
@@ -26,6 +32,7 @@ class SystemFile final : public File {
       const ssize_t got = ::pread(descriptor_.get(), buffer + done, count - done,
                                   static_cast<off_t>(offset) + static_cast<off_t>(done));
       if (got < 0 && errno == EINTR) continue;
+      noteFileCall(FileCall::kRead);
       ReadStatistics& statistics = readStatistics();
       ++statistics.calls;
       if (got < 0) throw RunTimeError(kDeviceIoError);
@@ -52,6 +59,11 @@ class SystemFile final : public File {
     }
   }
 
+  bool isOrdinary() const {
+    struct stat status = {};
+    return ::fstat(descriptor_.get(), &status) == 0 && S_ISREG(status.st_mode);
+  }
+
   std::int64_t size() override {
     struct stat status = {};
     if (::fstat(descriptor_.get(), &status) != 0) throw RunTimeError(kDeviceIoError);
@@ -68,6 +80,7 @@ class SystemFile final : public File {
   if (end == std::string::npos || end == 0) throw RunTimeError(kFileNotFound);
   struct stat status = {};
   const bool inDirectory = ::stat(native.substr(0, end).c_str(), &status) == 0;
+  noteFileCall(FileCall::kQuestion);
   throw RunTimeError(inDirectory ? kFileNotFound : kPathNotFound);
 }
 
@@ -75,7 +88,11 @@ class SystemFile final : public File {
 /// does.
 mode_t typeAt(const std::string& native) {
   struct stat status = {};
-  return ::stat(native.c_str(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+  const bool isThere = ::stat(native.c_str(), &status) == 0;
+  const int error = errno;
+  noteFileCall(FileCall::kQuestion);
+  errno = error;
+  return isThere ? status.st_mode & S_IFMT : 0;
 }
 
 /// The same, but raises when nothing stands there.
@@ -85,19 +102,42 @@ mode_t typeOf(const std::string& native) {
   throw RunTimeError(pathErrorNumber(errno));
 }
 
+int openingFlags(FileAccess access) {
+  return access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY;
+}
+
+Descriptor openCounted(const std::string& native, int flags) {
+  Descriptor descriptor = openDescriptor(native.c_str(), flags);
+  const int error = errno;
+  noteFileCall(FileCall::kOpen);
+  errno = error;
+  return descriptor;
+}
+
 /// Opens a file of a type that was asked before: the open would wait for ever for the other end of
 /// a pipe.
 std::unique_ptr<File> openOfType(const std::string& native, mode_t type, FileAccess access) {
   if (type != S_IFREG) throw RunTimeError(kPathFileAccess);
-  Descriptor descriptor =
-      openDescriptor(native.c_str(), access == FileAccess::kReadWrite ? O_RDWR : O_RDONLY);
+  Descriptor descriptor = openCounted(native, openingFlags(access));
   if (!descriptor.isOpen()) throw RunTimeError(pathErrorNumber(errno));
   return std::make_unique<SystemFile>(std::move(descriptor));
+}
+
+/// Opens what stands at a path without a question before: waits for nothing, follows no link.
+/// Nothing when it is no ordinary file or cannot be opened so; then whoever asks finds out why.
+std::unique_ptr<File> openAtOnce(const std::string& native, FileAccess access) {
+  Descriptor descriptor = openCounted(native, openingFlags(access) | O_NOFOLLOW | O_NONBLOCK);
+  if (!descriptor.isOpen()) return nullptr;
+  auto file = std::make_unique<SystemFile>(std::move(descriptor));
+  return file->isOrdinary() ? std::move(file) : nullptr;
 }
 
 class SystemFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
+    if (const std::optional<std::string> native = placeAsWritten(path)) {
+      if (std::unique_ptr<File> file = openAtOnce(*native, access)) return file;
+    }
     const Location location = locate(path);
     if (location.error != 0) throw RunTimeError(location.error);
     const mode_t type = location.type != 0 ? location.type : typeOf(location.native);

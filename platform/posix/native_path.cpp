@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/environment.h"
+#include "platform/file_call.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
 #include "platform/text.h"
@@ -31,6 +32,7 @@ struct Entry {
 Entry entryAt(std::string native) {
   struct stat status = {};
   const bool isThere = ::lstat(native.c_str(), &status) == 0;
+  noteFileCall(FileCall::kQuestion);
   return {std::move(native), isThere ? status.st_mode : 0};
 }
 
@@ -62,6 +64,7 @@ Listing readListing(const std::string& folder) {
     void operator()(DIR* open) const { ::closedir(open); }
   };
   const std::unique_ptr<DIR, Closer> open(::opendir(folder.c_str()));
+  noteFileCall(FileCall::kQuestion);
   Listing listing;
   if (!open) return listing;
   while (const dirent* entry = ::readdir(open.get())) {
@@ -87,11 +90,15 @@ std::string entryIgnoringCase(const std::string& folder, const std::string& name
   return found == listing.end() ? name : found->second;
 }
 
-Entry resolveNames(const std::string& root, const std::vector<std::string>& names) {
-  std::string asWritten = root;
+std::string joined(const std::string& root, const std::vector<std::string>& names) {
+  std::string native = root;
   for (const std::string& name : names)
-    asWritten += "/" + name;
-  Entry entry = entryAt(std::move(asWritten));
+    native += "/" + name;
+  return native;
+}
+
+Entry resolveNames(const std::string& root, const std::vector<std::string>& names) {
+  Entry entry = entryAt(joined(root, names));
   if (entry.isThere()) return entry;
 
   entry = {root, S_IFDIR};
@@ -106,17 +113,24 @@ Entry resolveNames(const std::string& root, const std::vector<std::string>& name
   return entry;
 }
 
+/// The names of a share's path, where there are shares at all.
+std::optional<std::vector<std::string>> namesBelowRoot(const std::string& path) {
+  const std::string& root = environment().shareRoot;
+  if (root.empty() || root.find('\0') != std::string::npos) return std::nullopt;
+  return sharePathNames(path);
+}
+
 /// Where a path of a share leads to.
 std::optional<Entry> shareEntry(const std::string& path) {
-  const std::string& root = environment().shareRoot;
-  const std::optional<std::vector<std::string>> names = sharePathNames(path);
-  if (root.empty() || root.find('\0') != std::string::npos || !names) return std::nullopt;
-  return resolveNames(root, *names);
+  const std::optional<std::vector<std::string>> names = namesBelowRoot(path);
+  if (!names) return std::nullopt;
+  return resolveNames(environment().shareRoot, *names);
 }
 
 std::optional<std::string> realPath(const std::string& native) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(native.c_str(), nullptr),
                                                          &std::free);
+  noteFileCall(FileCall::kQuestion);
   if (!real) return std::nullopt;
   return std::string(real.get());
 }
@@ -155,6 +169,13 @@ std::string shareFolder(const std::string& native, const std::string& root) {
   return native.substr(0, share);
 }
 
+/// Whether the real path of what stands at `native` has not left the share.
+bool isWithinShare(const std::string& real, const std::string& native) {
+  const std::string& root = environment().shareRoot;
+  return liesBelow(real, realFolder(shareFolder(native, root))) ||
+         liesBelow(real, realFolder(root));
+}
+
 /// The shares that were found to be reachable.
 std::set<std::string>& metShares() {
   static std::set<std::string> shares;
@@ -188,12 +209,21 @@ Location locate(const std::string& path) {
   // is written by others.
   std::optional<std::string> real = realEntry(*entry);
   if (!real) return {.native = std::move(entry->native)};
-  const std::string& root = environment().shareRoot;
-  if (!liesBelow(*real, realFolder(shareFolder(entry->native, root))) &&
-      !liesBelow(*real, realFolder(root))) {
-    return {.native = {}, .error = kPermissionDenied};
-  }
+  if (!isWithinShare(*real, entry->native)) return {.native = {}, .error = kPermissionDenied};
   return {.native = std::move(*real), .type = S_ISLNK(entry->mode) ? 0 : entry->mode & S_IFMT};
+}
+
+std::optional<std::string> placeAsWritten(const std::string& path) {
+  if (!isSharePath(path)) return std::nullopt;
+  const std::optional<std::vector<std::string>> names = namesBelowRoot(path);
+  if (!names || names->empty()) return std::nullopt;
+  const std::string native = joined(environment().shareRoot, *names);
+  const std::size_t end = native.rfind('/');
+  const std::optional<std::string> folder = realFolder(native.substr(0, end));
+  if (!folder) return std::nullopt;
+  std::string real = *folder + native.substr(end);
+  if (!isWithinShare(real, native)) return std::nullopt;
+  return real;
 }
 
 bool liesOnShare(const std::string& native) {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "platform/environment.h"
+#include "platform/file_call.h"
 #include "platform/system_file.h"
 #include "platform/values/run_time_error.h"
 #include "platform/windows/handle.h"
@@ -27,6 +28,10 @@ OVERLAPPED atOffset(std::int64_t offset) {
 class SystemFile final : public File {
  public:
   explicit SystemFile(Handle handle) : handle_(std::move(handle)) {}
+  ~SystemFile() override {
+    handle_.close();
+    noteFileCall(FileCall::kClose);
+  }
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
     if (offset < 0) throw RunTimeError(kBadRecordNumber);
@@ -38,6 +43,7 @@ class SystemFile final : public File {
       const bool succeeded =
           ::ReadFile(handle_.get(), buffer + done, wanted, &got, &place) != FALSE;
       const DWORD error = succeeded ? ERROR_SUCCESS : ::GetLastError();
+      noteFileCall(FileCall::kRead);
       ReadStatistics& statistics = readStatistics();
       ++statistics.calls;
       // A range that a terminal has locked is refused, and counts as permission denied.
@@ -96,7 +102,10 @@ class SystemFileSystem final : public FileSystem {
  private:
   static DWORD attributesOf(const std::string& path) {
     const std::optional<std::string> native = nativePath(path);
-    return native ? ::GetFileAttributesA(native->c_str()) : INVALID_FILE_ATTRIBUTES;
+    if (!native) return INVALID_FILE_ATTRIBUTES;
+    const DWORD attributes = ::GetFileAttributesA(native->c_str());
+    noteFileCall(FileCall::kQuestion);
+    return attributes;
   }
 };
 
@@ -113,11 +122,15 @@ std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess a
   Handle handle(::CreateFileA(nativeFile.c_str(), wanted,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const DWORD error = handle.isOpen() ? ERROR_SUCCESS : ::GetLastError();
+  noteFileCall(FileCall::kOpen);
   if (!handle.isOpen()) {
-    const DWORD error = ::GetLastError();
+    // A directory is there: what is missing needs no further question.
+    if (error == ERROR_FILE_NOT_FOUND) throw RunTimeError(kFileNotFound);
     const DWORD attributes = ::GetFileAttributesA(nativeFile.c_str());
     const bool isDirectory =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    noteFileCall(FileCall::kQuestion);
     throw RunTimeError(isDirectory ? static_cast<int>(kPathFileAccess) : pathErrorNumber(error));
   }
   if (::GetFileType(handle.get()) != FILE_TYPE_DISK) throw RunTimeError(kPathFileAccess);
