@@ -14,6 +14,7 @@
 #include "platform/unopened_files.h"
 #include "records/control_file.h"
 #include "records/file_names.h"
+#include "records/open/open_work.h"
 #include "shell/about.h"
 #include "shell/options.h"
 #include "shell/recap_sheet.h"
@@ -149,6 +150,7 @@ void frmTRVN::Form_Load() {
 void frmTRVN::load() {
   const ReadAheadScope keeping;
   forgetUnopenedFiles();
+  const OpenWorkLoad telling;
   trapErrors([this] { loadSteps(); },
              [this](const RunTimeError& error) {
                LastError = shellFailureText("Error in form load event ", error);
@@ -243,6 +245,7 @@ void frmTRVN::ReLoadBm() {
 void frmTRVN::refresh() {
   const ReadAheadScope keeping;
   forgetUnopenedFiles();
+  const OpenWorkLoad telling;
   trapErrors([this] { refreshSteps(); },
              [this](const RunTimeError& error) {
                splash().Hide();

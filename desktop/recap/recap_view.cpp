@@ -98,6 +98,16 @@ QWidget* RecapView::buildHead() {
   layout->addWidget(label("lblcompiledate", head, Qt::AlignLeft), 1, 0);
   layout->setColumnStretch(0, 1);
 
+  today_ = new QToolButton(head);
+  today_->setObjectName(QStringLiteral("todayLine"));
+  today_->setAutoRaise(true);
+  today_->setFocusPolicy(Qt::StrongFocus);
+  QPalette colors = today_->palette();
+  colors.setColor(QPalette::ButtonText, accentColor(palette()));
+  today_->setPalette(colors);
+  connect(today_, &QToolButton::clicked, this, &RecapView::todayRequested);
+  layout->addWidget(today_, 2, 0, Qt::AlignLeft);
+
   auto* charts = new QToolButton(head);
   charts->setText(tr("C&harts"));
   charts->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -180,6 +190,10 @@ Card* RecapView::buildProfit() {
   }
   card->setRuledRows(kHeadRow + 1, row);
   return card;
+}
+
+void RecapView::setToday(const QString& text) {
+  today_->setText(text);
 }
 
 void RecapView::print() {

@@ -7,6 +7,7 @@
 #include "shell/recap_figures.h"
 
 class QGridLayout;
+class QToolButton;
 
 namespace dg {
 
@@ -20,6 +21,9 @@ class RecapView : public QWidget {
  public:
   explicit RecapView(Form& form, QWidget* parent = nullptr);
 
+  /// The one line that tells of what needs attention today.
+  void setToday(const QString& text);
+
   void print();
   void preview();
   /// Asks for a file and writes the recap as PDF.
@@ -31,6 +35,8 @@ class RecapView : public QWidget {
  Q_SIGNALS:
   /// The user wants to see the figures as charts.
   void chartsRequested();
+  /// The user wants to see what needs attention.
+  void todayRequested();
   /// The user wants to see what is behind a figure: the view of this name.
   void viewRequested(const QString& view);
 
@@ -47,6 +53,7 @@ class RecapView : public QWidget {
   void addFigure(Card& card, int row, int column, const RecapFigure& figure);
 
   Form& form_;
+  QToolButton* today_ = nullptr;
   QGridLayout* sheet_;
   QWidget* head_;
   Card* assets_;

@@ -24,7 +24,7 @@ void DesktopPresenter::show(Form& form) {
     splash_->repaint();
     QCoreApplication::processEvents();
   } else if (auto* main = dynamic_cast<frmTRVN*>(&form)) {
-    if (!mainWindow_) mainWindow_ = std::make_unique<MainWindow>(*main);
+    if (!mainWindow_) mainWindow_ = std::make_unique<MainWindow>(*main, work_);
     mainWindow_->show();
     mainWindow_->tree().setFocus();
   }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/recap/todays_work.h"
 #include "forms/form.h"
 
 namespace dg {
@@ -32,6 +33,7 @@ class DesktopPresenter final : public Presenter {
   SplashWindow* splashWindow() const { return splash_.get(); }
 
  private:
+  TodaysWork work_;  ///< told of every load from the first one on
   std::unique_ptr<MainWindow> mainWindow_;
   std::unique_ptr<SplashWindow> splash_;
   std::vector<FormDialog*> dialogs_;  ///< open ones, the innermost last

@@ -33,6 +33,7 @@ constexpr HelpPage kPages[] = {
     {"index", QT_TRANSLATE_NOOP("HelpWindow", "Contents"), ""},
     {"getting-around", QT_TRANSLATE_NOOP("HelpWindow", "Getting around"), ""},
     {"recap", QT_TRANSLATE_NOOP("HelpWindow", "Recap"), "frmRecap"},
+    {"today", QT_TRANSLATE_NOOP("HelpWindow", "Today"), "today"},
     {"charts", QT_TRANSLATE_NOOP("HelpWindow", "Charts"), "charts"},
     {"accounts-receivable", QT_TRANSLATE_NOOP("HelpWindow", "Accounts Receivable"), "frmAR"},
     {"billed-warranties", QT_TRANSLATE_NOOP("HelpWindow", "Billed Warranties"), "frmWarranty"},

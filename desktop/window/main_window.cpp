@@ -63,11 +63,11 @@ bool isUserInput(QEvent::Type type) {
 
 }  // namespace
 
-MainWindow::MainWindow(frmTRVN& form)
+MainWindow::MainWindow(frmTRVN& form, TodaysWork& work)
     : form_(form),
       menus_(new MenuBar(this)),
       tree_(new TreePanel(form.tv1, this)),
-      views_(new ViewStack(form, this)),
+      views_(new ViewStack(form, work, this)),
       splitter_(new QSplitter(this)),
       status_(new StatusPanes(form.sb1, this)),
       shareNotice_(new NoticeStrip(this)),
@@ -141,7 +141,10 @@ void MainWindow::connectForm() {
   });
   if (View* current = form_.CurrentView()) views_->showView(*current);
 
-  loadEnded_ = form_.loadEnded.connect([this] { showNotices(); });
+  loadEnded_ = form_.loadEnded.connect([this] {
+    showNotices();
+    views_->tellToday();
+  });
   logFailed_ = logFailed().connect([this] { showNotices(); });
   showNotices();
   showStartProblem();
@@ -149,9 +152,11 @@ void MainWindow::connectForm() {
   connect(menus_->tableMenu(), &QMenu::aboutToShow, this, &MainWindow::fillTableMenu);
   connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
   connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
+  connect(menus_->today(), &QAction::triggered, this, &MainWindow::showToday);
   // No node stands for the charts; the last one is marked again with the next click.
   connect(views_, &ViewStack::chartsOpened, tree_, &TreePanel::unmark);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
+  connect(views_, &ViewStack::logRequested, this, [this] { form_.menuClick("mopt", 0); });
   connect(views_, &ViewStack::viewRequested, this, &MainWindow::goTo);
   setExportNotice([this](const QString& file) { status_->showExport(file); });
   auto* findKey = new QShortcut(QKeySequence::Find, this);
@@ -209,6 +214,10 @@ void MainWindow::goTo(const QString& view) {
   }
 }
 
+void MainWindow::showToday() {
+  if (!form_.loading()) views_->showToday();
+}
+
 void MainWindow::showCharts() {
   if (!form_.loading()) views_->showCharts();
 }
@@ -242,6 +251,7 @@ void MainWindow::showHelp() {
   if (showPlatformHelp(*this)) return;
   if (help_ == nullptr) help_ = new HelpWindow;
   const View* view = form_.CurrentView();
+  if (views_->todayShown()) return help_->showPage("today");
   help_->showPage(views_->chartsShown() || view == nullptr ? std::string_view("charts")
                                                            : std::string_view(view->name()));
 }

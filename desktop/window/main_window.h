@@ -14,6 +14,7 @@ class MenuBar;
 class NoticeStrip;
 class StatusPanes;
 class TreePanel;
+class TodaysWork;
 class ViewStack;
 
 /// Draws the program's main window: store name on top, tree on the left, a view beside it, status
@@ -25,7 +26,7 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit MainWindow(frmTRVN& form);
+  MainWindow(frmTRVN& form, TodaysWork& work);
   ~MainWindow() override;
 
   frmTRVN& form() const { return form_; }
@@ -47,6 +48,7 @@ class MainWindow : public QMainWindow {
   void connectForm();
   void pick(const QString& menu, int index);
   void showCharts();
+  void showToday();
   void goTo(const QString& view);
   void fillTableMenu();
   void showHelp();

@@ -37,6 +37,9 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
       charts_ = menu->addAction(tr("Charts"));
       charts_->setObjectName(QStringLiteral("charts"));
       charts_->setMenuRole(QAction::NoRole);
+      today_ = menu->addAction(tr("Today"));
+      today_->setObjectName(QStringLiteral("today"));
+      today_->setMenuRole(QAction::NoRole);
     }
     if (head.items == "mopt") {
       table_ = addMenu(tr("&Table"));

@@ -17,6 +17,7 @@ class MenuBar : public QMenuBar {
   /// The action of an item, or null.
   QAction* item(std::string_view menu, int index) const;
   QAction* charts() const { return charts_; }
+  QAction* today() const { return today_; }
   /// The added menu of what can be done with a table; filled by who shows it.
   QMenu* tableMenu() const { return table_; }
   /// Disables what needs a store that was read: File/Refresh and the whole View menu.
@@ -29,6 +30,7 @@ class MenuBar : public QMenuBar {
   void fill(QMenu& target, std::string_view items);
 
   QAction* charts_ = nullptr;
+  QAction* today_ = nullptr;
   QMenu* table_ = nullptr;
 };
 

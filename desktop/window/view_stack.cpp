@@ -2,12 +2,14 @@
 
 #include "desktop/recap/charts_page.h"
 #include "desktop/recap/recap_view.h"
+#include "desktop/recap/today_page.h"
 #include "desktop/window/form_view.h"
+#include "desktop/window/text.h"
 
 namespace dg {
 
-ViewStack::ViewStack(const frmTRVN& main, QWidget* parent)
-    : QStackedWidget(parent), main_(main), empty_(new QWidget(this)) {
+ViewStack::ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent)
+    : QStackedWidget(parent), main_(main), work_(work), empty_(new QWidget(this)) {
   addWidget(empty_);
 }
 
@@ -18,6 +20,12 @@ void ViewStack::showView(View& view) {
     addWidget(page);
   }
   setCurrentWidget(page);
+  tellToday();
+}
+
+void ViewStack::tellToday() {
+  if (auto* recap = qobject_cast<RecapView*>(currentWidget()))
+    recap->setToday(fromBytes(work_.summary()));
 }
 
 void ViewStack::hideView() {
@@ -29,6 +37,7 @@ QWidget* ViewStack::makePage(View& view) {
   if (view.name() != "frmRecap") return new FormView(view, this);
   auto* recap = new RecapView(view, this);
   connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
+  connect(recap, &RecapView::todayRequested, this, &ViewStack::showToday);
   connect(recap, &RecapView::viewRequested, this, &ViewStack::viewRequested);
   return recap;
 }
@@ -46,6 +55,20 @@ void ViewStack::showCharts() {
   Q_EMIT chartsOpened();
 }
 
+void ViewStack::showToday() {
+  if (today_ == nullptr) {
+    today_ = new TodayPage(main_, work_, this);
+    connect(today_, &TodayPage::recapRequested, this, &ViewStack::recapRequested);
+    connect(today_, &TodayPage::logRequested, this, &ViewStack::logRequested);
+    addWidget(today_);
+  } else {
+    today_->reload();
+  }
+  setCurrentWidget(today_);
+  today_->setFocus();
+  Q_EMIT chartsOpened();
+}
+
 void ViewStack::showStandIn(QWidget* page) {
   addWidget(page);
   setCurrentWidget(page);
@@ -54,6 +77,10 @@ void ViewStack::showStandIn(QWidget* page) {
 
 bool ViewStack::chartsShown() const {
   return charts_ != nullptr && currentWidget() == charts_;
+}
+
+bool ViewStack::todayShown() const {
+  return today_ != nullptr && currentWidget() == today_;
 }
 
 QWidget* ViewStack::pageOf(const Form& form) const {

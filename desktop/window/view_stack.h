@@ -8,19 +8,23 @@
 namespace dg {
 
 class ChartsPage;
+class TodayPage;
+class TodaysWork;
 
-/// The client area of the main window: the views, one of which is on show, and the charts page.
+/// The client area of the main window: the views, one of which is on show, the charts, and what
+/// needs attention today.
 /// A view's page is made when it is first shown and dropped with the view.
 class ViewStack : public QStackedWidget {
   Q_OBJECT
 
  public:
-  explicit ViewStack(const frmTRVN& main, QWidget* parent = nullptr);
+  ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent = nullptr);
 
   void showView(View& view);
   /// Takes the page on show off the screen; the area is empty until the next one shows.
   void hideView();
   void showCharts();
+  void showToday();
   /// Shows a page that is no view's in the place of one.
   void showStandIn(QWidget* page);
   /// Forgets a form that is about to go; nothing when it has no page.
@@ -28,22 +32,29 @@ class ViewStack : public QStackedWidget {
   /// Forgets all pages.
   void dropAll();
 
+  /// Tells the recap on show of what needs attention now.
+  void tellToday();
+
   bool chartsShown() const;
+  bool todayShown() const;
   /// The page of a view, or null.
   QWidget* pageOf(const Form& form) const;
 
  Q_SIGNALS:
   void chartsOpened();
   void recapRequested();
+  void logRequested();
   void viewRequested(const QString& view);
 
  private:
   QWidget* makePage(View& view);
 
   const frmTRVN& main_;
+  TodaysWork& work_;
   std::map<const Form*, QWidget*> pages_;
   QWidget* empty_;
   ChartsPage* charts_ = nullptr;
+  TodayPage* today_ = nullptr;
 };
 
 }  // namespace dg

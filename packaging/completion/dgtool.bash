@@ -8,6 +8,7 @@ _dgtool_options() {
     'inspect files') echo "--json $store" ;;
     'inspect keys') echo "--find --last --reverse --limit --json $store" ;;
     'inspect record') echo "--as --hex --json $store" ;;
+    attention) echo "--kind --all --limit --json --csv $store" ;;
     snapshot) echo "--history $store" ;;
     history) echo "--history --figure --since --json --csv $store" ;;
     check) echo "--quick --json --limit $store" ;;
@@ -18,13 +19,17 @@ _dgtool_options() {
 
 _dgtool_commands() {
   case $1 in
-    '') echo 'report inspect snapshot history check sample' ;;
+    '') echo 'report inspect attention snapshot history check sample' ;;
     inspect) echo 'files keys record' ;;
   esac
 }
 
 _dgtool_views='frmRecap frmAR frmFp frmGLA frmGLL frmInv frmOpenSales frmPo frmProfit frmReturn
   frmSales frmShop frmUnits frmWarranty frmWarSeg'
+
+_dgtool_kinds='floor-plan-due floor-plan-sold-unpaid shop-complete shop-old shop-promise-passed
+  orders-old warranties-old purchase-orders-old returns-old units-old customers-past-due
+  customers-over-limit parts-idle'
 
 _dgtool() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
@@ -34,12 +39,16 @@ _dgtool() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     word=${COMP_WORDS[i]}
     case "$command $word" in
-      ' report' | ' inspect' | ' snapshot' | ' history' | ' check' | ' sample') command=$word ;;
+      ' report' | ' inspect' | ' attention' | ' snapshot' | ' history' | ' check' | ' sample') command=$word ;;
       'inspect files' | 'inspect keys' | 'inspect record') command="inspect $word" ;;
     esac
   done
 
   case $previous in
+    --kind)
+      mapfile -t COMPREPLY < <(compgen -W "$_dgtool_kinds" -- "$current")
+      return
+      ;;
     --view)
       mapfile -t COMPREPLY < <(compgen -W "$_dgtool_views" -- "$current")
       return

@@ -19,6 +19,14 @@ OpenWorkObserver* setOpenWorkObserver(OpenWorkObserver* observer) {
   return std::exchange(currentObserver(), observer);
 }
 
+OpenWorkLoad::OpenWorkLoad() {
+  if (currentObserver() != nullptr) currentObserver()->loadBegins();
+}
+
+OpenWorkLoad::~OpenWorkLoad() {
+  if (currentObserver() != nullptr) currentObserver()->loadEnds();
+}
+
 OpenWorkReport::OpenWorkReport(OpenFamily family) : family_(family), observer_(currentObserver()) {
   if (observer_ != nullptr) observer_->begin(family_);
 }

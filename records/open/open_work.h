@@ -54,6 +54,10 @@ struct OpenWork {
 class OpenWorkObserver {
  public:
   virtual ~OpenWorkObserver() = default;
+  /// The store is about to be loaded or refreshed: what was told before no longer holds.
+  virtual void loadBegins() {}
+  /// The load is over, and what it has fetched is still kept.
+  virtual void loadEnds() {}
   virtual void begin(OpenFamily family) = 0;
   virtual void add(OpenFamily family, OpenWork item) = 0;
   /// The walk of the family came to its end: what was added is all there is.
@@ -69,6 +73,15 @@ class OpenWorkObserver {
 
 /// Replaces the observer, null for none; returns the former. It must outlive the walks.
 OpenWorkObserver* setOpenWorkObserver(OpenWorkObserver* observer);
+
+/// Tells the observer of a load, for as long as it lives.
+class OpenWorkLoad {
+ public:
+  OpenWorkLoad();
+  ~OpenWorkLoad();
+  OpenWorkLoad(const OpenWorkLoad&) = delete;
+  OpenWorkLoad& operator=(const OpenWorkLoad&) = delete;
+};
 
 /// Tells the observer of one walk. Nothing that goes wrong in the telling reaches the walk: a view
 /// shows the same whether it is observed or not.

@@ -1,5 +1,6 @@
 // The table of dgtool's commands.
 
+#include "tools/dgtool/attention_command.h"
 #include "tools/dgtool/check_command.h"
 #include "tools/dgtool/command.h"
 #include "tools/dgtool/history_command.h"
@@ -30,6 +31,7 @@ constexpr CommandEntry kCommands[] = {
     {"inspect", "files",   "List the logical files",             &make<InspectFilesCommand>},
     {"inspect", "keys",    "Walk or search a keyed index",       &make<InspectKeysCommand>},
     {"inspect", "record",  "Show one record",                    &make<InspectRecordCommand>},
+    {"",        "attention", "Show what needs attention today, and the age of what is open", &make<AttentionCommand>},
     {"",        "snapshot", "Keep today's figures in the history",         &makeWithViews<SnapshotCommand>},
     {"",        "history", "Show the kept figures and how they changed",           &make<HistoryCommand>},
     {"",        "check",   "Examine a store's files for damage", &make<CheckCommand>},
