@@ -13,6 +13,7 @@
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_panel.h"
 #include "desktop/grid/grid_view.h"
+#include "desktop/recap/today_page.h"
 #include "desktop/window/desktop_presenter.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/main_window.h"
@@ -98,6 +99,10 @@ void Tour::visitViews(MainWindow& window) {
     window.form().tv1.click(stop.key);
     save(window, QString::fromLatin1(stop.picture));
   }
+  window.menus().today()->trigger();
+  save(window, "today");
+  window.views().findChild<TodayPage*>()->open(AttentionKind::kShopOld);
+  save(window, "today-rows");
   window.menus().charts()->trigger();
   save(window, "charts");
 }
