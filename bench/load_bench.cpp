@@ -22,6 +22,7 @@
 
 #include "bench/bench_files.h"
 #include "bench/watched_file_system.h"
+#include "insight/open_items.h"
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/read_ahead.h"
@@ -155,6 +156,8 @@ class LoadBench {
     row("none", "without keeping", direct, floor);
     const Measured keeping = shortest(kRepeats, [this] { return load(true, microseconds(0)); });
     row("none", "with keeping", keeping, floor);
+    const Measured told = shortest(kRepeats, [this] { return loadTelling(); });
+    row("none", "and what needs attention", told, floor);
 
     for (const microseconds roundTrip : kRoundTrips) {
       const std::string name = std::to_string(roundTrip.count()) + " \u00b5s";
@@ -173,6 +176,12 @@ class LoadBench {
     const Measured run = StoreSession(store_, sample_.asOf).load(roundTrip);
     setReadAheadEnabled(formerSetting);
     return run;
+  }
+  /// As the desktop loads: the walks tell of the open work as well.
+  Measured loadTelling() {
+    OpenItems items;
+    const ObservingScope observing(items);
+    return load(true);
   }
   Measured readAll(microseconds roundTrip) const { return readThrough(nativeFiles_, roundTrip); }
 

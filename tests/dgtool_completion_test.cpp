@@ -65,8 +65,9 @@ Words helpOptions(const std::string& command) {
 }
 
 TEST(DgtoolCompletionTest, EveryLongOptionIsCompleted) {
-  for (const char* command : {"", "report", "inspect", "inspect files", "inspect keys",
-                              "inspect record", "attention", "snapshot", "history", "check", "sample"}) {
+  for (const char* command :
+       {"", "report", "inspect", "inspect files", "inspect keys", "inspect record", "attention",
+        "snapshot", "history", "check", "sample"}) {
     const Words options = helpOptions(command);
     EXPECT_TRUE(options.contains("--version")) << command;
     EXPECT_EQ(completions(command, "--"), options) << command;

@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/grid/grid_panel.h"
 #include "desktop/grid/grid_view.h"
@@ -105,6 +106,9 @@ TodayPage::~TodayPage() {
 
 void TodayPage::reload() {
   showCards();
+  delete std::exchange(rowsPage_, nullptr);
+  rows_.reset();
+  delete scroll_->takeWidget();  // the table of ages goes before its grid
   auto* sheet = new QWidget;
   auto* layout = new QGridLayout(sheet);
   layout->setContentsMargins(kMargin, 16, kMargin, kMargin);
@@ -139,7 +143,6 @@ void TodayPage::reload() {
         label(tr("Nothing to do: %1.").arg(nothing.join(QStringLiteral(", "))), sheet, true), row++,
         0, 1, kCardColumns);
   }
-  ages_.reset();
   layout->addWidget(buildAgeing(), row, 0, 1, kCardColumns);
   for (int column = 0; column < kCardColumns; ++column)
     layout->setColumnStretch(column, 1);
@@ -160,7 +163,7 @@ QWidget* TodayPage::buildHead() {
   connect(recap, &QToolButton::clicked, this, &TodayPage::recapRequested);
   layout->addWidget(recap, 0, 1, 2, 1);
   QToolButton* limits = button(tr("&Limits..."), head);
-  connect(limits, &QToolButton::clicked, this, &TodayPage::editLimits);
+  connect(limits, &QToolButton::clicked, this, &TodayPage::editLimits, Qt::QueuedConnection);
   layout->addWidget(limits, 0, 2, 2, 1);
   return head;
 }
@@ -168,13 +171,14 @@ QWidget* TodayPage::buildHead() {
 QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult>& result) {
   const KindEntry& entry = entryOf(kind);
   auto* card = new Card(this);
-  card->setObjectName(fromBytes(entry.name));
+  card->setObjectName(QStringLiteral("card-") + fromBytes(entry.name));
   QGridLayout& layout = *card->grid();
   auto* title = label(fromBytes(entry.caption), card);
   title->setFont(scaledFont(font(), 1.1, QFont::DemiBold));
   layout.addWidget(title, 0, 0);
   layout.addWidget(label(meaning(entry, work_.limits()), card, true), 1, 0, 1, 2);
   layout.setColumnStretch(0, 1);
+  layout.setRowStretch(4, 1);  // where the card beside it is higher
 
   if (result && !result->error.empty()) {
     auto* error = label(tr("Could not be read: %1").arg(fromBytes(result->error)), card);
@@ -190,7 +194,9 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
   QToolButton* show = button(result ? tr("&Show") : tr("&Read and Show"), card);
   show->setObjectName(QStringLiteral("show"));
   show->setAccessibleName(tr("Show %1").arg(fromBytes(entry.caption)));
-  connect(show, &QToolButton::clicked, this, [this, kind] { open(kind); });
+  // Queued: the cards, and this button, may be made anew.
+  connect(
+      show, &QToolButton::clicked, this, [this, kind] { open(kind); }, Qt::QueuedConnection);
   if (!result) {
     layout.addWidget(label(tr("Not read yet: it takes a whole file."), card, true), 2, 0);
     layout.addWidget(show, 2, 1, Qt::AlignRight);
@@ -213,7 +219,9 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
     bar->setToolTip(text);
     bar->setAccessibleName(text);
     layout.addWidget(bar, 3, 0);
-    layout.addWidget(label(text, card, true), 3, 1, Qt::AlignRight);
+    auto* part = label(text, card, true);
+    part->setWordWrap(false);
+    layout.addWidget(part, 3, 1, Qt::AlignRight);
   }
   return card;
 }
@@ -268,7 +276,7 @@ void TodayPage::open(AttentionKind kind) {
   if (wasUnread) reload();
   const auto result = work_.result(kind);
   if (!result || !result->error.empty() || result->rows.empty()) return;
-  delete rowsPage_;
+  delete std::exchange(rowsPage_, nullptr);
   rows_ = attentionGrid(*result, main_);
   rowsPage_ = new QWidget(pages_);
   auto* layout = new QVBoxLayout(rowsPage_);
