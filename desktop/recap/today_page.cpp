@@ -1,6 +1,7 @@
 #include "desktop/recap/today_page.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QProgressDialog>
@@ -218,10 +219,12 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
     const QString text = tr("%1 % of %2").arg(*share).arg(fromBytes(family.caption));
     bar->setToolTip(text);
     bar->setAccessibleName(text);
-    layout.addWidget(bar, 3, 0);
+    auto* line = new QHBoxLayout;
+    line->addWidget(bar, 1);
+    layout.addLayout(line, 3, 0, 1, 2);
     auto* part = label(text, card, true);
     part->setWordWrap(false);
-    layout.addWidget(part, 3, 1, Qt::AlignRight);
+    line->addWidget(part);
   }
   return card;
 }
