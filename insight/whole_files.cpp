@@ -85,7 +85,8 @@ std::optional<std::array<WholeFileItems, 2>> readCustomers(const ReadProgress& p
        "Statement_Tot_Due"},
       {"Name"});
   std::array<WholeFileItems, 2> found;
-  auto& [pastDue, overLimit] = found;
+  WholeFileItems& pastDue = found[0];
+  WholeFileItems& overLimit = found[1];
   bool whole = true;
   trapErrors(
       [&] {

@@ -25,7 +25,7 @@ struct BlockRange {
   std::int32_t first, last;
 };
 constexpr BlockRange kSavedBlocks[] = {{"", 301, 325}, {"Y", 701, 764}};
-constexpr std::string_view kStoreMark = "";
+constexpr std::string_view kStoreMark;
 
 // Each block holds four groups of 31 four-byte slots.
 constexpr std::int32_t kGroups = 4;
