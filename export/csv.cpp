@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "export/printable.h"
+#include "forms/grid_columns.h"
 #include "platform/text.h"
 #include "platform/values/convert.h"
 
@@ -13,11 +14,10 @@ namespace {
 constexpr std::string_view kFormulaStarts = "=+-@";
 
 template <class TextOf>
-void writeRecord(std::ostream& out, const Grid& grid, TextOf&& textOf) {
+void writeRecord(std::ostream& out, std::span<const ShownColumn> columns, TextOf&& textOf) {
   const char* separator = "";
-  for (std::size_t i = 0; i < grid.columns().size(); ++i) {
-    if (grid.columns()[i].hidden) continue;
-    out << separator << csvCell(textOf(i));
+  for (const ShownColumn& column : columns) {
+    out << separator << csvCell(textOf(column));
     separator = ",";
   }
   out << "\r\n";
@@ -47,9 +47,11 @@ std::vector<int> allRows(const Grid& grid) {
 }
 
 void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows) {
-  writeRecord(out, grid, [&](std::size_t i) { return grid.columns()[i].caption; });
+  const std::vector<ShownColumn> columns = shownColumns(grid);
+  writeRecord(out, columns, [](const ShownColumn& column) { return column.title; });
   for (const int row : rows) {
-    writeRecord(out, grid, [&](std::size_t i) { return grid.CellValue(static_cast<int>(i), row); });
+    writeRecord(out, columns,
+                [&](const ShownColumn& column) { return grid.CellValue(column.index, row); });
   }
 }
 

@@ -18,7 +18,8 @@ std::string csvCell(std::string_view bytes);
 /// All rows of a grid in their order.
 std::vector<int> allRows(const Grid& grid);
 
-/// Writes a grid as CSV in UTF-8: its captions, then these of its rows, without hidden columns.
+/// Writes a grid as CSV in UTF-8: its captions, each behind the heading of its group, then these of
+/// its rows, without hidden columns.
 void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows);
 /// The same with all rows.
 void writeCsv(std::ostream& out, const Grid& grid);

@@ -52,8 +52,4 @@ NumberLook columnLook(const Grid& grid, int column) {
   return look;
 }
 
-bool isRightAligned(ColumnKind kind) {
-  return kind == ColumnKind::kNumber || kind == ColumnKind::kMoney || kind == ColumnKind::kPercent;
-}
-
 }  // namespace dg

@@ -29,7 +29,4 @@ std::optional<double> shownNumber(std::string_view text);
 /// The number look of all cells of a column.
 NumberLook columnLook(const Grid& grid, int column);
 
-/// Whether a column's cells stand at its right edge.
-bool isRightAligned(ColumnKind kind);
-
 }  // namespace dg

@@ -12,6 +12,14 @@ namespace {
 
 constexpr std::size_t kSheetNameLength = 31;
 
+/// Cut behind a word where one ends in the second half, else in the middle of one.
+std::string shortened(std::string_view name, std::size_t length) {
+  if (name.size() <= length) return std::string(name);
+  const std::size_t blank = name.rfind(' ', length);
+  const std::size_t end = blank == std::string_view::npos || blank < length / 2 ? length : blank;
+  return std::string(trimRight(name.substr(0, end)));
+}
+
 }  // namespace
 
 std::string sheetName(const std::string& title, std::vector<std::string>& taken) {
@@ -26,7 +34,7 @@ std::string sheetName(const std::string& title, std::vector<std::string>& taken)
   std::string candidate;
   for (int number = 1;; ++number) {
     const std::string suffix = number == 1 ? "" : " (" + std::to_string(number) + ")";
-    candidate = std::string(trimRight(name.substr(0, kSheetNameLength - suffix.size()))) + suffix;
+    candidate = shortened(name, kSheetNameLength - suffix.size()) + suffix;
     while (candidate.ends_with('\''))
       candidate.pop_back();
     const bool free = std::ranges::none_of(

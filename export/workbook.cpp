@@ -10,6 +10,7 @@
 #include "export/number_look.h"
 #include "export/printable.h"
 #include "export/sheet_name.h"
+#include "forms/grid_columns.h"
 #include "platform/clock.h"
 #include "platform/scratch_file.h"
 #include "platform/text.h"
@@ -36,22 +37,6 @@ std::optional<double> shownDay(const std::string& text) {
   const auto date = Date::parse(text);
   if (!date || date->days() < kFirstSpreadsheetDay) return std::nullopt;
   return date->days() + date->secondOfDay() / kSecondsPerDay;
-}
-
-struct SheetColumn {
-  int index;          ///< in the grid
-  std::string group;  ///< heading over it; empty: that of the column before
-};
-
-std::vector<SheetColumn> sheetColumns(const Grid& grid) {
-  std::vector<SheetColumn> columns;
-  std::string group;
-  for (int i = 0; i < grid.Cols(); ++i) {
-    const Grid::Column& column = grid.columns()[static_cast<std::size_t>(i)];
-    if (!column.group.empty()) group = column.group;
-    if (!column.hidden) columns.push_back({i, std::exchange(group, {})});
-  }
-  return columns;
 }
 
 lxw_row_t toRow(std::size_t row) {
@@ -119,7 +104,7 @@ class Workbook::Writer {
     worksheet_set_column(sheet_, toColumn(column), toColumn(column), width, nullptr);
   }
 
-  void writeGroups(const std::vector<SheetColumn>& columns, std::size_t row);
+  void writeGroups(const std::vector<ShownColumn>& columns, std::size_t row);
   void writeColumn(const Grid& grid, std::span<const int> rows, int index, std::size_t captionRow,
                    std::size_t at);
 
@@ -147,7 +132,7 @@ class Workbook::Writer {
 };
 
 /// The headings over groups of columns, each over all of its columns.
-void Workbook::Writer::writeGroups(const std::vector<SheetColumn>& columns, std::size_t row) {
+void Workbook::Writer::writeGroups(const std::vector<ShownColumn>& columns, std::size_t row) {
   for (std::size_t first = 0; first < columns.size(); ++first) {
     if (columns[first].group.empty()) continue;
     std::size_t last = first;
@@ -215,14 +200,14 @@ void Workbook::setTitle(std::string_view title) {
 }
 
 void Workbook::addGrid(const std::string& title, const Grid& grid, std::span<const int> rows,
-                       std::span<const std::string> notes) {
-  if (rows.size() + notes.size() + 2 > kMaxRows) {
+                       std::span<const std::string> notes, std::span<const std::string> below) {
+  if (rows.size() + notes.size() + below.size() + 3 > kMaxRows) {
     throw ExportError(grid.name() + " has more rows than a sheet can hold; CSV takes them");
   }
   writer_->addSheet(title);
-  const std::vector<SheetColumn> columns = sheetColumns(grid);
+  const std::vector<ShownColumn> columns = shownColumns(grid);
   const bool groups =
-      std::ranges::any_of(columns, [](const SheetColumn& column) { return !column.group.empty(); });
+      std::ranges::any_of(columns, [](const ShownColumn& column) { return !column.group.empty(); });
   for (std::size_t line = 0; line < notes.size(); ++line)
     writer_->writeText(line, 0, notes[line], writer_->look(CellLook::kPlain));
   if (groups) writer_->writeGroups(columns, notes.size());
@@ -231,6 +216,10 @@ void Workbook::addGrid(const std::string& title, const Grid& grid, std::span<con
   for (std::size_t at = 0; at < columns.size(); ++at)
     writer_->writeColumn(grid, rows, columns[at].index, captionRow, at);
 
+  for (std::size_t line = 0; line < below.size(); ++line) {
+    writer_->writeText(captionRow + rows.size() + 2 + line, 0, below[line],
+                       writer_->look(CellLook::kBold));
+  }
   lxw_worksheet* sheet = writer_->sheet();
   const lxw_row_t top = toRow(captionRow);
   worksheet_freeze_panes(sheet, top + 1, 0);

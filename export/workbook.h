@@ -25,10 +25,11 @@ class Workbook {
   /// The document's title, and now as its time of making.
   void setTitle(std::string_view title);
 
-  /// Adds a sheet with a grid: lines to be read first, its group headings and captions, then these
-  /// of its rows, without hidden columns; numbers and dates as such.
+  /// Adds a sheet with a grid: lines to be read first, others (totals) to be read last, its group
+  /// headings and captions, then these of its rows, without hidden columns; numbers and dates as
+  /// such.
   void addGrid(const std::string& title, const Grid& grid, std::span<const int> rows,
-               std::span<const std::string> notes = {});
+               std::span<const std::string> notes = {}, std::span<const std::string> below = {});
 
   /// Adds an empty sheet, which the next three operations fill.
   void addSheet(const std::string& title);

@@ -1,6 +1,7 @@
 #include "forms/grid.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "platform/text.h"
@@ -237,6 +238,13 @@ void Grid::notify() {
   } else {
     pending_ = true;
   }
+}
+
+std::vector<int> Grid::rowsOnShow() const {
+  if (filteredRows) return filteredRows();
+  std::vector<int> rows(rows_.size());
+  std::iota(rows.begin(), rows.end(), 0);
+  return rows;
 }
 
 }  // namespace dg

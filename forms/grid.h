@@ -81,6 +81,7 @@ class Grid final : public Control {
   /// Makes a row the current one, -1 for none. Raises 9.
   void setBookmark(int row);
   void removeRow(int row);
+  void removeRows(const std::vector<int>& doomed);
   /// Removes the selected rows.
   void DeleteSelected();
   /// Puts all rows in a new order, as SortGrid found it. `order` holds each old row once, else 5.
@@ -108,6 +109,14 @@ class Grid final : public Control {
   std::vector<int> SelBookmarks;  ///< selected rows, where a grid allows several
   bool multiSelect = false;
 
+  /// Rows on show where the user has filtered them, in their order; empty: all of them.
+  std::function<std::vector<int>()> filteredRows;
+  std::vector<int> rowsOnShow() const;
+  /// Whether a click on a column's head sorts; empty: each one's does, where there is a head click.
+  std::function<bool(int column)> headSorts;
+  /// Whether a click on a row leads anywhere; empty: each one's does, where there is a row click.
+  std::function<bool(int row)> rowOpens;
+
   std::function<void(int column)> onHeadClick;
   std::function<void(int row)> onRowClick;  ///< a click on a row, or on its button column
   std::function<void(int row)> onDblClick;
@@ -125,7 +134,6 @@ class Grid final : public Control {
  private:
   void setCell(int column, const Variant& value);
   const std::string& cell(int column, int row) const;
-  void removeRows(const std::vector<int>& doomed);
   /// Follows rows to their new places, -1 for those that are gone.
   void moveSelection(const std::vector<int>& newPlace);
   void notify();

@@ -1,5 +1,6 @@
 #include "shell/setup.h"
 
+#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "shell/sort_grid.h"
 #include "shell/trap.h"
 #include "shell/write_log.h"
 
@@ -96,6 +98,8 @@ frmSetup::frmSetup()
       cmdDone((addLists(), add<Button>("cmdDone", "&Done"))),
       cmdCancel(add<Button>("cmdCancel", "&Cancel")) {
   cmdDone.onClick = [this] {
+    const int stored = grdA(kDisplayed).Rows() > 0 ? 0 : storedAccounts();
+    if (stored > 0 && mayForget && !mayForget(stored)) return;
     SaveAccounts();
     Unload();
   };
@@ -107,13 +111,35 @@ frmSetup::frmSetup()
 }
 
 void frmSetup::addLists() {
-  add<Grid>(elementName("grdA", kAvailable), kColumns).multiSelect = true;
+  addList(kAvailable, "");
   for (int index = 0; std::cmp_less(index, std::size(kMoveCaptions)); ++index) {
     add<Button>(elementName("cmdMove", index), kMoveCaptions[index]).onClick = [this, index] {
       cmdMove_Click(index);
     };
   }
-  add<Grid>(elementName("grdA", kDisplayed), kColumns, "Account to Display").multiSelect = true;
+  addList(kDisplayed, "Account to Display");
+}
+
+void frmSetup::addList(int index, const std::string& heading) {
+  Grid& grid = add<Grid>(elementName("grdA", index), kColumns, heading);
+  grid.multiSelect = true;
+  grid.onHeadClick = [this, &grid](int column) { sortList(grid, column); };
+  grid.onDblClick = [this, index, &grid](int row) {
+    MoveLine(index, index == kAvailable ? kDisplayed : kAvailable, row);
+    grid.removeRow(row);
+  };
+}
+
+/// With a direction of its own: that of the views' tables is not touched.
+void frmSetup::sortList(Grid& grid, int column) {
+  constexpr std::int16_t kDescending = 1;
+  const bool again = grid.sortedColumn() == column && !grid.sortedDescending();
+  std::int16_t direction = again ? kDescending : std::int16_t{0};
+  const bool text = grid.columns()[static_cast<std::size_t>(column)].kind == ColumnKind::kText;
+  std::int16_t textFlag = text ? kTrue : kFalse;
+  SortGrid(grid, grid.Rows(), grid.Cols(), column, direction, textFlag);
+  grid.MoveFirst();
+  grid.markSorted(column, again);
 }
 
 void frmSetup::Form_Load() {
@@ -197,6 +223,12 @@ void frmSetup::cmdMove_Click(int index) {
     grdA(grid).setRedraw(true);
 }
 
+int frmSetup::storedAccounts() const {
+  const std::string list = GetSetting(kSettingsApplication, section_, kAccountsKey, "");
+  if (list.empty()) return 0;
+  return static_cast<int>(std::count(list.begin(), list.end(), ',')) + 1;
+}
+
 /// From the last selection to the first: the rows arrive in the reverse of their selection.
 void frmSetup::moveSelected(int from, int to) {
   Grid& source = grdA(from);
@@ -209,10 +241,11 @@ void frmSetup::moveSelected(int from, int to) {
 void frmSetup::moveAll(int from, int to) {
   Grid& source = grdA(from);
   source.MoveFirst();
-  for (int row = 0; row < source.Rows(); ++row) {
+  // Those that a filter hides are not meant.
+  const std::vector<int> rows = source.rowsOnShow();
+  for (const int row : rows)
     MoveLine(from, to, row);
-  }
-  source.RemoveAll();
+  source.removeRows(rows);
 }
 
 void showSetup() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "forms/form.h"
@@ -42,8 +43,15 @@ class frmSetup final : public Form {
   Button& cmdDone;
   Button& cmdCancel;
 
+  /// Asked when "&Done" would store an empty list over one of so many accounts; empty: no question.
+  /// Set by who shows the dialog.
+  std::function<bool(int accounts)> mayForget;
+
  private:
   void addLists();
+  void addList(int index, const std::string& heading);
+  void sortList(Grid& grid, int column);
+  int storedAccounts() const;
   void cmdMove_Click(int index);
   void moveSelected(int from, int to);
   void moveAll(int from, int to);

@@ -103,4 +103,12 @@ void sortByHead(Grid& grid, int clicked, std::span<const HeadSort> table) {
   grid.markSorted(column, grid.Cols() > 1 && gSortDirection == kDescending);
 }
 
+void sortOnHeads(Grid& grid, std::span<const HeadSort> table) {
+  grid.onHeadClick = [&grid, table](int column) { sortByHead(grid, column, table); };
+  grid.headSorts = [table](int column) {
+    return column >= 0 && static_cast<std::size_t>(column) < table.size() &&
+           !table[static_cast<std::size_t>(column)].column.empty();
+  };
+}
+
 }  // namespace dg

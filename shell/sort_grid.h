@@ -33,4 +33,7 @@ struct HeadSort {
 /// column that the grid does not have; the direction is flipped by then.
 void sortByHead(Grid& grid, int clicked, std::span<const HeadSort> table);
 
+/// Gives a grid that head click. The table outlives the grid.
+void sortOnHeads(Grid& grid, std::span<const HeadSort> table);
+
 }  // namespace dg

@@ -12,6 +12,7 @@
 #include "desktop/grid/grid_export.h"
 #include "desktop/grid/grid_model.h"
 #include "desktop/grid/grid_panel.h"
+#include "desktop/grid/grid_sums.h"
 #include "desktop/grid/grid_view.h"
 #include "desktop/grid/group_header.h"
 #include "desktop/window/user_settings.h"
@@ -54,7 +55,7 @@ class DesktopGridTest : public testing::Test {
   }
 
   void makePanel() {
-    panel_ = std::make_unique<GridPanel>(grid_, "frmTest", "Test Lines");
+    panel_ = std::make_unique<GridPanel>(grid_, form_);
     panel_->resize(700, 400);
     panel_->show();
     QApplication::setActiveWindow(panel_.get());
@@ -75,6 +76,7 @@ class DesktopGridTest : public testing::Test {
   DesktopSession session_;  // the user's settings go into its folder
   Grid grid_{"grdTest", kColumns};
   std::vector<int> opened_;
+  Form form_{"frmTest", "Test Lines"};
   std::unique_ptr<GridPanel> panel_;
 };
 
@@ -169,7 +171,8 @@ TEST_F(DesktopGridTest, OnlyTheButtonOfAButtonColumnOpens) {
   grid.AddItem("12\tSmith");
   int clicks = 0;
   grid.onRowClick = [&](int) { ++clicks; };
-  GridPanel panel(grid, "frmTest", "Jobs");
+  const Form form("frmTest", "Jobs");
+  GridPanel panel(grid, form);
   panel.resize(400, 200);
   panel.show();
   clickCell(panel.view(), 0, 1);
@@ -178,6 +181,28 @@ TEST_F(DesktopGridTest, OnlyTheButtonOfAButtonColumnOpens) {
   EXPECT_EQ(clicks, 1);
   QTest::keyClick(&panel.view(), Qt::Key_Enter);
   EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(DesktopGridTest, SelectedCellsAndFilteredRowsAreSummed) {
+  view().selectAll();
+  EXPECT_EQ(selectionSummary(view()), "Sum $1,227.50   Average $204.58   Count 6");
+  EXPECT_EQ(shownSums(view()), "Sales Total $1,221.50");
+  QTest::keyClicks(&panel_->filterBox(), "motors bold");
+  EXPECT_EQ(shownSums(view()), "Sales Total -$20.00");
+}
+
+TEST_F(DesktopGridTest, AFilteredListMovesWhatItShowsInTheOrderOfSelection) {
+  grid_.multiSelect = true;
+  panel_.reset();
+  makePanel();
+  for (const int row : {2, 0})
+    view().selectionModel()->select(view().model()->index(row, 0),
+                                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  EXPECT_EQ(grid_.SelBookmarks, (std::vector<int>{2, 0}));
+  QTest::keyClicks(&panel_->filterBox(), "zeta");
+  EXPECT_EQ(grid_.rowsOnShow(), std::vector<int>{2});
+  panel_.reset();
+  EXPECT_EQ(grid_.rowsOnShow().size(), 3U);
 }
 
 TEST_F(DesktopGridTest, TheFilterHidesRowsAndOpensTheRightOnes) {
@@ -203,7 +228,7 @@ TEST_F(DesktopGridTest, CopiesCellsWithAndWithoutHeadings) {
   view().selectAll();
   QTest::keyClick(&view(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(QApplication::clipboard()->text(),
-            "Line\tName\tTotal\tDate\n"
+            "Product Group Line\tProduct Group Name\tSales Total\tSales Date\n"
             "3\tSmith & Sons\t$1,234.50\t1/5/26\n"
             "1\t<b>Bold</b> Motors\t-$20.00\t2/1/26\n"
             "2\tZeta\t$7.00\t1/9/26");
@@ -257,7 +282,7 @@ TEST_F(DesktopGridTest, ExportsTheRowsOnShow) {
   const QString csv = QString::fromStdString(session_.run.folder.file("lines.csv"));
   ASSERT_TRUE(panel_->actions().exportTo(csv));
   EXPECT_EQ(session_.run.folder.read("lines.csv"),
-            "\xEF\xBB\xBFLine,Name,Total,Date\r\n"
+            "\xEF\xBB\xBFProduct Group Line,Product Group Name,Sales Total,Sales Date\r\n"
             "3,Smith & Sons,\"$1,234.50\",1/5/26\r\n"
             "1,<b>Bold</b> Motors,-$20.00,2/1/26\r\n");
 

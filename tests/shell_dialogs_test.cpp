@@ -11,6 +11,7 @@
 #include "records/index_walk.h"
 #include "shell/about.h"
 #include "shell/setup.h"
+#include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "shell/view_log.h"
 #include "shell/write_log.h"
@@ -107,9 +108,39 @@ TEST_F(SetupTest, DoneStoresTheListAndCloses) {
   EXPECT_EQ(run_.shown, (std::vector<std::string>{"unload frmSetup"}));
   EXPECT_EQ(SetupCancelled, 0);
 
+  int asked = 0;
   dialog_.cmdMove(3).click();
+  dialog_.mayForget = [&](int accounts) {
+    asked = accounts;
+    return false;
+  };
+  dialog_.cmdDone.click();
+  EXPECT_EQ(asked, 3);
+  EXPECT_EQ(saved("Asset"), "0112345,027,12100");
+  dialog_.mayForget = {};
   dialog_.cmdDone.click();
   EXPECT_EQ(saved("Asset"), "") << "an empty list replaces the stored one too";
+}
+
+TEST_F(SetupTest, RowsThatAFilterHidesStay) {
+  open("A");
+  dialog_.grdA(0).filteredRows = [] { return std::vector<int>{0, 2}; };
+  dialog_.cmdMove(1).click();
+  EXPECT_EQ(dialog_.grdA(1).rows(), (Rows{kAssetRows[0], kAssetRows[2]}));
+  EXPECT_EQ(dialog_.grdA(0).rows(), (Rows{kAssetRows[1]}));
+}
+
+TEST_F(SetupTest, ListsSortByTheirHeadsAndADoubleClickMoves) {
+  gSortDirection = 0;
+  open("A");
+  dialog_.grdA(0).headClick(2);
+  EXPECT_EQ(dialog_.grdA(0).rows()[1], kAssetRows[2]) << "LAND behind CASH";
+  dialog_.grdA(0).headClick(2);
+  EXPECT_EQ(dialog_.grdA(0).rows()[0], kAssetRows[1]);
+  EXPECT_EQ(gSortDirection, 0) << "the views' direction is theirs";
+  dialog_.grdA(0).dblClick(0);
+  EXPECT_EQ(dialog_.grdA(1).rows(), (Rows{kAssetRows[1]}));
+  EXPECT_EQ(dialog_.grdA(0).Rows(), 2);
 }
 
 TEST_F(SetupTest, CancelLeavesTheStoredList) {

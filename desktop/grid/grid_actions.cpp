@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileInfo>
+#include <QHash>
 #include <QMenu>
 #include <algorithm>
 
@@ -13,27 +14,15 @@
 #include "desktop/grid/grid_view.h"
 #include "desktop/print/printing.h"
 #include "desktop/window/text.h"
+#include "forms/form_bands.h"
+#include "shell/view.h"
 
 namespace dg {
 
-namespace {
-
-/// What the view shows, brought up to date.
-PrintDocument documentOf(GridView& view, const QString& title) {
-  view.synchronize();
-  const GridModel& model = view.gridModel();
-  const QString note = model.filter().isEmpty()
-                           ? QString()
-                           : GridActions::tr("Rows with \"%1\"").arg(model.filter());
-  return newPrintDocument(title, note, {tableOf(model, {})});
-}
-
-}  // namespace
-
-GridActions::GridActions(GridView& view, QString title, QObject* parent)
+GridActions::GridActions(GridView& view, const Form& form, QObject* parent)
     : QObject(parent),
       view_(view),
-      title_(std::move(title)),
+      form_(form),
       exportMenu_(new QMenu(tr("&Export"), &view)),
       printMenu_(new QMenu(tr("&Print"), &view)),
       contextMenu_(new QMenu(&view)) {
@@ -107,17 +96,30 @@ void GridActions::update() const {
 
 void GridActions::fillColumnMenu(QMenu& menu) const {
   menu.clear();
-  const std::vector<Grid::Column>& columns = view_.grid().columns();
-  QString group;
-  for (int column = 0; column < view_.grid().Cols(); ++column) {
-    const Grid::Column& source = columns[static_cast<std::size_t>(column)];
-    if (!source.group.empty()) group = cellText(source.group);
-    if (source.hidden) continue;
-    QString caption = cellText(source.caption);
-    if (!group.isEmpty()) caption = group.simplified() + QStringLiteral(": ") + caption;
-    menu.addAction(caption.replace(u'&', QStringLiteral("&&")), &view_,
-                   [this, column] { view_.scrollToColumn(column); });
+  for (const ShownColumn& column : shownColumns(view_.grid())) {
+    QString title = cellText(column.title).simplified();
+    menu.addAction(title.replace(u'&', QStringLiteral("&&")), &view_,
+                   [this, index = column.index] { view_.scrollToColumn(index); });
   }
+}
+
+QString GridActions::title() const {
+  const bool isView = dynamic_cast<const View*>(&form_) != nullptr;
+  return cellText(isView ? gridTitle(form_, view_.grid()) : form_.caption()).simplified();
+}
+
+PrintDocument GridActions::document() const {
+  view_.synchronize();
+  const GridModel& model = view_.gridModel();
+  QStringList notes;
+  if (form_.incomplete()) notes.append(tr("Could not be read completely: see the log."));
+  if (!model.filter().isEmpty()) notes.append(tr("Rows with \"%1\"").arg(model.filter()));
+  PrintTable table = tableOf(model, {});
+  for (const std::string& line : linesAboveGrids(form_))
+    table.above.append(cellText(line));
+  for (const std::string& line : linesBelowGrid(form_, view_.grid()))
+    table.below.append(cellText(line));
+  return newPrintDocument(title(), notes.join(QStringLiteral("   ")), {table});
 }
 
 void GridActions::copy(bool withHeadings) const {
@@ -126,24 +128,24 @@ void GridActions::copy(bool withHeadings) const {
 }
 
 void GridActions::print() const {
-  printDocument(documentOf(view_, title_), view_.window());
+  printDocument(document(), view_.window());
 }
 
 void GridActions::preview() const {
-  previewDocument(documentOf(view_, title_), view_.window());
+  previewDocument(document(), view_.window());
 }
 
 void GridActions::askAndExport(const QString& suffix, const QString& kind) const {
-  const QString file = askForExportFile(view_.window(), title_, suffix, kind);
+  const QString file = askForExportFile(view_.window(), title(), suffix, kind);
   if (!file.isEmpty()) exportTo(file);
 }
 
 bool GridActions::exportTo(const QString& file) const {
   view_.synchronize();
   if (QFileInfo(file).suffix().toLower() == QStringLiteral("pdf")) {
-    return exported(view_.window(), file, writePdf(documentOf(view_, title_), file));
+    return exported(view_.window(), file, writePdf(document(), file));
   }
-  const QString problem = exportGrid(view_.gridModel(), title_, file);
+  const QString problem = exportGrid(view_.gridModel(), form_, title(), file);
   return exported(view_.window(), file, problem.isEmpty(), problem);
 }
 
@@ -175,7 +177,10 @@ QString selectionText(const GridView& view, bool withHeadings) {
     text += u'\n';
   };
   if (withHeadings) {
-    addLine([&](int column) { return model.headerData(column, Qt::Horizontal).toString(); });
+    QHash<int, QString> titles;
+    for (const ShownColumn& column : shownColumns(view.grid()))
+      titles.insert(column.index, cellText(column.title).simplified());
+    addLine([&](int column) { return titles.value(column); });
   }
   for (const int row : rows) {
     addLine([&](int column) {

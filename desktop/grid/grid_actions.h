@@ -2,6 +2,9 @@
 
 #include <QObject>
 
+#include "desktop/print/print_document.h"
+#include "forms/form.h"
+
 class QAction;
 class QMenu;
 
@@ -15,8 +18,8 @@ class GridActions : public QObject {
   Q_OBJECT
 
  public:
-  /// `title`: what the grid is called on paper, in file names and for a screen reader.
-  GridActions(GridView& view, QString title, QObject* parent);
+  /// `form`: the window that the grid stands in.
+  GridActions(GridView& view, const Form& form, QObject* parent);
 
   QMenu* exportMenu() const { return exportMenu_; }
   QMenu* printMenu() const { return printMenu_; }
@@ -42,8 +45,12 @@ class GridActions : public QObject {
   void fillColumnMenu(QMenu& menu) const;
   void askAndExport(const QString& suffix, const QString& kind) const;
 
+  PrintDocument document() const;
+  /// What the grid is called on paper and in file names: a document's window by its own caption.
+  QString title() const;
+
   GridView& view_;
-  QString title_;
+  const Form& form_;
   QMenu* exportMenu_;
   QMenu* printMenu_;
   QMenu* contextMenu_;

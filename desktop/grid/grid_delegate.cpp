@@ -5,6 +5,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "desktop/grid/grid_model.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
 
@@ -32,7 +33,9 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     option->font = figureFont(option->font);
     option->fontMetrics = QFontMetrics(option->font);
   }
-  if (!isLink(index.column())) return;
+  const auto* model = static_cast<const GridModel*>(index.model());
+  const bool leads = !grid_.rowOpens || grid_.rowOpens(model->gridRow(index.row()));
+  if (!isLink(index.column()) || !leads) return;
   const QColor link = accentColor(option->palette);
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
     option->palette.setColor(group, QPalette::Text, link);

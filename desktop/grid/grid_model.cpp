@@ -100,8 +100,4 @@ QString GridModel::text(const QModelIndex& index) const {
   return cellText(rows[row][column]);
 }
 
-bool alignsRight(ColumnKind kind) {
-  return kind != ColumnKind::kText && kind != ColumnKind::kDate;
-}
-
 }  // namespace dg

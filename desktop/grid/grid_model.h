@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <vector>
 
-#include "forms/grid.h"
+#include "forms/grid_columns.h"
 
 namespace dg {
 
@@ -51,8 +51,5 @@ class GridModel : public QAbstractTableModel {
   QString filter_;
   QStringList words_;
 };
-
-/// Whether a column of this kind stands right-aligned, heading included.
-bool alignsRight(ColumnKind kind);
 
 }  // namespace dg

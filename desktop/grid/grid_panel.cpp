@@ -6,15 +6,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMainWindow>
 #include <QMenu>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_model.h"
+#include "desktop/grid/grid_sums.h"
 #include "desktop/grid/grid_view.h"
 #include "desktop/window/menu_button.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
+#include "forms/form_bands.h"
 
 namespace dg {
 
@@ -29,18 +33,13 @@ MenuButton* menuButton(QMenu* menu, const QString& name) {
   return button;
 }
 
-QString nameOf(const Grid& grid, const QString& formTitle) {
-  const QString heading = cellText(grid.heading());
-  return heading.isEmpty() ? formTitle : heading;
-}
-
 }  // namespace
 
-GridPanel::GridPanel(Grid& grid, const QString& formName, const QString& formTitle, QWidget* parent)
+GridPanel::GridPanel(Grid& grid, const Form& form, QWidget* parent)
     : QWidget(parent),
       grid_(grid),
-      view_(new GridView(grid, formName + u'.' + QString::fromStdString(grid.name()), this)),
-      actions_(new GridActions(*view_, nameOf(grid, formTitle), this)),
+      view_(new GridView(grid, QString::fromStdString(form.name() + "." + grid.name()), this)),
+      actions_(new GridActions(*view_, form, this)),
       heading_(new QLabel(this)),
       count_(new QLabel(this)),
       filter_(new QLineEdit(this)),
@@ -51,10 +50,12 @@ GridPanel::GridPanel(Grid& grid, const QString& formName, const QString& formTit
   layout->addWidget(buildTools());
   layout->addWidget(view_, 1);
   setFocusProxy(view_);
-  view_->setAccessibleName(nameOf(grid, formTitle));
+  view_->setAccessibleName(cellText(gridTitle(form, grid)));
 
   connect(filter_, &QLineEdit::textChanged, view_, &GridView::setFilter);
   connect(view_, &GridView::rowsChanged, this, &GridPanel::showCount);
+  connect(view_, &GridView::selectionShown, this, &GridPanel::showSelection);
+  applyColors();
   connect(actions_, &GridActions::findRequested, this, &GridPanel::find);
   showCount();
   binding_.apply(grid, *this);
@@ -67,7 +68,6 @@ QWidget* GridPanel::buildTools() {
   heading_->setTextFormat(Qt::PlainText);
   heading_->setFont(scaledFont(font(), 1.08, QFont::DemiBold));
   count_->setTextFormat(Qt::PlainText);
-  count_->setForegroundRole(QPalette::PlaceholderText);
 
   filter_->setPlaceholderText(tr("Filter"));
   filter_->setAccessibleName(tr("Filter %1").arg(view_->accessibleName()));
@@ -81,6 +81,11 @@ QWidget* GridPanel::buildTools() {
   layout->addWidget(count_);
   layout->addStretch(1);
   layout->addWidget(filter_, 2);
+  // Lists to choose from are no report: their filter takes the room.
+  if (grid_.multiSelect) {
+    filter_->setMaximumWidth(QWIDGETSIZE_MAX);
+    return tools;
+  }
   layout->addWidget(menuButton(actions_->exportMenu(), tr("Export the rows on show")));
   layout->addWidget(menuButton(actions_->printMenu(), tr("Print the rows on show")));
   return tools;
@@ -97,8 +102,42 @@ void GridPanel::showCount() {
   const int shown = view_->gridModel().rowCount();
   const int all = grid_.Rows();
   QString text = all == 1 ? tr("1 row") : tr("%1 rows").arg(locale.toString(all));
-  if (shown != all) text = tr("%1 of %2").arg(locale.toString(shown), text);
+  if (shown != all) {
+    text = tr("%1 of %2").arg(locale.toString(shown), text);
+    if (const QString sums = shownSums(*view_); !sums.isEmpty())
+      text += u' ' + tr("(%1)").arg(sums);
+  }
   count_->setText(text);
+}
+
+/// In the main window's status bar; a dialog has none, there it stands beside the count.
+void GridPanel::showSelection() {
+  const QString summary = selectionSummary(*view_);
+  if (auto* main = qobject_cast<QMainWindow*>(window())) {
+    main->statusBar()->showMessage(summary);
+    return;
+  }
+  showCount();
+  if (!summary.isEmpty()) count_->setText(count_->text() + QStringLiteral("     ") + summary);
+}
+
+/// Styles differ in how faint they make what is less important; on some dark grounds it is not
+/// read.
+void GridPanel::applyColors() {
+  QPalette quiet = count_->palette();
+  const QColor color = mutedColor(QApplication::palette(this));
+  quiet.setColor(QPalette::WindowText, color);
+  count_->setPalette(quiet);
+  QPalette box = filter_->palette();
+  box.setColor(QPalette::PlaceholderText, color);
+  filter_->setPalette(box);
+}
+
+void GridPanel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) {
+    applyColors();
+  }
 }
 
 void GridPanel::find() {

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "desktop/window/control_binding.h"
-#include "forms/grid.h"
+#include "forms/form.h"
 
 class QLabel;
 class QLineEdit;
@@ -19,9 +19,9 @@ class GridPanel : public QWidget {
   Q_OBJECT
 
  public:
-  /// `formName` and `formTitle`: of the window that the grid stands in.
-  GridPanel(Grid& grid, const QString& formName, const QString& formTitle,
-            QWidget* parent = nullptr);
+  /// `form`: the window that the grid stands in; its labels go on paper and into files with the
+  /// grid. It outlives the panel.
+  GridPanel(Grid& grid, const Form& form, QWidget* parent = nullptr);
 
   GridView& view() const { return *view_; }
   GridActions& actions() const { return *actions_; }
@@ -31,12 +31,15 @@ class GridPanel : public QWidget {
   void find();
 
  protected:
+  void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QWidget* buildTools();
   void update();
   void showCount();
+  void showSelection();
+  void applyColors();
 
   Grid& grid_;
   GridView* view_;

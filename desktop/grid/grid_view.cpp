@@ -70,6 +70,7 @@ GridView::GridView(Grid& grid, const QString& memory, QWidget* parent)
   });
   synchronizeSoon_.setSingleShot(true);
   connect(&synchronizeSoon_, &QTimer::timeout, this, &GridView::synchronize);
+  grid_.filteredRows = [this] { return model_->shownRows(); };
   binding_.apply(grid, *this);
   synchronize();
   // A grid that was filled row by row stands on its last; the user starts at the top.
@@ -78,6 +79,10 @@ GridView::GridView(Grid& grid, const QString& memory, QWidget* parent)
                                       QItemSelectionModel::NoUpdate);
     scrollToTop();
   }
+}
+
+GridView::~GridView() {
+  grid_.filteredRows = nullptr;
 }
 
 void GridView::synchronize() {
@@ -153,6 +158,7 @@ void GridView::showSortArrow() {
 
 bool GridView::opensRow(const QModelIndex& index) const {
   if (!index.isValid() || !grid_.hasClickAction()) return false;
+  if (grid_.rowOpens && !grid_.rowOpens(model_->gridRow(index.row()))) return false;
   return !hasButtons_ || grid_.columns()[static_cast<std::size_t>(index.column())].button;
 }
 
@@ -234,12 +240,18 @@ void GridView::restoreSelection() {
 
 void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
+  Q_EMIT selectionShown();
   if (!grid_.multiSelect) return;
-  grid_.SelBookmarks.clear();
-  for (const QModelIndex& row : selectionModel()->selectedRows(firstVisibleColumn())) {
-    grid_.SelBookmarks.push_back(model_->gridRow(row.row()));
+  // In the order in which the user selected them; of a range from its top.
+  std::vector<int> now;
+  for (const QModelIndex& row : selectionModel()->selectedRows(firstVisibleColumn()))
+    now.push_back(model_->gridRow(row.row()));
+  std::sort(now.begin(), now.end());
+  std::vector<int>& kept = grid_.SelBookmarks;
+  std::erase_if(kept, [&](int row) { return !std::binary_search(now.begin(), now.end(), row); });
+  for (const int row : now) {
+    if (std::find(kept.begin(), kept.end(), row) == kept.end()) kept.push_back(row);
   }
-  std::sort(grid_.SelBookmarks.begin(), grid_.SelBookmarks.end());
 }
 
 void GridView::paintStripesBehindColumns(QPainter& painter) const {

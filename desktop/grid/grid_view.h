@@ -21,6 +21,7 @@ class GridView : public QTableView {
  public:
   /// `memory`: the name under which the user's column widths are kept.
   GridView(Grid& grid, const QString& memory, QWidget* parent = nullptr);
+  ~GridView() override;
 
   Grid& grid() const { return grid_; }
   GridModel& gridModel() const { return *model_; }
@@ -41,6 +42,8 @@ class GridView : public QTableView {
  Q_SIGNALS:
   /// The rows on show have changed.
   void rowsChanged();
+  /// Other cells are selected.
+  void selectionShown();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -66,9 +66,17 @@ void GroupHeader::paintSection(QPainter* painter, const QRect& rect, int section
 
 void GroupHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
   QHeaderView::initStyleOptionForIndex(option, section);
-  if (sectionsClickable()) {
+  if (sectionsClickable() && (!grid_.headSorts || grid_.headSorts(section))) {
     option->palette.setColor(QPalette::ButtonText, accentColor(option->palette));
   }
+#ifdef Q_OS_WIN
+  // As the file manager there has it: the arrow points to the top where the smallest stands there.
+  if (option->sortIndicator == QStyleOptionHeader::SortDown) {
+    option->sortIndicator = QStyleOptionHeader::SortUp;
+  } else if (option->sortIndicator == QStyleOptionHeader::SortUp) {
+    option->sortIndicator = QStyleOptionHeader::SortDown;
+  }
+#endif
 }
 
 QList<GroupHeader::Span> GroupHeader::spans() const {

@@ -20,15 +20,9 @@ PrintTable tableOf(const GridModel& model, const QString& heading) {
   PrintTable table;
   table.heading = heading;
   QList<int> visible;
-  QString group;
-  for (int column = 0; column < model.columnCount(); ++column) {
-    const Grid::Column& source = model.grid().columns()[static_cast<std::size_t>(column)];
-    // A group that begins over a hidden column goes on over the next visible one.
-    if (!source.group.empty()) group = cellText(source.group);
-    if (source.hidden) continue;
-    table.columns.append({cellText(source.caption), group, alignsRight(source.kind)});
-    visible.append(column);
-    group.clear();
+  for (const ShownColumn& column : shownColumns(model.grid())) {
+    table.columns.append({cellText(column.caption), cellText(column.group), column.alignRight});
+    visible.append(column.index);
   }
   table.rows = model.rowCount();
   table.cell = [&model, visible](int row, int column) {

@@ -17,6 +17,8 @@ struct PrintColumn {
 
 /// A table to print. Cells are asked for when a page is drawn.
 struct PrintTable {
+  QStringList above;  ///< lines over it, such as a document's customer and machine; they wrap
+  QStringList below;  ///< lines under it, such as its totals
   QString heading;
   QList<PrintColumn> columns;
   int rows = 0;
@@ -30,6 +32,7 @@ struct PrintDocument {
   QString note;  ///< under the title, such as a filter in force; empty for none
   QString made;  ///< the moment of the figures, then that of printing; at the foot
   QList<PrintTable> tables;
+  bool fillsWidth = false;  ///< tables are drawn as wide as the page, letters and all
 };
 
 /// The visible columns and the rows on show of a grid. The model outlives the table.

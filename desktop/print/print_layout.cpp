@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kFullPoints = 9;
 constexpr double kLeastPoints = 5;
+constexpr double kMostPoints = 13;
 constexpr int kMeasuredRows = 3000;
 
 QFont fontOf(double points) {
@@ -78,8 +79,9 @@ PrintLayout::PrintLayout(const PrintDocument& document, QPaintDevice& device, QS
     widths_.append(naturalWidths(table, full, device));
     widest = qMax(widest, sum(widths_.last()));
   }
-  const double fit = widest > page.width() ? page.width() / widest : 1;
-  const double points = qMax(kLeastPoints, kFullPoints * fit);
+  const bool grows = document.fillsWidth && widest > 0;
+  const double fit = widest > page.width() || grows ? page.width() / widest : 1;
+  const double points = qBound(kLeastPoints, kFullPoints * fit, kMostPoints);
   font_ = fontOf(points);
   bold_ = font_;
   bold_.setWeight(QFont::DemiBold);
@@ -87,13 +89,14 @@ PrintLayout::PrintLayout(const PrintDocument& document, QPaintDevice& device, QS
   for (QList<double>& widths : widths_) {
     // Columns that do not fit at the least letter size give up room in proportion.
     const double total = sum(widths) * scale;
-    const double squeeze = total > page.width() ? page.width() / total : 1;
+    const double squeeze = total > page.width() || (grows && total > 0) ? page.width() / total : 1;
     for (double& width : widths)
       width *= scale * squeeze;
   }
   line_ = QFontMetricsF(font_, &device).height() * 1.25;
   margin_ = cellMargin(font_, device);
-  top_ = QFontMetricsF(full, &device).height() * (document.note.isEmpty() ? 3.4 : 4.6);
+  const double step = QFontMetricsF(full, &device).height();
+  top_ = qMax(titleArea().height(), storeArea().height()) + noteHeight() + step * 1.4;
   const double foot = QFontMetricsF(full, &device).height() * 1.8;
   breakPages(page.height() - top_ - foot);
 }
@@ -119,21 +122,31 @@ void PrintLayout::breakPages(double height) {
     const PrintTable& table = document_.tables[index];
     int row = 0;
     bool heading = true;
+    const double above = linesHeight(table.above);
+    const double below = linesHeight(table.below);
+    const auto turn = [&] {
+      pages_.append(page);
+      page.clear();
+      used = 0;
+    };
     do {
-      const double head = headHeight(table, heading);
+      const double head = headHeight(table, heading) + (heading ? above : 0);
       // A heading stands with at least two rows below it.
-      if (!page.isEmpty() && used + head + 2 * line_ > height) {
-        pages_.append(page);
-        page.clear();
-        used = 0;
-      }
+      if (!page.isEmpty() && used + head + 2 * line_ > height) turn();
       const int room = qMax(1, static_cast<int>((height - used - head) / line_));
       const int rows = qMin(room, table.rows - row);
-      page.append({index, row, rows, heading});
+      page.append({index, row, rows, heading, false});
       used += head + rows * line_ + line_;
       row += rows;
       heading = false;
     } while (row < table.rows);
+    // What stands below the table stays together.
+    if (below > 0 && used + below > height) {
+      turn();
+      page.append({index, row, 0, false, false});
+    }
+    page.last().end = true;
+    used += below;
   }
   pages_.append(page);
 }
@@ -144,7 +157,10 @@ void PrintLayout::paint(QPainter& painter, int page) const {
   for (const Piece& piece : pages_[page]) {
     const PrintTable& table = document_.tables[piece.table];
     const QList<double>& widths = widths_[piece.table];
-    y = paintTableHead(painter, piece.table, y, piece.heading);
+    if (piece.heading) y = paintLines(painter, table.above, y);
+    if (piece.rows > 0 || piece.heading) {
+      y = paintTableHead(painter, piece.table, y, piece.heading);
+    }
     painter.setFont(font_);
     for (int row = 0; row < piece.rows; ++row) {
       double x = 0;
@@ -157,9 +173,57 @@ void PrintLayout::paint(QPainter& painter, int page) const {
       }
       y += line_;
     }
+    if (piece.end) y = paintLines(painter, table.below, y);
     y += line_;
   }
   paintPageFoot(painter, page);
+}
+
+double PrintLayout::linesHeight(const QStringList& lines) const {
+  if (lines.isEmpty()) return 0;
+  const QFontMetricsF metrics(bold_, &device_);
+  double height = line_;
+  for (const QString& line : lines) {
+    height += metrics.boundingRect({0, 0, size_.width(), 1e6}, Qt::TextWordWrap, line).height();
+  }
+  return height;
+}
+
+double PrintLayout::paintLines(QPainter& painter, const QStringList& lines, double top) const {
+  if (lines.isEmpty()) return top;
+  const QFontMetricsF metrics(bold_, &device_);
+  painter.setPen(Qt::black);
+  painter.setFont(bold_);
+  double y = top + line_ / 2;
+  for (const QString& line : lines) {
+    const QRectF area = metrics.boundingRect({0, y, size_.width(), 1e6}, Qt::TextWordWrap, line);
+    painter.drawText(QRectF(0, y, size_.width(), area.height()), Qt::TextWordWrap, line);
+    y += area.height();
+  }
+  return y + line_ / 2;
+}
+
+QRectF PrintLayout::titleArea() const {
+  const QFontMetricsF metrics(scaledFont(fontOf(kFullPoints), 1.35, QFont::DemiBold), &device_);
+  const double width = size_.width() * (document_.store.isEmpty() ? 1 : 0.6);
+  return {0, 0, width,
+          metrics.boundingRect({0, 0, width, 1e6}, Qt::TextWordWrap, document_.title).height()};
+}
+
+QRectF PrintLayout::storeArea() const {
+  const QFontMetricsF metrics(fontOf(kFullPoints), &device_);
+  const double left = size_.width() * 0.63;
+  const double width = size_.width() - left;
+  return {left, 0, width,
+          metrics.boundingRect({0, 0, width, 1e6}, Qt::TextWordWrap, document_.store).height()};
+}
+
+double PrintLayout::noteHeight() const {
+  if (document_.note.isEmpty()) return 0;
+  return QFontMetricsF(fontOf(kFullPoints), &device_)
+             .boundingRect({0, 0, size_.width(), 1e6}, Qt::TextWordWrap, document_.note)
+             .height() *
+         1.1;
 }
 
 double PrintLayout::paintTableHead(QPainter& painter, int index, double top, bool heading) const {
@@ -226,16 +290,14 @@ void PrintLayout::paintPageHead(QPainter& painter) const {
   const double step = QFontMetricsF(full, &device_).height();
   painter.setPen(Qt::black);
   painter.setFont(scaledFont(full, 1.35, QFont::DemiBold));
-  painter.drawText(QRectF(0, 0, size_.width() * 0.62, step * 1.7), Qt::AlignLeft | Qt::AlignTop,
-                   document_.title);
+  painter.drawText(titleArea(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, document_.title);
   painter.setFont(full);
-  painter.drawText(QRectF(size_.width() * 0.38, 0, size_.width() * 0.62, step * 1.7),
-                   Qt::AlignRight | Qt::AlignTop, document_.store);
-  double y = step * 1.8;
+  painter.drawText(storeArea(), Qt::AlignRight | Qt::AlignTop | Qt::TextWordWrap, document_.store);
+  double y = qMax(titleArea().height(), storeArea().height());
   if (!document_.note.isEmpty()) {
-    painter.drawText(QRectF(0, y, size_.width(), step * 1.2), Qt::AlignLeft | Qt::AlignTop,
-                     document_.note);
-    y += step * 1.2;
+    painter.drawText(QRectF(0, y, size_.width(), noteHeight()),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, document_.note);
+    y += noteHeight();
   }
   painter.setPen(QPen(QColor(0x80, 0x88, 0x90), step / 18));
   painter.drawLine(QPointF(0, y + step * 0.4), QPointF(size_.width(), y + step * 0.4));

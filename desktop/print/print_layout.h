@@ -13,7 +13,8 @@ class QPaintDevice;
 namespace dg {
 
 /// Breaks a document into pages and draws them. The letters shrink, down to a readable size, until
-/// all columns stand beside each other; a text that is still too wide is cut with "…".
+/// all columns stand beside each other; a cell that is still too wide is cut with "…". Titles and
+/// lines above and below tables wrap.
 class PrintLayout {
  public:
   /// `page`: the printable rectangle in the device's pixels, its corner at the origin. The document
@@ -34,6 +35,7 @@ class PrintLayout {
     int firstRow;
     int rows;
     bool heading;  ///< the table begins here
+    bool end;      ///< and ends here
   };
   using Page = QList<Piece>;
 
@@ -41,6 +43,12 @@ class PrintLayout {
   double headHeight(const PrintTable& table, bool heading) const;
   double paintTableHead(QPainter& painter, int table, double top, bool heading) const;
   void paintGroups(QPainter& painter, int table, double top) const;
+  double linesHeight(const QStringList& lines) const;
+  double paintLines(QPainter& painter, const QStringList& lines, double top) const;
+  /// The title and the store at the top of a page, each wrapped in its part of the width.
+  QRectF titleArea() const;
+  QRectF storeArea() const;
+  double noteHeight() const;
   void paintPageHead(QPainter& painter) const;
   void paintPageFoot(QPainter& painter, int page) const;
   void paintCell(QPainter& painter, const QRectF& cell, const QString& text, bool right) const;

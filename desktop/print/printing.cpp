@@ -1,12 +1,15 @@
 #include "desktop/print/printing.h"
 
 #include <QBuffer>
+#include <QLocale>
 #include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 
 #include "desktop/grid/export_files.h"
 #include "desktop/print/print_layout.h"
@@ -24,7 +27,16 @@ QSizeF printableSize(const QPagedPaintDevice& device) {
   return device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
 }
 
+/// The default printer's paper; without one what the user's country writes on.
+QPageSize paper() {
+  const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
+  if (!printer.isNull() && printer.defaultPageSize().isValid()) return printer.defaultPageSize();
+  const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
+  return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
+}
+
 void prepare(const PrintDocument& document, QPrinter& printer) {
+  if (QPrinterInfo::defaultPrinter().isNull()) printer.setPageSize(paper());
   printer.setDocName(document.title);
   printer.setCreator(QStringLiteral("Dealer Gauge 2"));
   setUpPages(document, printer);
@@ -79,6 +91,7 @@ bool writePdf(const PrintDocument& document, const QString& file) {
   {
     QPdfWriter writer(&bytes);
     writer.setResolution(kPdfResolution);
+    writer.setPageSize(paper());
     writer.setTitle(document.title);
     writer.setCreator(QStringLiteral("Dealer Gauge 2"));
     setUpPages(document, writer);

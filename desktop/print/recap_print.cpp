@@ -50,9 +50,12 @@ PrintTable profitTable(const Form& form) {
 }  // namespace
 
 PrintDocument recapDocument(const Form& form) {
-  return newPrintDocument(caption(form, "lblTitle"), caption(form, "lblcompiledate"),
-                          {listTable(form, RecapBlock::kAssets),
-                           listTable(form, RecapBlock::kLiabilities), profitTable(form)});
+  PrintDocument document =
+      newPrintDocument(caption(form, "lblTitle"), caption(form, "lblcompiledate"),
+                       {listTable(form, RecapBlock::kAssets),
+                        listTable(form, RecapBlock::kLiabilities), profitTable(form)});
+  document.fillsWidth = true;
+  return document;
 }
 
 }  // namespace dg

@@ -109,7 +109,7 @@ QWidget* RecapView::buildHead() {
   layout->addWidget(today_, 2, 0, Qt::AlignLeft);
 
   auto* charts = new QToolButton(head);
-  charts->setText(tr("C&harts"));
+  charts->setText(tr("&Charts"));
   charts->setToolButtonStyle(Qt::ToolButtonTextOnly);
   charts->setFocusPolicy(Qt::StrongFocus);
   connect(charts, &QToolButton::clicked, this, &RecapView::chartsRequested);

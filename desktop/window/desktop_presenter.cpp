@@ -1,6 +1,7 @@
 #include "desktop/window/desktop_presenter.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <algorithm>
 
 #include "desktop/print/log_printing.h"
@@ -9,9 +10,29 @@
 #include "desktop/window/splash_window.h"
 #include "desktop/window/tree_panel.h"
 #include "desktop/window/view_stack.h"
+#include "shell/setup.h"
 #include "shell/view_log.h"
 
 namespace dg {
+
+namespace {
+
+bool askToForget(int accounts) {
+  const QString text = accounts == 1
+                           ? QObject::tr(
+                                 "No account is chosen. The one that was chosen before would be "
+                                 "forgotten.")
+                           : QObject::tr(
+                                 "No account is chosen. The %1 that were chosen before would be "
+                                 "forgotten.")
+                                 .arg(accounts);
+  return QMessageBox::question(QApplication::activeWindow(), QObject::tr("Select Accounts"),
+                               text + u'\n' + QObject::tr("Forget them?"),
+                               QMessageBox::Yes | QMessageBox::No,
+                               QMessageBox::No) == QMessageBox::Yes;
+}
+
+}  // namespace
 
 DesktopPresenter::DesktopPresenter() = default;
 DesktopPresenter::~DesktopPresenter() = default;
@@ -39,6 +60,9 @@ void DesktopPresenter::hide(Form& form) {
 void DesktopPresenter::showModal(Form& form) {
   if (auto* log = dynamic_cast<frmViewLog*>(&form)) {
     log->onPrint = [](const std::string& text) { printLog(text); };
+  }
+  if (auto* setup = dynamic_cast<frmSetup*>(&form)) {
+    setup->mayForget = [](int accounts) { return askToForget(accounts); };
   }
   FormDialog dialog(form, QApplication::activeWindow());
   dialogs_.push_back(&dialog);

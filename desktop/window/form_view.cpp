@@ -9,6 +9,7 @@
 #include "desktop/window/notice_strip.h"
 #include "desktop/window/sheet_layout.h"
 #include "desktop/window/text.h"
+#include "forms/form_bands.h"
 #include "shell/view_log.h"
 
 namespace dg {
@@ -61,7 +62,7 @@ QWidget* FormView::widgetOf(std::string_view control) const {
 QWidget* FormView::makeWidget(Control& control, QWidget* parent) {
   if (auto* label = dynamic_cast<Label*>(&control)) return new LabelWidget(*label, parent);
   if (auto* grid = dynamic_cast<Grid*>(&control)) {
-    return new GridPanel(*grid, QString::fromStdString(form_.name()), formTitle(form_), parent);
+    return new GridPanel(*grid, form_, parent);
   }
   if (auto* button = dynamic_cast<Button*>(&control)) return new ButtonWidget(*button, parent);
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) return new ComboWidget(*combo, parent);
@@ -108,13 +109,7 @@ void FormView::showChange() {
 }
 
 QString formTitle(const Form& form) {
-  for (const auto& control : form.controls()) {
-    const auto* label = dynamic_cast<const Label*>(control.get());
-    if (label != nullptr && label->role() == LabelRole::kTitle && !label->caption().empty()) {
-      return cellText(label->caption()).replace(QStringLiteral("&&"), QStringLiteral("&"));
-    }
-  }
-  return cellText(form.caption());
+  return cellText(titleOf(form));
 }
 
 }  // namespace dg

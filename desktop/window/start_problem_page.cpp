@@ -37,7 +37,7 @@ StartProblemPage::StartProblemPage(const StartProblem& problem, QWidget* parent)
   layout->addWidget(paragraph(tr("Looked for: %1").arg(fromBytes(problem.looked)), sheet));
   layout->addWidget(paragraph(fromBytes(problem.advice), sheet));
 
-  auto* again = new QPushButton(tr("&Try Again"), sheet);
+  auto* again = new QPushButton(tr("Try &Again"), sheet);
   again->setDefault(true);
   connect(again, &QPushButton::clicked, this, &StartProblemPage::tryAgain);
   auto* log = new QPushButton(tr("View &Log"), sheet);

@@ -1,5 +1,7 @@
 #include "desktop/window/view_stack.h"
 
+#include <QPushButton>
+
 #include "desktop/recap/charts_page.h"
 #include "desktop/recap/recap_view.h"
 #include "desktop/recap/today_page.h"
@@ -7,6 +9,23 @@
 #include "desktop/window/text.h"
 
 namespace dg {
+
+namespace {
+
+/// The Alt keys of the menus are the menus' alone: a button of a view with the same one goes
+/// without.
+void freeMenuKeys(const QWidget& page) {
+  static const QString menuKeys = QStringLiteral("FVOTH");
+  for (auto* button : page.findChildren<QPushButton*>()) {
+    const QString text = button->text();
+    const qsizetype mark = text.indexOf(u'&');
+    if (mark >= 0 && mark + 1 < text.size() && menuKeys.contains(text[mark + 1].toUpper())) {
+      button->setText(QString(text).remove(mark, 1));
+    }
+  }
+}
+
+}  // namespace
 
 ViewStack::ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent)
     : QStackedWidget(parent), main_(main), work_(work), empty_(new QWidget(this)) {
@@ -34,7 +53,11 @@ void ViewStack::hideView() {
 }
 
 QWidget* ViewStack::makePage(View& view) {
-  if (view.name() != "frmRecap") return new FormView(view, this);
+  if (view.name() != "frmRecap") {
+    auto* page = new FormView(view, this);
+    freeMenuKeys(*page);
+    return page;
+  }
   auto* recap = new RecapView(view, this);
   connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
   connect(recap, &RecapView::todayRequested, this, &ViewStack::showToday);

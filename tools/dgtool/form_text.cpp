@@ -6,9 +6,10 @@
 #include <vector>
 
 #include "export/number_look.h"
+#include "forms/form_bands.h"
+#include "forms/grid_columns.h"
 #include "platform/text.h"
 #include "tools/dgtool/console.h"
-#include "tools/dgtool/form_bands.h"
 
 namespace dg {
 
@@ -166,16 +167,13 @@ struct TableColumn {
 
 std::vector<TableColumn> tableColumns(const Grid& grid) {
   std::vector<TableColumn> columns;
-  std::string group;
-  for (std::size_t i = 0; i < grid.columns().size(); ++i) {
-    const Grid::Column& column = grid.columns()[i];
-    if (!column.group.empty()) group = printableBytes(column.group);
-    if (column.hidden) continue;
-    const std::string caption = printableBytes(column.caption);
+  for (const ShownColumn& shown : shownColumns(grid)) {
+    const auto index = static_cast<std::size_t>(shown.index);
+    const std::string caption = printableBytes(shown.caption);
     std::size_t width = caption.size();
     for (const Grid::Row& row : grid.rows())
-      width = std::max(width, row[i].size());
-    columns.push_back({i, caption, std::exchange(group, {}), width, isRightAligned(column.kind)});
+      width = std::max(width, row[index].size());
+    columns.push_back({index, caption, printableBytes(shown.group), width, shown.alignRight});
   }
   return columns;
 }

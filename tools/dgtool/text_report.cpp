@@ -2,11 +2,11 @@
 
 #include <string>
 
+#include "forms/form_bands.h"
 #include "platform/text.h"
 #include "shell/splash.h"
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/detail_recorder.h"
-#include "tools/dgtool/form_bands.h"
 #include "tools/dgtool/form_text.h"
 
 namespace dg {

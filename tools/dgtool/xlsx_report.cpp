@@ -6,12 +6,12 @@
 #include "export/csv.h"
 #include "export/number_look.h"
 #include "export/workbook.h"
+#include "forms/form_bands.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tools/dgtool/console.h"
-#include "tools/dgtool/form_bands.h"
 
 namespace dg {
 
@@ -64,9 +64,7 @@ void writeViewSheets(Workbook& book, const View& view) {
   if (std::string moment = figuresAsOf(); !moment.empty()) notes.push_back(std::move(moment));
   if (view.incomplete()) notes.emplace_back(kIncomplete);
   for (const Grid* grid : grids) {
-    std::string title = titleOf(view);
-    if (grids.size() > 1 && !grid->heading().empty()) title = grid->heading();
-    book.addGrid(title, *grid, allRows(*grid), notes);
+    book.addGrid(gridTitle(view, *grid), *grid, allRows(*grid), notes, linesBelowGrid(view, *grid));
   }
 }
 

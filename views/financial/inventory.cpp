@@ -99,7 +99,7 @@ frmInv::frmInv()
       grdInvest((add<Label>("Label1", "Current Inventory", LabelRole::kTitle),
                  add<Grid>("grdInvest", kColumns))),
       lblinvtot(addLabels<3>("lblinvtot")) {
-  grdInvest.onHeadClick = [this](int column) { sortByHead(grdInvest, column, kHeadSorts); };
+  sortOnHeads(grdInvest, kHeadSorts);
   setSheet(kSheet);
 }
 

@@ -93,6 +93,7 @@ frmProfit::frmProfit()
     : View("frmProfit", "Profit by Line"),
       grdProfit((add<Label>("Label1", "Profit by Line", LabelRole::kTitle),
                  add<Grid>("grdProfit", kColumns))) {
+  sortOnHeads(grdProfit, kHeadSorts);
   grdProfit.onHeadClick = [this](int column) {
     // The blank entry is no sort at all: that head does not even flip the direction.
     const auto index = static_cast<std::size_t>(column);

@@ -36,12 +36,13 @@ constexpr HeadSort kHeadSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0, .columnSpan = 4},
-    {.control = "grdPO", .row = 1, .columnSpan = 4},
+    {.control = "Label1", .row = 0, .columnSpan = 5},
+    {.control = "grdPO", .row = 1, .columnSpan = 5},
     {.control = "cmdVtot", .row = 2, .column = 0},
-    {.control = "lblPoTotal", .row = 2, .column = 1},
-    {.control = "lblLoading", .row = 2, .column = 2},
-    {.control = "pb1", .row = 2, .column = 3},
+    {.control = "lblTotalWord", .row = 2, .column = 1},
+    {.control = "lblPoTotal", .row = 2, .column = 2},
+    {.control = "lblLoading", .row = 2, .column = 3},
+    {.control = "pb1", .row = 2, .column = 4},
 };
 
 constexpr ColumnSpec kVendorColumns[] = {
@@ -51,9 +52,10 @@ constexpr ColumnSpec kVendorColumns[] = {
 };
 
 constexpr Place kVendorSheet[] = {
-    {.control = "lblTitle", .row = 0},
-    {.control = "grdVtot", .row = 1},
-    {.control = "Label1", .row = 2},
+    {.control = "lblTitle", .row = 0, .columnSpan = 2},
+    {.control = "grdVtot", .row = 1, .columnSpan = 2},
+    {.control = "lblTotalWord", .row = 2, .column = 0},
+    {.control = "Label1", .row = 2, .column = 1},
 };
 
 }  // namespace
@@ -63,6 +65,7 @@ frmVtotal::frmVtotal()
       grdVtot((add<Label>("lblTitle", "Vendor Totals", LabelRole::kTitle),
                add<Grid>("grdVtot", kVendorColumns))),
       Label1(add<Label>("Label1")) {
+  add<Label>("lblTotalWord", "Total :", LabelRole::kCaption);
   setSheet(kVendorSheet);
 }
 
@@ -76,6 +79,7 @@ frmPo::frmPo()
       lblLoading(add<Label>("lblLoading", "Loading...", LabelRole::kNote)) {
   pb1.setVisible(false);
   lblLoading.setVisible(false);
+  sortOnHeads(grdPO, kHeadSorts);
   grdPO.onHeadClick = [this](int column) {
     if (static_cast<std::size_t>(column) < std::size(kHeadSorts)) {
       sortByHead(grdPO, column, kHeadSorts);
@@ -83,6 +87,7 @@ frmPo::frmPo()
   };
   grdPO.onRowClick = [this](int row) { ShowPODetail(grdPO.CellValue(0, row), row); };
   cmdVtot.onClick = [this] { cmdVtot_Click(); };
+  add<Label>("lblTotalWord", "Total :", LabelRole::kCaption);
   setSheet(kSheet);
 }
 

@@ -33,10 +33,11 @@ constexpr HeadSort kHeadSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0},
-    {.control = "Label2", .row = 1},
-    {.control = "grdReturn", .row = 2},
-    {.control = "lblRetTotal", .row = 3},
+    {.control = "Label1", .row = 0, .columnSpan = 2},
+    {.control = "Label2", .row = 1, .columnSpan = 2},
+    {.control = "grdReturn", .row = 2, .columnSpan = 2},
+    {.control = "lblTotalWord", .row = 3, .column = 0},
+    {.control = "lblRetTotal", .row = 3, .column = 1},
 };
 
 }  // namespace
@@ -47,8 +48,9 @@ frmReturn::frmReturn()
           (add<Label>("Label1", "Returns", LabelRole::kTitle), add<Grid>("grdReturn", kColumns))),
       lblRetTotal(add<Label>("lblRetTotal")) {
   add<Label>("Label2", "Click on Blue headers to sort grid by that column", LabelRole::kHint);
-  grdReturn.onHeadClick = [this](int column) { sortByHead(grdReturn, column, kHeadSorts); };
+  sortOnHeads(grdReturn, kHeadSorts);
   grdReturn.onRowClick = [this](int row) { ShowReturnDetail(grdReturn.CellValue(0, row), row); };
+  add<Label>("lblTotalWord", "Total :", LabelRole::kCaption);
   setSheet(kSheet);
 }
 

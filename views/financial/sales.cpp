@@ -103,8 +103,8 @@ frmSales::frmSales()
           (add<Label>("Label2", "Cash", LabelRole::kTitle), add<Grid>("grdCash", kCashColumns))),
       lblSaleTot(add<Label>("lblSaleTot")),
       lblCashTot(add<Label>("lblCashTot")) {
-  grdSales.onHeadClick = [this](int column) { sortByHead(grdSales, column, kSalesSorts); };
-  grdCash.onHeadClick = [this](int column) { sortByHead(grdCash, column, kCashSorts); };
+  sortOnHeads(grdSales, kSalesSorts);
+  sortOnHeads(grdCash, kCashSorts);
   setSheet(kSheet);
 }
 

@@ -136,7 +136,8 @@ frmFpdtl::frmFpdtl()
     : Form("frmFpdtl", "Floor Plan Detail"),
       Label1(add<Label>("Label1", "", LabelRole::kTitle)),
       grdFpdtl(add<Grid>("grdFpdtl", kDetailColumns)) {
-  grdFpdtl.onHeadClick = [this](int column) { sortByHead(grdFpdtl, column, kDetailSorts); };
+  sortOnHeads(grdFpdtl, kDetailSorts);
+  grdFpdtl.rowOpens = [this](int row) { return grdFpdtl.CellValue("Ext", row) == kHasExtents; };
   grdFpdtl.onRowClick = [this](int row) { grdFpdtl_BtnClick(row); };
   setSheet(kDetailSheet);
 }
@@ -164,7 +165,7 @@ frmFp::frmFp()
       grdFp(
           (add<Label>("lblTitle", "Floor Plan", LabelRole::kTitle), add<Grid>("grdFp", kColumns))),
       lblFpTot(add<Label>("lblFpTot")) {
-  grdFp.onHeadClick = [this](int column) { sortByHead(grdFp, column, kHeadSorts); };
+  sortOnHeads(grdFp, kHeadSorts);
   grdFp.onRowClick = [this](int row) { grdFp_BtnClick(row); };
   setSheet(kSheet);
 }

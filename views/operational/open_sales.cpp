@@ -89,8 +89,8 @@ frmOpenSales::frmOpenSales()
       grdSaved((add<Label>("Label2", "Saved Invoices", LabelRole::kTitle),
                 add<Grid>("grdSaved", kSavedColumns))),
       lblPTtot(addLabels<2>("lblPTtot")) {
-  grdTickets.onHeadClick = [this](int column) { sortByHead(grdTickets, column, kTicketSorts); };
-  grdSaved.onHeadClick = [this](int column) { sortByHead(grdSaved, column, kSavedSorts); };
+  sortOnHeads(grdTickets, kTicketSorts);
+  sortOnHeads(grdSaved, kSavedSorts);
   grdTickets.onRowClick = [this](int row) {
     ShowPickTicket(CLng(grdTickets.CellValue("Ticket No.", row)));
   };

@@ -92,7 +92,7 @@ frmShop::frmShop()
     : View("frmShop", "Open Shop Jobs"),
       grdShop((add<Label>("lblTitle", "Open Shop Jobs", LabelRole::kTitle),
                add<Grid>("grdShop", kColumns))) {
-  grdShop.onHeadClick = [this](int column) { sortByHead(grdShop, column, kHeadSorts); };
+  sortOnHeads(grdShop, kHeadSorts);
   grdShop.onRowClick = [this](int row) { grdShop_BtnClick(row); };
   setSheet(kSheet);
 }

@@ -173,7 +173,7 @@ frmUnits::frmUnits()
       grdUnits(
           (add<Label>("lblTitle", "Units", LabelRole::kTitle), add<Grid>("grdUnits", kColumns))),
       lblFpTot(add<Label>("lblFpTot")) {
-  grdUnits.onHeadClick = [this](int column) { sortByHead(grdUnits, column, kHeadSorts); };
+  sortOnHeads(grdUnits, kHeadSorts);
   grdUnits.onRowClick = [this](int row) { grdUnits_BtnClick(row); };
   setSheet(kSheet);
 }

@@ -108,7 +108,7 @@ BilledWarranties::BilledWarranties(const std::string& form, std::span<const Colu
     : View(form, "Billed Warranty Jobs"),
       grdWarr((add<Label>("lblTitle", "Billed Warranty Jobs", LabelRole::kTitle),
                add<Grid>("grdWarr", columns))) {
-  grdWarr.onHeadClick = [this](int column) { sortByHead(grdWarr, column, kHeadSorts); };
+  sortOnHeads(grdWarr, kHeadSorts);
   grdWarr.onRowClick = [this](int row) { grdWarr_BtnClick(row); };
   setSheet(kSheet);
 }

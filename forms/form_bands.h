@@ -28,10 +28,20 @@ struct Band {
 /// last, each label in a row of its own.
 std::vector<Band> bandsOf(const Form& form);
 
+/// The texts of labels as lines to be read beside a grid, title and hints left out: a line for each
+/// row of the sheet, the heading of a frame in front of its first. Code page bytes.
+std::vector<std::string> linesAboveGrids(const Form& form);
+/// Those between this grid and the next one, or the end: its totals.
+std::vector<std::string> linesBelowGrid(const Form& form, const Grid& grid);
+
 /// A label's caption without its mnemonic doubling: "&&" is one "&". Still bytes of the code page.
 std::string labelText(const Label& label);
 
 /// What the user reads as the name of a window: the text of its title label, else its caption.
 std::string titleOf(const Form& form);
+
+/// What a grid of a form is called: its own heading, else the title label that stands above it,
+/// else the form's name.
+std::string gridTitle(const Form& form, const Grid& grid);
 
 }  // namespace dg

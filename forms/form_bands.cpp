@@ -1,6 +1,7 @@
-#include "tools/dgtool/form_bands.h"
+#include "forms/form_bands.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -103,10 +104,61 @@ class BandBuilder {
   bool open_ = false;    // whether the last band takes more labels
 };
 
+/// A label of several lines on one.
+std::string onOneLine(const Label& label) {
+  std::string line;
+  const std::string text = labelText(label);
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+    const std::string_view part = trim(std::string_view(text).substr(start, end - start));
+    if (!part.empty() && !line.empty()) line += ", ";
+    line += part;
+    start = end + 1;
+  }
+  return line;
+}
+
+void appendLines(const Band& band, std::vector<std::string>& lines) {
+  std::map<int, std::string> rows;
+  for (const SheetLabel& place : band.labels) {
+    if (place.label->role() == LabelRole::kTitle) continue;
+    const std::string text = onOneLine(*place.label);
+    std::string& row = rows[place.row];
+    if (!text.empty() && !row.empty()) row += "   ";
+    row += text;
+  }
+  std::string heading = band.heading.empty() ? std::string() : band.heading + ": ";
+  for (const auto& [number, row] : rows) {
+    if (!row.empty()) lines.push_back(std::exchange(heading, {}) + row);
+  }
+}
+
 }  // namespace
 
 std::vector<Band> bandsOf(const Form& form) {
   return BandBuilder(form).build();
+}
+
+std::vector<std::string> linesAboveGrids(const Form& form) {
+  std::vector<std::string> lines;
+  for (const Band& band : bandsOf(form)) {
+    if (band.grid != nullptr) break;
+    appendLines(band, lines);
+  }
+  return lines;
+}
+
+std::vector<std::string> linesBelowGrid(const Form& form, const Grid& grid) {
+  std::vector<std::string> lines;
+  bool below = false;
+  for (const Band& band : bandsOf(form)) {
+    if (band.grid != nullptr) {
+      below = band.grid == &grid;
+    } else if (below) {
+      appendLines(band, lines);
+    }
+  }
+  return lines;
 }
 
 std::string labelText(const Label& label) {
@@ -128,6 +180,19 @@ std::string titleOf(const Form& form) {
   }
   const auto caption = trim(form.caption());
   return std::string(caption.empty() ? form.name() : caption);
+}
+
+std::string gridTitle(const Form& form, const Grid& grid) {
+  if (!trim(grid.heading()).empty()) return std::string(trim(grid.heading()));
+  std::string title = titleOf(form);
+  for (const Band& band : bandsOf(form)) {
+    if (band.grid == &grid) break;
+    for (const SheetLabel& place : band.labels) {
+      const std::string text = onOneLine(*place.label);
+      if (place.label->role() == LabelRole::kTitle && !text.empty()) title = text;
+    }
+  }
+  return title;
 }
 
 }  // namespace dg
