@@ -10,6 +10,9 @@
 
 namespace dg {
 
+/// Tells spreadsheets that a file is UTF-8; without it they take it for the system's code page.
+inline constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
 /// A cell as RFC 4180 has it. A text that a spreadsheet would take for a formula gets an
 /// apostrophe in front, blanks before it or not; numbers are left alone. Control characters become
 /// blanks.

@@ -9,10 +9,10 @@ namespace dg {
 
 /// A column as the user sees it, for whoever draws, prints or writes a grid.
 struct ShownColumn {
-  int index = 0;         ///< in the grid
-  std::string caption;   ///< code page bytes, as all texts here
-  std::string group;     ///< the heading that begins over it; one over a hidden column moves here
-  std::string title;     ///< what names it alone: its group's heading and its caption
+  int index = 0;        ///< in the grid
+  std::string caption;  ///< code page bytes, as all texts here
+  std::string group;    ///< the heading that begins over it; one over a hidden column moves here
+  std::string title;    ///< what names it alone: its group's heading and its caption
   bool alignRight = false;
 };
 

@@ -13,9 +13,6 @@ namespace dg {
 
 namespace {
 
-/// Tells spreadsheets that the file is UTF-8; without it they take it for the system's code page.
-constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
-
 std::string csvOf(const GridModel& model) {
   std::ostringstream text;
   text << kByteOrderMark;

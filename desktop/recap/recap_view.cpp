@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QToolButton>
+#include <sstream>
 #include <utility>
 
 #include "desktop/grid/export_files.h"
@@ -13,6 +14,8 @@
 #include "desktop/window/menu_button.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
+#include "export/csv.h"
+#include "export/form_sheet.h"
 
 namespace dg {
 
@@ -114,10 +117,18 @@ QWidget* RecapView::buildHead() {
   charts->setFocusPolicy(Qt::StrongFocus);
   connect(charts, &QToolButton::clicked, this, &RecapView::chartsRequested);
   layout->addWidget(charts, 0, 1, 2, 1);
+  auto* files = new QMenu(tr("&Export"), head);
+  files->addAction(tr("Excel &Workbook (XLSX)..."), this,
+                   [this] { askAndExport(QStringLiteral("xlsx"), tr("Excel workbook (*.xlsx)")); });
+  files->addAction(tr("&CSV File..."), this,
+                   [this] { askAndExport(QStringLiteral("csv"), tr("CSV file (*.csv)")); });
+  files->addAction(tr("P&DF File..."), this, &RecapView::savePdf);
+  auto* exports = new MenuButton(files, head);
+  exports->setFocusPolicy(Qt::StrongFocus);
+  layout->addWidget(exports, 0, 3, 2, 1);
   auto* menu = new QMenu(tr("&Print"), head);
   menu->addAction(tr("&Print..."), this, &RecapView::print);
   menu->addAction(tr("Print Pre&view..."), this, &RecapView::preview);
-  menu->addAction(tr("Save as P&DF..."), this, &RecapView::savePdf);
   auto* paper = new MenuButton(menu, head);
   paper->setFocusPolicy(Qt::StrongFocus);
   layout->addWidget(paper, 0, 2, 2, 1);
@@ -204,6 +215,32 @@ void RecapView::savePdf() {
   const QString file = askForExportFile(window(), QStringLiteral("Recap"), QStringLiteral("pdf"),
                                         tr("PDF file (*.pdf)"));
   if (!file.isEmpty()) exported(window(), file, writePdf(recapDocument(form_), file));
+}
+
+void RecapView::askAndExport(const QString& suffix, const QString& kind) {
+  const QString file = askForExportFile(window(), QStringLiteral("Recap"), suffix, kind);
+  if (!file.isEmpty()) exportTo(file);
+}
+
+bool RecapView::exportTo(const QString& file) {
+  try {
+    std::string content;
+    if (file.endsWith(QStringLiteral(".xlsx"), Qt::CaseInsensitive)) {
+      Workbook book;
+      book.setTitle(toBytes(printStore()));
+      addFormSheet(book, form_);
+      content = book.finish();
+    } else {
+      std::ostringstream text;
+      text << kByteOrderMark;
+      writeFormCsv(text, form_);
+      content = text.str();
+    }
+    writeExport(std::filesystem::path(file.toStdU16String()), content);
+  } catch (const ExportError& error) {
+    return exported(window(), file, false, QString::fromUtf8(error.what()));
+  }
+  return exported(window(), file, true);
 }
 
 void RecapView::preview() {

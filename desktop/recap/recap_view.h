@@ -28,6 +28,9 @@ class RecapView : public QWidget {
   void preview();
   /// Asks for a file and writes the recap as PDF.
   void savePdf();
+  /// Writes the recap as a workbook or CSV, by the file's ending; tells when it cannot, and returns
+  /// whether it was written.
+  bool exportTo(const QString& file);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -41,6 +44,7 @@ class RecapView : public QWidget {
   void viewRequested(const QString& view);
 
  private:
+  void askAndExport(const QString& suffix, const QString& kind);
   QWidget* buildHead();
   Card* buildList(RecapBlock block);
   Card* buildProfit();
