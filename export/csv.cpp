@@ -46,9 +46,11 @@ std::vector<int> allRows(const Grid& grid) {
   return rows;
 }
 
-void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows) {
+void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows, CsvHeads heads) {
   const std::vector<ShownColumn> columns = shownColumns(grid);
-  writeRecord(out, columns, [](const ShownColumn& column) { return column.title; });
+  writeRecord(out, columns, [heads](const ShownColumn& column) {
+    return heads == CsvHeads::kTitles ? column.title : column.caption;
+  });
   for (const int row : rows) {
     writeRecord(out, columns,
                 [&](const ShownColumn& column) { return grid.CellValue(column.index, row); });
@@ -56,7 +58,7 @@ void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows) {
 }
 
 void writeCsv(std::ostream& out, const Grid& grid) {
-  writeCsv(out, grid, allRows(grid));
+  writeCsv(out, grid, allRows(grid), CsvHeads::kCaptions);
 }
 
 }  // namespace dg

@@ -21,10 +21,16 @@ std::string csvCell(std::string_view bytes);
 /// All rows of a grid in their order.
 std::vector<int> allRows(const Grid& grid);
 
-/// Writes a grid as CSV in UTF-8: its captions, each behind the heading of its group, then these of
+/// What stands above the columns of a CSV file.
+enum class CsvHeads {
+  kCaptions,  ///< as the columns are called
+  kTitles,    ///< each behind the heading of its group, so that no two are alike
+};
+
+/// Writes a grid as CSV in UTF-8: its heads, then these of
 /// its rows, without hidden columns.
-void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows);
-/// The same with all rows.
+void writeCsv(std::ostream& out, const Grid& grid, std::span<const int> rows, CsvHeads heads);
+/// The same with all rows and their captions.
 void writeCsv(std::ostream& out, const Grid& grid);
 
 }  // namespace dg

@@ -12,6 +12,8 @@ namespace dg {
 
 namespace {
 
+constexpr const char* kMaker = "Velmora Software, Inc\n";
+
 constexpr const char* kInfoKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 constexpr const char* kInfoValue = "PATH";
 constexpr const char* kLocationKey = R"(SOFTWARE\Microsoft\Shared Tools Location)";
@@ -62,7 +64,7 @@ void frmAbout::Form_Load() {
   setCaption("About Dealer Gauge 2");
   lblVersion.setCaption("Version " + versionText());
   lblTitle.setCaption(kProgramName);
-  lblDisclaimer.setCaption(kLegalNotice);
+  lblDisclaimer.setCaption(std::string(kMaker) + kLegalNotice);
 }
 
 bool frmAbout::GetKeyValue(const std::string& key, const std::string& name,

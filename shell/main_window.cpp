@@ -308,6 +308,7 @@ void frmTRVN::loadView(std::string_view name) {
     };
   }
   loaded.Form_Load();
+  loaded.figuresOf = figuresMoment();
 }
 
 /// Of the two billed warranty views only one has ever been loaded; both are in the lists.

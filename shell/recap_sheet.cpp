@@ -27,8 +27,7 @@ std::optional<Date> figuresMoment() {
   return loadedSheet != nullptr ? loadedSheet->compiled : std::nullopt;
 }
 
-std::string figuresAsOf() {
-  const std::optional<Date> moment = figuresMoment();
+std::string figuresAsOf(std::optional<Date> moment) {
   if (!moment) return {};
   return "Figures as of " + moment->shortDateText() + " " + moment->longTimeText();
 }

@@ -36,7 +36,7 @@ void setRecapSheet(RecapSheet* sheet);
 std::optional<Date> figuresMoment();
 /// "Figures as of 11/24/26 10:30:00 AM", for whatever shows figures away from the recap; empty
 /// before a load.
-std::string figuresAsOf();
+std::string figuresAsOf(std::optional<Date> moment = figuresMoment());
 
 /// Writes a view's total and repaints it.
 void writeRecap(Figure figure, const std::string& caption);

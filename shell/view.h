@@ -2,11 +2,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "forms/form.h"
+#include "platform/values/date.h"
 
 namespace dg {
 
@@ -16,6 +18,10 @@ class View : public Form {
   using Form::Form;
   /// Reads the files, fills the grids, writes the recap labels. Traps its own errors.
   virtual void Form_Load() = 0;
+
+  /// When the load or refresh began that its figures are of; set by the main window. Not always the
+  /// recap's: a view that a refresh leaves alone keeps its own.
+  std::optional<Date> figuresOf;
 };
 
 /// The views there are, by form name: how the shell makes them without knowing their classes.
@@ -38,5 +44,8 @@ class ViewCatalogue {
  private:
   std::vector<std::pair<std::string, Factory>> entries_;
 };
+
+/// The moment of a form's figures: a view's own, of any other window that of the recap.
+std::optional<Date> momentOf(const Form& form);
 
 }  // namespace dg

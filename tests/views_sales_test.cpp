@@ -39,9 +39,9 @@ TEST_F(Sales, ACountermansDayFillsBothGrids) {
   const auto view = load<frmSales>();
   EXPECT_EQ(
       view->grdSales.rows(),
-      (std::vector<Cells>{{"12", "VERN HOLLOWIN", "7", "31", "1,234.56", "", "20.00", ".05", ""}}));
+      (std::vector<Cells>{{"12", "VERN HOLLOWIN", "7", "31", "1,234.56", "20.00", ".05", "", ""}}));
   EXPECT_EQ(view->grdCash.rows(), (std::vector<Cells>{{"12", "VERN HOLLOWIN", "5,000.00", "10.50",
-                                                       "400.00", "", ".25", "5,389.75", ""}}));
+                                                       "400.00", ".25", "5,389.75", "", ""}}));
   EXPECT_EQ(recap(7), "$1,234.56");
   EXPECT_EQ(recap(10), "$5,389.75");
   EXPECT_EQ(view->lblSaleTot.caption(), "Sales Total  1,234.56");
@@ -89,7 +89,7 @@ TEST_F(Sales, AFailureMarksTheSalesAndLeavesTheCash) {
                 "File: MANL and Record:  300");
 }
 
-TEST_F(Sales, HeadsFromTheHiddenColumnOnSortByTheNext) {
+TEST_F(Sales, EachHeadSortsItself) {
   const std::array<std::int32_t, 11> kPositions = {30, 34, 38, 46, 54, 62, 70, 74, 333, 42, 50};
   constexpr std::int32_t kOrders[][3] = {{2, 1, 3}, {3, 1, 2}, {1, 3, 2}, {2, 3, 1},
                                          {3, 2, 1}, {1, 2, 3}, {2, 1, 3}, {3, 1, 2},
@@ -108,6 +108,8 @@ TEST_F(Sales, HeadsFromTheHiddenColumnOnSortByTheNext) {
     const auto index = static_cast<std::size_t>(head);
     expectHeadSorts(view->grdSales, head, sales[index], head == 1);
     expectHeadSorts(view->grdCash, head, cash[index], head == 1);
+    EXPECT_EQ(view->grdSales.columnIndex(sales[index]), head);
+    EXPECT_EQ(view->grdCash.columnIndex(cash[index]), head);
   }
   EXPECT_TRUE(run_.messages.empty());
 }

@@ -119,7 +119,7 @@ PrintDocument GridActions::document() const {
     table.above.append(cellText(line));
   for (const std::string& line : linesBelowGrid(form_, view_.grid()))
     table.below.append(cellText(line));
-  return newPrintDocument(title(), notes.join(QStringLiteral("   ")), {table});
+  return newPrintDocument(title(), notes.join(QStringLiteral("   ")), {table}, momentOf(form_));
 }
 
 void GridActions::copy(bool withHeadings) const {

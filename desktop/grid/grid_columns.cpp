@@ -50,11 +50,15 @@ void GridView::fitColumns() {
   fitted_ = model_->rowCount() > 0;
   const int widest = fontMetrics().averageCharWidth() * kWidestInCharacters;
   fittingWidths_.clear();
+  leastWidths_.clear();
   for (int column = 0; column < model_->columnCount(); ++column) {
     const int wanted = qMax(sizeHintForColumn(column), header_->sectionSizeHint(column));
     fittingWidths_.append(qMin(wanted, widest));
+    const int bare = header_->sectionSizeHint(column) - header_->arrowRoom(column);
+    leastWidths_.append(qMin(qMax(sizeHintForColumn(column), bare), widest));
   }
   fitGroups(grid_, *header_, fittingWidths_);
+  fitGroups(grid_, *header_, leastWidths_);
   for (int column = 0; column < model_->columnCount(); ++column) {
     if (isColumnHidden(column)) continue;
     setColumnWidth(column, own.value(columnName(grid_, column), fittingWidths_[column]));
@@ -74,12 +78,21 @@ void GridView::spreadColumns() {
     if (text) textTotal += fittingWidths_[column];
   }
   const int left = viewport()->width() - total;
+  int spare = 0;
+  for (int column = 0; column < fittingWidths_.size(); ++column) {
+    if (!isColumnHidden(column)) spare += fittingWidths_[column] - leastWidths_[column];
+  }
   for (int column = 0; column < fittingWidths_.size(); ++column) {
     if (isColumnHidden(column)) continue;
     int width = fittingWidths_[column];
     const bool text = !alignsRight(grid_.columns()[static_cast<std::size_t>(column)].kind);
     if (left > 0 && text) {
       width += qMin(left * width / textTotal, width);
+    }
+    // Where they do not fit, the columns give up the room for a sort arrow that is not there.
+    if (left < 0 && spare > 0) {
+      width -= qMin(width - leastWidths_[column],
+                    (-left * (width - leastWidths_[column]) + spare - 1) / spare);
     }
     setColumnWidth(column, width);
   }

@@ -8,6 +8,7 @@
 #include "export/workbook.h"
 #include "forms/form_bands.h"
 #include "shell/recap_sheet.h"
+#include "shell/view.h"
 
 namespace dg {
 
@@ -16,7 +17,7 @@ namespace {
 std::string csvOf(const GridModel& model) {
   std::ostringstream text;
   text << kByteOrderMark;
-  writeCsv(text, model.grid(), model.shownRows());
+  writeCsv(text, model.grid(), model.shownRows(), CsvHeads::kTitles);
   return text.str();
 }
 
@@ -24,7 +25,8 @@ std::string workbookOf(const GridModel& model, const Form& form, const QString& 
   Workbook book;
   book.setTitle(toBytes(title));
   std::vector<std::string> notes;
-  if (std::string moment = figuresAsOf(); !moment.empty()) notes.push_back(std::move(moment));
+  if (std::string moment = figuresAsOf(momentOf(form)); !moment.empty())
+    notes.push_back(std::move(moment));
   if (form.incomplete()) notes.emplace_back("Could not be read completely: see the log.");
   for (std::string& line : linesAboveGrids(form))
     notes.push_back(std::move(line));

@@ -82,6 +82,7 @@ class GridView : public QTableView {
   bool userWidths_ = false;   // the user has set widths of his own
   bool spreading_ = false;    // widths change, but not by the user's hand
   QList<int> fittingWidths_;  // widths that the contents ask for, by column
+  QList<int> leastWidths_;    // and without room for a sort arrow
   std::uint64_t revision_ = 0;
   int shownBookmark_ = -1;
   QPersistentModelIndex pressed_;

@@ -50,14 +50,17 @@ QSize GroupHeader::sectionSizeFromContents(int section) const {
   QSize size = QHeaderView::sectionSizeFromContents(section);
   size.setHeight(qMax(size.height(), fontMetrics().height() + 10) + groupHeight());
   // Room for the sort arrow in every column, so that a sort does not cut a heading.
-  const bool sorted = isSortIndicatorShown() && sortIndicatorSection() == section;
-  if (!sorted && sectionsClickable()) {
-    const auto metric = [this](QStyle::PixelMetric each) {
-      return style()->pixelMetric(each, nullptr, this);
-    };
-    size.rwidth() += metric(QStyle::PM_HeaderMarkSize) + metric(QStyle::PM_HeaderMargin);
-  }
+  size.rwidth() += arrowRoom(section);
   return size;
+}
+
+int GroupHeader::arrowRoom(int section) const {
+  const bool sorted = isSortIndicatorShown() && sortIndicatorSection() == section;
+  if (sorted || !sectionsClickable()) return 0;
+  const auto metric = [this](QStyle::PixelMetric each) {
+    return style()->pixelMetric(each, nullptr, this);
+  };
+  return metric(QStyle::PM_HeaderMarkSize) + metric(QStyle::PM_HeaderMargin);
 }
 
 void GroupHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {

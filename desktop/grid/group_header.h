@@ -17,6 +17,8 @@ class GroupHeader : public QHeaderView {
   bool hasGroups() const { return hasGroups_; }
   /// The width that the group heading over a column asks for; 0 where none begins.
   int groupWidth(int column) const;
+  /// What a column that is not sorted by keeps free for the sort arrow.
+  int arrowRoom(int section) const;
 
  protected:
   QSize sectionSizeFromContents(int section) const override;

@@ -31,10 +31,10 @@ PrintTable tableOf(const GridModel& model, const QString& heading) {
   return table;
 }
 
-PrintDocument newPrintDocument(const QString& title, const QString& note,
-                               QList<PrintTable> tables) {
+PrintDocument newPrintDocument(const QString& title, const QString& note, QList<PrintTable> tables,
+                               std::optional<Date> figuresOf) {
   const Date moment = now();
-  std::string made = figuresAsOf();
+  std::string made = figuresAsOf(figuresOf);
   if (!made.empty()) made += "     ";
   made += "Printed " + moment.shortDateText() + " " + moment.longTimeText();
   return {storeName(), title, note, fromBytes(made), std::move(tables)};

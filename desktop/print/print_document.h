@@ -3,6 +3,9 @@
 #include <QList>
 #include <QString>
 #include <functional>
+#include <optional>
+
+#include "shell/recap_sheet.h"
 
 namespace dg {
 
@@ -38,8 +41,9 @@ struct PrintDocument {
 /// The visible columns and the rows on show of a grid. The model outlives the table.
 PrintTable tableOf(const GridModel& model, const QString& heading);
 
-/// A document of the store, made now.
-PrintDocument newPrintDocument(const QString& title, const QString& note, QList<PrintTable> tables);
+/// A document of the store, made now, of figures of that moment.
+PrintDocument newPrintDocument(const QString& title, const QString& note, QList<PrintTable> tables,
+                               std::optional<Date> figuresOf = figuresMoment());
 
 /// The store's name that documents carry; set once the main window knows it.
 QString printStore();

@@ -22,7 +22,9 @@ namespace dg {
 namespace {
 
 constexpr int kRowHeight = 34;
-constexpr int kWidestSheet = 1180;
+constexpr int kWidestSheet = 1760;
+/// From here on the three blocks stand beside each other.
+constexpr int kThreeColumns = 1380;
 
 }  // namespace
 
@@ -55,7 +57,12 @@ void RecapView::arrange() {
                           static_cast<QWidget*>(liabilities_), static_cast<QWidget*>(profit_)}) {
     sheet_->removeWidget(widget);
   }
-  if (wide_) {
+  if (columns_ == 3) {
+    sheet_->addWidget(head_, 0, 0, 1, 3);
+    sheet_->addWidget(assets_, 1, 0, Qt::AlignTop);
+    sheet_->addWidget(liabilities_, 1, 1, Qt::AlignTop);
+    sheet_->addWidget(profit_, 1, 2, Qt::AlignTop);
+  } else if (columns_ == 2) {
     sheet_->addWidget(head_, 0, 0, 1, 2);
     sheet_->addWidget(assets_, 1, 0, 2, 1, Qt::AlignTop);
     sheet_->addWidget(liabilities_, 1, 1, Qt::AlignTop);
@@ -67,8 +74,9 @@ void RecapView::arrange() {
     sheet_->addWidget(profit_, 3, 0);
   }
   sheet_->setColumnStretch(0, 5);
-  sheet_->setColumnStretch(1, wide_ ? 6 : 0);
-  sheet_->setRowStretch(2, wide_ ? 1 : 0);
+  sheet_->setColumnStretch(1, columns_ == 1 ? 0 : 6 - columns_ % 2);
+  sheet_->setColumnStretch(2, columns_ == 3 ? 6 : 0);
+  sheet_->setRowStretch(2, columns_ == 2 ? 1 : 0);
   sheet_->setRowStretch(4, 2);
 }
 
@@ -76,9 +84,9 @@ void RecapView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   const int needed = assets_->sizeHint().width() +
                      qMax(liabilities_->sizeHint().width(), profit_->sizeHint().width()) + 56;
-  const bool wide = width() >= needed;
-  if (wide == wide_) return;
-  wide_ = wide;
+  const int columns = width() >= kThreeColumns ? 3 : width() >= needed ? 2 : 1;
+  if (columns == columns_) return;
+  columns_ = columns;
   arrange();
 }
 

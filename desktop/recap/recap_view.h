@@ -63,7 +63,7 @@ class RecapView : public QWidget {
   Card* assets_;
   Card* liabilities_;
   Card* profit_;
-  bool wide_ = false;
+  int columns_ = 1;  ///< blocks beside each other
 };
 
 /// The recap as tables on paper.

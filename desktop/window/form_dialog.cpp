@@ -101,8 +101,10 @@ QLayout* FormDialog::buildBody() {
   return body;
 }
 
+/// Only what the user has chosen is remembered; what the contents ask for may be another the next
+/// time.
 FormDialog::~FormDialog() {
-  UserSettings::saveWindow(*this, memoryName(form_));
+  if (size() != given_) UserSettings::saveWindow(*this, memoryName(form_));
 }
 
 void FormDialog::adapt() {
@@ -112,6 +114,9 @@ void FormDialog::adapt() {
   if (grids) size = size.expandedTo(kGridDialog);
   if (!areas.isEmpty()) size = size.expandedTo(kLogDialog);
   UserSettings::restoreWindow(*this, memoryName(form_), size);
+  // Never smaller than the contents need and the screen has.
+  resize(this->size().expandedTo(UserSettings::onScreen(*this, sizeHint())));
+  given_ = this->size();
 
   // What a log has to tell stands at its end.
   if (form_.name() == "frmViewLog" && !areas.isEmpty()) {

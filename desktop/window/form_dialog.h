@@ -32,6 +32,7 @@ class FormDialog : public QDialog {
   Form& form_;
   FormView* view_;
   Connection changed_;
+  QSize given_;  ///< the size that it opened with
   bool closing_ = false;
 };
 

@@ -37,7 +37,7 @@ namespace dg {
 
 namespace {
 
-constexpr QSize kSize{1220, 800};
+constexpr QSize kSize{1480, 920};
 constexpr const char* kMemory = "main";
 constexpr const char* kSplitterMemory = "mainSplitter";
 
@@ -138,6 +138,7 @@ void MainWindow::connectForm() {
   form_.onHelp = [this] { showHelp(); };
   viewShown_ = form_.viewShown.connect([this](View* view) {
     if (view != nullptr) views_->showView(*view);
+    showNotices();
   });
   if (View* current = form_.CurrentView()) views_->showView(*current);
 
@@ -171,7 +172,8 @@ void MainWindow::pick(const QString& menu, int index) {
 }
 
 void MainWindow::showNotices() {
-  asOf_->setText(fromBytes(figuresAsOf()));
+  const View* view = form_.CurrentView();
+  asOf_->setText(fromBytes(figuresAsOf(view != nullptr ? view->figuresOf : std::nullopt)));
   QString share;
   if (!form_.lostShare().empty()) {
     share = tr("The share %1 cannot be reached. What was to be read from it since is missing here.")
@@ -252,6 +254,10 @@ void MainWindow::showHelp() {
   if (help_ == nullptr) help_ = new HelpWindow;
   const View* view = form_.CurrentView();
   if (views_->todayShown()) return help_->showPage("today");
+  if (form_.CurrentView() == nullptr) {
+    help_->showPage("frmViewLog");  // nothing was loaded: what can be done then stands there
+    return;
+  }
   help_->showPage(views_->chartsShown() || view == nullptr ? std::string_view("charts")
                                                            : std::string_view(view->name()));
 }

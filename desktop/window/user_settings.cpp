@@ -25,10 +25,13 @@ QSettings& UserSettings::file() {
 void UserSettings::restoreWindow(QWidget& window, const QString& name, QSize size) {
   const QByteArray geometry = file().value("windows/" + name).toByteArray();
   if (!geometry.isEmpty() && window.restoreGeometry(geometry)) return;
-  if (const QScreen* screen = window.screen()) {
-    size = size.boundedTo(screen->availableSize() * 0.92);
-  }
-  window.resize(size.expandedTo(window.minimumSizeHint()));
+  window.resize(onScreen(window, size).expandedTo(window.minimumSizeHint()));
+}
+
+QSize UserSettings::onScreen(const QWidget& window, QSize size) {
+  constexpr double kShare = 0.96;
+  const QScreen* screen = window.screen();
+  return screen == nullptr ? size : size.boundedTo(screen->availableSize() * kShare);
 }
 
 void UserSettings::saveWindow(const QWidget& window, const QString& name) {

@@ -18,6 +18,8 @@ class UserSettings {
   /// Puts a window where it stood and with the size it had, or gives it `size`.
   static void restoreWindow(QWidget& window, const QString& name, QSize size);
   static void saveWindow(const QWidget& window, const QString& name);
+  /// The part of a size that the window's screen has room for.
+  static QSize onScreen(const QWidget& window, QSize size);
 
   /// Widths by column name; empty when the user has not changed any.
   static QMap<QString, int> columnWidths(const QString& grid);

@@ -20,7 +20,8 @@ void writeViewSheets(Workbook& book, const View& view) {
     if (const auto* grid = dynamic_cast<const Grid*>(control.get())) grids.push_back(grid);
   }
   std::vector<std::string> notes;
-  if (std::string moment = figuresAsOf(); !moment.empty()) notes.push_back(std::move(moment));
+  if (std::string moment = figuresAsOf(momentOf(view)); !moment.empty())
+    notes.push_back(std::move(moment));
   if (view.incomplete()) notes.emplace_back(kIncomplete);
   for (const Grid* grid : grids) {
     book.addGrid(gridTitle(view, *grid), *grid, allRows(*grid), notes, linesBelowGrid(view, *grid));

@@ -27,10 +27,10 @@ constexpr ColumnSpec kSalesColumns[] = {
     {.name = "Invoices", .caption = "# Invoices", .kind = ColumnKind::kNumber},
     {.name = "Items", .caption = "Line Items", .kind = ColumnKind::kNumber},
     {.name = "mdse", .caption = "Mdse", .kind = ColumnKind::kMoney},
-    {.name = "ndate", .caption = "jdate", .hidden = true},
     {.name = "Labor", .kind = ColumnKind::kMoney},
     {.name = "Disc", .kind = ColumnKind::kMoney},
     {.name = "GPR", .kind = ColumnKind::kPercent},
+    {.name = "ndate", .caption = "jdate", .hidden = true},
 };
 constexpr ColumnSpec kCashColumns[] = {
     {.name = "Man", .caption = "Man #", .kind = ColumnKind::kNumber},
@@ -38,13 +38,13 @@ constexpr ColumnSpec kCashColumns[] = {
     {.name = "Cash", .caption = "Cash-Sales", .kind = ColumnKind::kMoney},
     {.name = "Refunds", .kind = ColumnKind::kMoney},
     {.name = "ROA", .kind = ColumnKind::kMoney},
-    {.name = "ndate", .caption = "jdate", .hidden = true},
     {.name = "Deposits", .kind = ColumnKind::kMoney},
     {.name = "Net", .kind = ColumnKind::kMoney},
     {.name = "GPR", .kind = ColumnKind::kPercent},
+    {.name = "ndate", .caption = "jdate", .hidden = true},
 };
 
-// The tables do not count the hidden column: from there on a click sorts by the next one.
+// A click counts the columns on show; the hidden one stands behind them, so each head sorts itself.
 constexpr HeadSort kSalesSorts[] = {
     {"Man"}, {"Name", true}, {"Invoices"}, {"Items"}, {"mdse"}, {"Labor"}, {"Disc"},
 };
