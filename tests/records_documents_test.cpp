@@ -3,13 +3,17 @@
 #include <string>
 
 #include "engine/codec.h"
+#include "engine/logical_file.h"
 #include "engine/state.h"
 #include "records/clock.h"
+#include "records/customers.h"
 #include "records/floor_plan.h"
 #include "records/invoice_history.h"
 #include "records/invoice_history_detail.h"
+#include "records/parts.h"
 #include "records/shop.h"
 #include "records/units.h"
+#include "tests/support/engine_store.h"
 #include "tests/support/program_run.h"
 #include "tools/sample/record_writer.h"
 
@@ -278,6 +282,28 @@ TEST(ShopRecords, TwoMembersShareAByte) {
   read.Unpack(RecordWriter(96).bytes());
   EXPECT_EQ(read.WarrVend[1], 0) << "arrays are new with every record";
   EXPECT_EQ(read.LastRequest, 3) << "other members are not";
+}
+
+/// Places, widths, signs and scales of which a neighbour's would look as likely.
+TEST(RecordLayouts, FieldsAreReadFromTheirOwnBytes) {
+  clsShop job;
+  job.Unpack(RecordWriter(160).integer(14, 'D', 0xFFFFFF).integer(129, 'J', -5).bytes());
+  EXPECT_EQ(job.Meter, Currency::fromScaled(0xFFFFFF, 10));
+  EXPECT_EQ(job.Disc_Percentage, -5);
+
+  clsCustomers customer;
+  customer.Unpack(RecordWriter(320).integer(161, 'L', 6'000).integer(165, 'L', 9'000).bytes());
+  EXPECT_EQ(customer.Statement_60_days, Currency(60));
+  EXPECT_EQ(customer.Statement_90_days, Currency(90));
+
+  clsParts part;
+  part.Unpack(RecordWriter(320).integer(46, 'K', 12'345).integer(36, 'K', -15).bytes());
+  EXPECT_EQ(part.Level_1_Price, Currency::fromScaled(12'345, 100));
+  EXPECT_EQ(part.Quantity_On_Hand, Currency::fromScaled(-15, 10));
+
+  const DirectoryEntry entry =
+      DirectoryEntry::decode(test::directoryEntry("PARTL", 0x010002, 256, 'L', 9));
+  EXPECT_EQ(entry.Position, 0x010002) << "three bytes";
 }
 
 TEST(FloorPlanRecords, TextsBehindTheModelHaveDashes) {

@@ -87,7 +87,8 @@ TodayPage::TodayPage(const frmTRVN& main, TodaysWork& work, QWidget* parent)
       main_(main),
       work_(work),
       pages_(new QStackedWidget(this)),
-      scroll_(new QScrollArea(this)) {
+      scroll_(new QScrollArea(this)),
+      agesForm_("today", "Age of what is open") {
   setObjectName(QStringLiteral("today"));
   setAccessibleName(tr("Today"));
   auto* outer = new QVBoxLayout(this);
@@ -238,7 +239,7 @@ QWidget* TodayPage::buildAgeing() {
   for (const FamilyEntry& family : openFamilies())
     ageing.push_back(work_.ageing(family.family));
   ages_ = ageingGrid(ageing);
-  auto* table = new GridPanel(*ages_, QStringLiteral("today"), tr("Age of what is open"), area);
+  auto* table = new GridPanel(*ages_, agesForm_, area);
   table->setMinimumHeight(kAgeingHeight);
   layout->addWidget(table, 0, 0, 1, kCardColumns);
   int place = 0;
@@ -289,8 +290,8 @@ void TodayPage::open(AttentionKind kind) {
   connect(back, &QToolButton::clicked, this, &TodayPage::showCards);
   layout->addWidget(back);
   layout->addWidget(label(meaning(entryOf(kind), work_.limits()), rowsPage_, true));
-  auto* table =
-      new GridPanel(*rows_, QStringLiteral("today"), fromBytes(entryOf(kind).caption), rowsPage_);
+  rowsForm_ = std::make_unique<Form>("today", std::string(entryOf(kind).caption));
+  auto* table = new GridPanel(*rows_, *rowsForm_, rowsPage_);
   layout->addWidget(table, 1);
   pages_->addWidget(rowsPage_);
   pages_->setCurrentWidget(rowsPage_);

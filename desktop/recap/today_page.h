@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "desktop/recap/todays_work.h"
-#include "forms/grid.h"
+#include "forms/form.h"
 
 class QGridLayout;
 class QLabel;
@@ -46,6 +46,8 @@ class TodayPage : public QWidget {
   QStackedWidget* pages_;
   QScrollArea* scroll_;
   QWidget* rowsPage_ = nullptr;
+  Form agesForm_;  ///< what names the tables, as a window does those of a view
+  std::unique_ptr<Form> rowsForm_;
   std::unique_ptr<Grid> rows_;
   std::unique_ptr<Grid> ages_;
 };

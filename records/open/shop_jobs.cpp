@@ -52,6 +52,7 @@ void forEachOpenJob(const std::function<void(const OpenJob&)>& visit) {
       bool orb = true;
       const std::string record = sharedEngine().LreadFile(files::kInvoices, recordNumber, orb);
       job.Unpack(record);
+      job.RecordText = record;
       if (job.Status == kBilled) continue;
       visit({job, record});
       report.add([&job] { return workOf(job); });
