@@ -66,6 +66,9 @@ struct RecapFigure {
   std::string_view view;  ///< the view that works it out
   FigureKind kind = FigureKind::kMoney;
   FigureSpan span = FigureSpan::kMoment;
+  /// Whether more of it is plainly good and less plainly bad. Of most it depends: receivables are
+  /// owed, stock is paid for, costs grow with sales.
+  bool moreIsBetter = false;
 
   constexpr int index() const { return static_cast<int>(figure); }
 };

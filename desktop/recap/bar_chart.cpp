@@ -19,16 +19,6 @@ constexpr int kMargin = 18;
 constexpr int kBarGap = 10;
 constexpr int kLeastWidth = 320;
 
-/// A round step that parts `range` into about `parts`.
-double roundStep(double range, int parts) {
-  const double rough = range / parts;
-  const double power = std::pow(10, std::floor(std::log10(rough)));
-  for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
-    if (rough <= factor * power) return factor * power;
-  }
-  return 10 * power;
-}
-
 }  // namespace
 
 /// Where values stand: the pixels of the bars' area and the values at its ends.

@@ -122,6 +122,15 @@ ChartData salesChart(const frmTRVN& main, ChartPeriod period) {
   return chart;
 }
 
+double roundStep(double range, int parts) {
+  const double rough = range / parts;
+  const double power = std::pow(10, std::floor(std::log10(rough)));
+  for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
+    if (rough <= factor * power) return factor * power;
+  }
+  return 10 * power;
+}
+
 QString shortMoney(double value) {
   struct Step {
     double from;

@@ -33,6 +33,9 @@ ChartData assetChart(const frmTRVN& main);
 ChartData inventoryChart(const frmTRVN& main);
 ChartData salesChart(const frmTRVN& main, ChartPeriod period);
 
+/// A round step that parts `range` into about `parts`.
+double roundStep(double range, int parts);
+
 /// A figure in short: "$1.2M", "$34.5k", "$120".
 QString shortMoney(double value);
 /// An amount with its cents, for a tip: "$1,234.50".

@@ -1,6 +1,7 @@
 #include "desktop/recap/recap_view.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QScrollArea>
 #include <QToolButton>
@@ -16,6 +17,7 @@
 #include "desktop/window/theme.h"
 #include "export/csv.h"
 #include "export/form_sheet.h"
+#include "history/figure_history.h"
 
 namespace dg {
 
@@ -164,8 +166,40 @@ void RecapView::leadFrom(QWidget* caption, const RecapFigure& figure) {
 void RecapView::addFigure(Card& card, int row, int column, const RecapFigure& figure) {
   QWidget* value = label(figure.label, &card, Qt::AlignRight);
   value->setFont(scaledFont(figureFont(font()), 1.1, QFont::DemiBold));
-  card.grid()->addWidget(value, row, column);
+  auto* change = new QLabel(&card);
+  change->setTextFormat(Qt::PlainText);
+  change->setFont(scaledFont(figureFont(font()), 0.9));
+  change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  change->hide();
+  changes_[figure.figure] = change;
+  auto* cell = new QBoxLayout(figure.block == RecapBlock::kProfit ? QBoxLayout::TopToBottom
+                                                                  : QBoxLayout::RightToLeft);
+  cell->setSpacing(figure.block == RecapBlock::kProfit ? 0 : 12);
+  cell->addWidget(value);
+  cell->addWidget(change);
+  if (figure.block != RecapBlock::kProfit) cell->addStretch(1);
+  card.grid()->addLayout(cell, row, column);
   card.grid()->setRowMinimumHeight(row, kRowHeight);
+}
+
+void RecapView::setChanges(const std::vector<RecapChange>& changes) {
+  for (const auto& [figure, label] : changes_)
+    label->hide();
+  for (const RecapChange& each : changes) {
+    QLabel& label = *changes_.at(each.figure);
+    QPalette own = palette();
+    own.setColor(QPalette::WindowText, each.tone == ChangeTone::kGood  ? goodColor(own)
+                                       : each.tone == ChangeTone::kBad ? errorColor(own)
+                                                                       : mutedColor(own));
+    label.setPalette(own);
+    const QString since = tr("since %1").arg(cellText(each.change.from.day.shortDateText()));
+    label.setText(QString::fromUtf8(changeLabel(each)) + u' ' + since);
+    label.setToolTip(plainToolTip(
+        tr("%1 on %2")
+            .arg(cellText(amountText(each.change.from.amount, recapFigure(each.figure).kind)),
+                 cellText(each.change.from.day.shortDateText()))));
+    label.show();
+  }
 }
 
 Card* RecapView::buildList(RecapBlock block) {

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QWidget>
+#include <map>
+#include <vector>
 
 #include "desktop/print/print_document.h"
 #include "forms/form.h"
+#include "history/recap_changes.h"
 #include "shell/recap_figures.h"
 
 class QGridLayout;
 class QToolButton;
+class QLabel;
 
 namespace dg {
 
@@ -31,6 +35,9 @@ class RecapView : public QWidget {
   /// Writes the recap as a workbook or CSV, by the file's ending; tells when it cannot, and returns
   /// whether it was written.
   bool exportTo(const QString& file);
+
+  /// Shows what changed beside the figures; without changes the recap is as it is.
+  void setChanges(const std::vector<RecapChange>& changes);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -58,6 +65,7 @@ class RecapView : public QWidget {
 
   Form& form_;
   QToolButton* today_ = nullptr;
+  std::map<Figure, QLabel*> changes_;  ///< under or beside the figures
   QGridLayout* sheet_;
   QWidget* head_;
   Card* assets_;

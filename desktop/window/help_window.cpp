@@ -35,6 +35,7 @@ constexpr HelpPage kPages[] = {
     {"recap", QT_TRANSLATE_NOOP("HelpWindow", "Recap"), "frmRecap"},
     {"today", QT_TRANSLATE_NOOP("HelpWindow", "Today"), "today"},
     {"charts", QT_TRANSLATE_NOOP("HelpWindow", "Charts"), "charts"},
+    {"history", QT_TRANSLATE_NOOP("HelpWindow", "History"), "history"},
     {"accounts-receivable", QT_TRANSLATE_NOOP("HelpWindow", "Accounts Receivable"), "frmAR"},
     {"billed-warranties", QT_TRANSLATE_NOOP("HelpWindow", "Billed Warranties"), "frmWarranty"},
     {"ledger-assets", QT_TRANSLATE_NOOP("HelpWindow", "G/L Assets"), "frmGLA"},

@@ -8,6 +8,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -16,6 +17,7 @@
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_panel.h"
 #include "desktop/print/print_document.h"
+#include "desktop/recap/history_keeper.h"
 #include "desktop/recap/recap_view.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
@@ -145,7 +147,12 @@ void MainWindow::connectForm() {
   loadEnded_ = form_.loadEnded.connect([this] {
     showNotices();
     views_->tellToday();
+    // The load counts as running until its listeners have been told.
+    QTimer::singleShot(0, this, [this] { views_->keeper().keepDay(); });
   });
+  if (form_.CurrentView() != nullptr) {
+    QTimer::singleShot(0, this, [this] { views_->keeper().keepDay(); });
+  }
   logFailed_ = logFailed().connect([this] { showNotices(); });
   showNotices();
   showStartProblem();
@@ -154,6 +161,9 @@ void MainWindow::connectForm() {
   connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
   connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
   connect(menus_->today(), &QAction::triggered, this, &MainWindow::showToday);
+  connect(menus_->history(), &QAction::triggered, this, [this] {
+    if (!form_.loading()) views_->showHistory();
+  });
   // No node stands for the charts; the last one is marked again with the next click.
   connect(views_, &ViewStack::chartsOpened, tree_, &TreePanel::unmark);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
@@ -256,6 +266,10 @@ void MainWindow::showHelp() {
   if (views_->todayShown()) return help_->showPage("today");
   if (form_.CurrentView() == nullptr) {
     help_->showPage("frmViewLog");  // nothing was loaded: what can be done then stands there
+    return;
+  }
+  if (views_->historyShown()) {
+    help_->showPage("history");
     return;
   }
   help_->showPage(views_->chartsShown() || view == nullptr ? std::string_view("charts")

@@ -40,6 +40,9 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
       today_ = menu->addAction(tr("Today"));
       today_->setObjectName(QStringLiteral("today"));
       today_->setMenuRole(QAction::NoRole);
+      history_ = menu->addAction(tr("History"));
+      history_->setObjectName(QStringLiteral("history"));
+      history_->setMenuRole(QAction::NoRole);
     }
     if (head.items == "mopt") {
       table_ = addMenu(tr("&Table"));

@@ -18,6 +18,7 @@ class MenuBar : public QMenuBar {
   QAction* item(std::string_view menu, int index) const;
   QAction* charts() const { return charts_; }
   QAction* today() const { return today_; }
+  QAction* history() const { return history_; }
   /// The added menu of what can be done with a table; filled by who shows it.
   QMenu* tableMenu() const { return table_; }
   /// Disables what needs a store that was read: File/Refresh and the whole View menu.
@@ -31,6 +32,7 @@ class MenuBar : public QMenuBar {
 
   QAction* charts_ = nullptr;
   QAction* today_ = nullptr;
+  QAction* history_ = nullptr;
   QMenu* table_ = nullptr;
 };
 

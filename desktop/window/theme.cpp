@@ -70,6 +70,10 @@ QColor errorColor(const QPalette& palette) {
   return isDark(palette) ? QColor(0xff, 0x7b, 0x72) : QColor(0xc6, 0x1a, 0x1a);
 }
 
+QColor goodColor(const QPalette& palette) {
+  return isDark(palette) ? QColor(0x7f, 0xd1, 0x8b) : QColor(0x1b, 0x7a, 0x35);
+}
+
 QColor mutedColor(const QPalette& palette) {
   return mix(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.35);
 }

@@ -20,6 +20,7 @@ bool isDark(const QPalette& palette);
 
 // Colours beside the palette's own, derived from it so that they suit light and dark.
 QColor errorColor(const QPalette& palette);   ///< "Data Error !" and other texts in red
+QColor goodColor(const QPalette& palette);    ///< changes that are plainly good
 QColor mutedColor(const QPalette& palette);   ///< captions and hints
 QColor lineColor(const QPalette& palette);    ///< hairlines between rows and around cards
 QColor cardColor(const QPalette& palette);    ///< ground of a card on a sheet

@@ -68,6 +68,14 @@ void UserSettings::setState(const QString& name, const QByteArray& state) {
   file().setValue("states/" + name, state);
 }
 
+bool UserSettings::keepsHistory() {
+  return file().value(QStringLiteral("history/keep")).toBool();
+}
+
+void UserSettings::setKeepsHistory(bool keeps) {
+  file().setValue(QStringLiteral("history/keep"), keeps);
+}
+
 QString UserSettings::exportFolder() {
   const QString folder = file().value(QStringLiteral("export/folder")).toString();
   if (!folder.isEmpty() && QDir(folder).exists()) return folder;

@@ -29,6 +29,10 @@ class UserSettings {
   static QByteArray state(const QString& name);
   static void setState(const QString& name, const QByteArray& state);
 
+  /// Whether the user wants the recap's figures kept day by day; not before it is asked for.
+  static bool keepsHistory();
+  static void setKeepsHistory(bool keeps);
+
   /// Folder of the last export, or the user's documents.
   static QString exportFolder();
   static void setExportFolder(const QString& folder);

@@ -3,6 +3,8 @@
 #include <QPushButton>
 
 #include "desktop/recap/charts_page.h"
+#include "desktop/recap/history_keeper.h"
+#include "desktop/recap/history_page.h"
 #include "desktop/recap/recap_view.h"
 #include "desktop/recap/today_page.h"
 #include "desktop/window/form_view.h"
@@ -28,7 +30,11 @@ void freeMenuKeys(const QWidget& page) {
 }  // namespace
 
 ViewStack::ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent)
-    : QStackedWidget(parent), main_(main), work_(work), empty_(new QWidget(this)) {
+    : QStackedWidget(parent),
+      main_(main),
+      work_(work),
+      empty_(new QWidget(this)),
+      keeper_(new HistoryKeeper(main, this)) {
   addWidget(empty_);
 }
 
@@ -61,6 +67,9 @@ QWidget* ViewStack::makePage(View& view) {
   auto* recap = new RecapView(view, this);
   connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
   connect(recap, &RecapView::todayRequested, this, &ViewStack::showToday);
+  recap->setChanges(keeper_->changes());
+  connect(keeper_, &HistoryKeeper::changed, recap,
+          [this, recap] { recap->setChanges(keeper_->changes()); });
   connect(recap, &RecapView::viewRequested, this, &ViewStack::viewRequested);
   return recap;
 }
@@ -90,6 +99,23 @@ void ViewStack::showToday() {
   setCurrentWidget(today_);
   today_->setFocus();
   Q_EMIT chartsOpened();
+}
+
+void ViewStack::showHistory() {
+  if (history_ == nullptr) {
+    history_ = new HistoryPage(*keeper_, this);
+    connect(history_, &HistoryPage::recapRequested, this, &ViewStack::recapRequested);
+    addWidget(history_);
+  } else {
+    history_->reload();
+  }
+  setCurrentWidget(history_);
+  history_->setFocus();
+  Q_EMIT chartsOpened();
+}
+
+bool ViewStack::historyShown() const {
+  return history_ != nullptr && currentWidget() == history_;
 }
 
 void ViewStack::showStandIn(QWidget* page) {

@@ -10,6 +10,8 @@ namespace dg {
 class ChartsPage;
 class TodayPage;
 class TodaysWork;
+class HistoryKeeper;
+class HistoryPage;
 
 /// The client area of the main window: the views, one of which is on show, the charts, and what
 /// needs attention today.
@@ -25,6 +27,7 @@ class ViewStack : public QStackedWidget {
   void hideView();
   void showCharts();
   void showToday();
+  void showHistory();
   /// Shows a page that is no view's in the place of one.
   void showStandIn(QWidget* page);
   /// Forgets a form that is about to go; nothing when it has no page.
@@ -37,6 +40,8 @@ class ViewStack : public QStackedWidget {
 
   bool chartsShown() const;
   bool todayShown() const;
+  bool historyShown() const;
+  HistoryKeeper& keeper() const { return *keeper_; }
   /// The page of a view, or null.
   QWidget* pageOf(const Form& form) const;
 
@@ -53,8 +58,10 @@ class ViewStack : public QStackedWidget {
   TodaysWork& work_;
   std::map<const Form*, QWidget*> pages_;
   QWidget* empty_;
+  HistoryKeeper* keeper_;
   ChartsPage* charts_ = nullptr;
   TodayPage* today_ = nullptr;
+  HistoryPage* history_ = nullptr;
 };
 
 }  // namespace dg

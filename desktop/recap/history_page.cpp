@@ -1,0 +1,304 @@
+#include "desktop/recap/history_page.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStackedLayout>
+#include <QToolButton>
+#include <algorithm>
+#include <map>
+
+#include "desktop/grid/export_files.h"
+#include "desktop/grid/grid_panel.h"
+#include "desktop/recap/charts_page.h"
+#include "desktop/recap/line_chart.h"
+#include "desktop/window/text.h"
+#include "desktop/window/theme.h"
+#include "platform/clock.h"
+#include "platform/text.h"
+
+namespace dg {
+
+namespace {
+
+constexpr double kPictureScale = 2;
+
+struct Range {
+  int days;  ///< 0: all
+  const char* name;
+};
+constexpr Range kRanges[] = {
+    {7, QT_TRANSLATE_NOOP("HistoryPage", "Week")},
+    {31, QT_TRANSLATE_NOOP("HistoryPage", "Month")},
+    {92, QT_TRANSLATE_NOOP("HistoryPage", "Quarter")},
+    {366, QT_TRANSLATE_NOOP("HistoryPage", "Year")},
+    {0, QT_TRANSLATE_NOOP("HistoryPage", "All")},
+};
+constexpr int kFirstRange = 31;
+
+QToolButton* button(const QString& text, QWidget* parent) {
+  auto* made = new QToolButton(parent);
+  made->setText(text);
+  made->setFocusPolicy(Qt::StrongFocus);
+  return made;
+}
+
+LineSeries lineOf(const FigureHistory& figure) {
+  LineSeries line{QString::fromStdString(figure.figure.name), figure.kind(), {}};
+  for (const KeptValue& value : figure.values)
+    line.points.append({value.day.days(), value.amount.toDouble()});
+  return line;
+}
+
+ColumnSpec valueColumn(const std::string& name, FigureKind kind) {
+  return {.name = name,
+          .kind = kind == FigureKind::kRate ? ColumnKind::kPercent : ColumnKind::kMoney};
+}
+
+}  // namespace
+
+HistoryPage::HistoryPage(HistoryKeeper& keeper, QWidget* parent)
+    : QWidget(parent),
+      keeper_(keeper),
+      stack_(new QStackedLayout(this)),
+      trouble_(new QLabel),
+      first_(new QComboBox),
+      second_(new QComboBox),
+      ranges_(new QButtonGroup(this)),
+      chart_(new LineChart),
+      range_(kFirstRange) {
+  setObjectName(QStringLiteral("history"));
+  setAccessibleName(tr("History"));
+  stack_->addWidget(buildOffer());
+  stack_->addWidget(buildLines());
+  connect(&keeper_, &HistoryKeeper::changed, this, &HistoryPage::reload);
+  connect(chart_, &LineChart::saveRequested, this, &HistoryPage::askAndSave);
+  reload();
+}
+
+QWidget* HistoryPage::buildOffer() {
+  auto* page = new QWidget(this);
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(20, 16, 20, 20);
+  layout->setSpacing(14);
+  auto* title = new QLabel(tr("History"), page);
+  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
+  layout->addWidget(title);
+  auto* text = new QLabel(
+      tr("From now on the recap's figures can be kept day by day, so that you see what has moved "
+         "since yesterday and over the year. They stay on this computer, in %1; nothing is "
+         "written to the share.")
+          .arg(HistoryKeeper::fileName()),
+      page);
+  text->setTextFormat(Qt::PlainText);
+  text->setWordWrap(true);
+  text->setMaximumWidth(640);
+  layout->addWidget(text);
+  auto* start = new QPushButton(tr("&Start keeping"), page);
+  connect(start, &QPushButton::clicked, &keeper_, &HistoryKeeper::start);
+  layout->addWidget(start, 0, Qt::AlignLeft);
+  layout->addStretch(1);
+  return page;
+}
+
+QWidget* HistoryPage::buildLines() {
+  auto* page = new QWidget(this);
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(20, 16, 20, 20);
+  layout->setSpacing(12);
+  auto* head = new QHBoxLayout;
+  auto* title = new QLabel(tr("History"), page);
+  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
+  head->addWidget(title, 1);
+  auto* keep = new QCheckBox(tr("&Keep a day at each load"), page);
+  keep->setObjectName(QStringLiteral("keepHistory"));
+  connect(keep, &QCheckBox::clicked, &keeper_,
+          [this](bool on) { on ? keeper_.start() : keeper_.stop(); });
+  connect(&keeper_, &HistoryKeeper::changed, keep,
+          [keep] { keep->setChecked(HistoryKeeper::isKeeping()); });
+  keep->setChecked(HistoryKeeper::isKeeping());
+  head->addWidget(keep);
+  QToolButton* recap = button(tr("&Recap"), page);
+  connect(recap, &QToolButton::clicked, this, &HistoryPage::recapRequested);
+  head->addWidget(recap);
+  QToolButton* save = button(tr("&Save as Picture..."), page);
+  connect(save, &QToolButton::clicked, this, &HistoryPage::askAndSave);
+  head->addWidget(save);
+  QToolButton* forget = button(tr("&Delete..."), page);
+  connect(forget, &QToolButton::clicked, this, &HistoryPage::askAndForget);
+  head->addWidget(forget);
+  layout->addLayout(head);
+  trouble_->setTextFormat(Qt::PlainText);
+  trouble_->setWordWrap(true);
+  layout->addWidget(trouble_);
+  layout->addWidget(buildTools());
+  layout->addWidget(chart_, 3);
+  tableSpace_ = new QVBoxLayout;
+  layout->addLayout(tableSpace_, 2);
+  return page;
+}
+
+QWidget* HistoryPage::buildTools() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins({});
+  first_->setAccessibleName(tr("Figure"));
+  second_->setAccessibleName(tr("Second figure"));
+  layout->addWidget(first_);
+  layout->addWidget(new QLabel(tr("and"), row));
+  layout->addWidget(second_);
+  layout->addStretch(1);
+  for (const Range& range : kRanges) {
+    QToolButton* choice = button(tr(range.name), row);
+    choice->setCheckable(true);
+    choice->setChecked(range.days == range_);
+    ranges_->addButton(choice, range.days);
+    layout->addWidget(choice);
+  }
+  connect(ranges_, &QButtonGroup::idClicked, this, &HistoryPage::setRange);
+  for (QComboBox* box : {first_, second_})
+    connect(box, &QComboBox::activated, this, &HistoryPage::showRange);
+  return row;
+}
+
+void HistoryPage::setRange(int days) {
+  range_ = days;
+  ranges_->button(days)->setChecked(true);
+  showRange();
+}
+
+void HistoryPage::reload() {
+  const bool anything =
+      keeper_.history() != nullptr || HistoryKeeper::isKeeping() || !keeper_.trouble().isEmpty();
+  stack_->setCurrentIndex(anything ? 1 : 0);
+  QPalette own = palette();
+  own.setColor(QPalette::WindowText, errorColor(palette()));
+  trouble_->setPalette(own);
+  trouble_->setText(keeper_.trouble());
+  trouble_->setVisible(!keeper_.trouble().isEmpty());
+  if (!anything) return;
+  fillFigures();
+  showRange();
+}
+
+void HistoryPage::fillFigures() {
+  const QString one = first_->currentText();
+  const QString other = second_->currentText();
+  first_->clear();
+  second_->clear();
+  second_->addItem(tr("no other"));
+  try {
+    if (keeper_.history() != nullptr) {
+      for (const FigureName& figure : keptFigures(*keeper_.history(), keeper_.store())) {
+        const QString name = QString::fromStdString(figure.name);
+        first_->addItem(name, static_cast<int>(figure.source));
+        second_->addItem(name, static_cast<int>(figure.source));
+      }
+    }
+  } catch (const HistoryError& error) {
+    trouble_->setText(QString::fromUtf8(error.what()));
+    trouble_->show();
+  }
+  first_->setCurrentIndex(qMax(0, first_->findText(one)));
+  second_->setCurrentIndex(qMax(0, second_->findText(other)));
+}
+
+void HistoryPage::showRange() {
+  LineData lines;
+  const int today = now().days();
+  lines.lastDay = today;
+  lines.firstDay = range_ == 0 ? today : today - range_ + 1;
+  QList<FigureHistory> figures;
+  try {
+    for (const QComboBox* box : {first_, second_}) {
+      if (keeper_.history() == nullptr || !box->currentData().isValid()) continue;
+      FigureHistory figure = readFigure(*keeper_.history(), keeper_.store(),
+                                        {static_cast<FigureSource>(box->currentData().toInt()),
+                                         box->currentText().toStdString()});
+      if (range_ != 0) {
+        std::erase_if(figure.values, [&](const KeptValue& value) {
+          return value.day.days() < lines.firstDay || value.day.days() > today;
+        });
+      } else if (!figure.values.empty()) {
+        lines.firstDay = qMin(lines.firstDay, figure.values.front().day.days());
+        lines.lastDay = qMax(lines.lastDay, figure.values.back().day.days());
+      }
+      figures.append(std::move(figure));
+    }
+  } catch (const HistoryError& error) {
+    trouble_->setText(QString::fromUtf8(error.what()));
+    trouble_->show();
+  }
+  QStringList names;
+  for (const FigureHistory& figure : figures) {
+    lines.series.append(lineOf(figure));
+    names.append(lines.series.last().name);
+  }
+  lines.title = names.join(tr(" and "));
+  lines.note = tr("%1 to %2").arg(dayText(lines.firstDay), dayText(lines.lastDay));
+  chart_->setData(std::move(lines));
+  fillTable(figures);
+}
+
+void HistoryPage::fillTable(const QList<FigureHistory>& figures) {
+  std::vector<std::string> names{"Day"};
+  std::map<std::int32_t, std::vector<std::string>> rows;
+  std::vector<ColumnSpec> columns;
+  for (const FigureHistory& figure : figures) {
+    const std::string name = bytesFromUtf8(figure.figure.name);
+    names.push_back(name);
+    names.push_back(name + " Change");
+  }
+  columns.push_back({.name = names[0], .kind = ColumnKind::kDate});
+  std::size_t column = 1;
+  for (const FigureHistory& figure : figures) {
+    const KeptValue* former = nullptr;
+    for (const KeptValue& value : figure.values) {
+      std::vector<std::string>& row = rows[value.day.days()];
+      row.resize(names.size());
+      row[column] = amountText(value.amount, figure.kind());
+      if (former != nullptr) {
+        if (const auto change = changeFrom(*former, value))
+          row[column + 1] = amountText(change->amount, figure.kind());
+      }
+      former = &value;
+    }
+    columns.push_back(valueColumn(names[column], figure.kind()));
+    columns.push_back(valueColumn(names[column + 1], figure.kind()));
+    column += 2;
+  }
+  delete table_;
+  grid_ = std::make_unique<Grid>("grdHistory", columns);
+  grid_->setRedraw(false);
+  // The newest day on top.
+  for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+    grid_->AddNew();
+    grid_->set(0, Date(row->first).shortDateText());
+    for (std::size_t i = 1; i < row->second.size(); ++i)
+      grid_->set(static_cast<int>(i), row->second[i]);
+  }
+  if (grid_->Rows() > 0) grid_->MoveFirst();
+  grid_->setRedraw(true);
+  table_ = new GridPanel(*grid_, QStringLiteral("history"), tr("History"));
+  tableSpace_->addWidget(table_);
+}
+
+void HistoryPage::askAndForget() {
+  const auto answer =
+      QMessageBox::question(window(), tr("Delete History"),
+                            tr("All kept days of this store are deleted. This cannot be undone."),
+                            QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel);
+  if (answer == QMessageBox::Ok) keeper_.forget();
+}
+
+void HistoryPage::askAndSave() {
+  const QString file =
+      askForExportFile(window(), tr("History"), QStringLiteral("png"), tr("PNG picture (*.png)"));
+  if (!file.isEmpty()) exported(window(), file, savePng(chart_->picture(kPictureScale), file));
+}
+
+}  // namespace dg

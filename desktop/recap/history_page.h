@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desktop/recap/history_keeper.h"
+#include "forms/grid.h"
+#include "history/figure_history.h"
+
+class QButtonGroup;
+class QComboBox;
+class QLabel;
+class QStackedLayout;
+class QVBoxLayout;
+
+namespace dg {
+
+class GridPanel;
+class LineChart;
+
+/// The figures of past days: a line of one or two of them over a range, and a table of its days.
+/// Before anything is kept, what would be, and the button that starts it.
+class HistoryPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit HistoryPage(HistoryKeeper& keeper, QWidget* parent = nullptr);
+
+  /// Draws anew from what is kept.
+  void reload();
+  /// How many days back the line goes; 0 for all.
+  void setRange(int days);
+
+ Q_SIGNALS:
+  void recapRequested();
+
+ private:
+  QWidget* buildOffer();
+  QWidget* buildLines();
+  QWidget* buildTools();
+  void fillFigures();
+  void showRange();
+  void fillTable(const QList<FigureHistory>& figures);
+  void askAndForget();
+  void askAndSave();
+
+  HistoryKeeper& keeper_;
+  QStackedLayout* stack_;
+  QLabel* trouble_;
+  QComboBox* first_;
+  QComboBox* second_;
+  QButtonGroup* ranges_;
+  LineChart* chart_;
+  QVBoxLayout* tableSpace_ = nullptr;
+  std::unique_ptr<Grid> grid_;
+  GridPanel* table_ = nullptr;
+  int range_;
+};
+
+}  // namespace dg
