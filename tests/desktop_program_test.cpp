@@ -17,6 +17,7 @@
 #include "desktop/recap/bar_chart.h"
 #include "desktop/recap/chart_data.h"
 #include "desktop/recap/charts_page.h"
+#include "desktop/recap/history_keeper.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/launch.h"
@@ -388,6 +389,28 @@ TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
   fs::rename(store / "share", store / "gone");
   session.form().menuClick("mfile", 0);
   EXPECT_TRUE(shownNotice(session.window()).contains("\\\\SRV1\\VLMRLNK\\")) << "the share's name";
+  session.end();
+}
+
+/// Nothing is kept before the user asks for it; from then on each refresh keeps the day.
+TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
+  DesktopSession session;
+  session.start();
+  session.window().views().showHistory();
+  auto* start = session.page().findChild<QPushButton*>();
+  ASSERT_NE(start, nullptr);
+  EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
+  EXPECT_FALSE(HistoryKeeper::isKeeping());
+
+  start->click();
+  EXPECT_TRUE(HistoryKeeper::isKeeping());
+  const HistoryKeeper keeper(session.form());
+  ASSERT_NE(keeper.history(), nullptr);
+  const auto days = keeper.history()->days(keeper.store());
+  ASSERT_EQ(days.size(), 1U);
+  EXPECT_EQ(days[0].isoText(), "2026-11-24");
+  session.form().menuClick("mfile", 0);
+  EXPECT_EQ(keeper.history()->days(keeper.store()).size(), 1U) << "a day is kept once";
   session.end();
 }
 

@@ -283,7 +283,7 @@ void HistoryPage::fillTable(const QList<FigureHistory>& figures) {
   }
   if (grid_->Rows() > 0) grid_->MoveFirst();
   grid_->setRedraw(true);
-  table_ = new GridPanel(*grid_, QStringLiteral("history"), tr("History"));
+  table_ = new GridPanel(*grid_, tableForm_);
   tableSpace_->addWidget(table_);
 }
 
@@ -298,7 +298,8 @@ void HistoryPage::askAndForget() {
 void HistoryPage::askAndSave() {
   const QString file =
       askForExportFile(window(), tr("History"), QStringLiteral("png"), tr("PNG picture (*.png)"));
-  if (!file.isEmpty()) exported(window(), file, savePng(chart_->picture(kPictureScale), file));
+  if (!file.isEmpty())
+    exported(window(), file, savePng(captioned(chart_->picture(kPictureScale)), file));
 }
 
 }  // namespace dg

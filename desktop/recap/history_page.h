@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "desktop/recap/history_keeper.h"
-#include "forms/grid.h"
+#include "forms/form.h"
 #include "history/figure_history.h"
 
 class QButtonGroup;
@@ -52,6 +52,8 @@ class HistoryPage : public QWidget {
   QButtonGroup* ranges_;
   LineChart* chart_;
   QVBoxLayout* tableSpace_ = nullptr;
+  Form tableForm_{"history",
+                  "History"};  ///< what names the table, as a window does those of a view
   std::unique_ptr<Grid> grid_;
   GridPanel* table_ = nullptr;
   int range_;
