@@ -65,8 +65,11 @@ std::span<const RecapFigure> recapFigures() {
 }
 
 std::span<const RecapFigure> recapFigures(RecapBlock block) {
-  const auto [first, last] = std::ranges::equal_range(kFigures, block, {}, &RecapFigure::block);
-  return {first, last};
+  // Block by block, as isWhole has it.
+  const auto first = std::ranges::find(kFigures, block, &RecapFigure::block);
+  const auto count = std::ranges::count(kFigures, block, &RecapFigure::block);
+  return std::span(kFigures).subspan(static_cast<std::size_t>(first - std::begin(kFigures)),
+                                     static_cast<std::size_t>(count));
 }
 
 const RecapFigure& recapFigure(Figure figure) {
