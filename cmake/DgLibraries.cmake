@@ -1,14 +1,16 @@
 # The libraries that are not ours. A cross-build takes what consists of headers or sources from the
-# build machine's packages, and does without what it would need in binary form.
+# build machine's packages, and the others from the folder that scripts/windows-libraries fills.
+
+find_package(SQLite3 REQUIRED)
+if(DG_TESTS)
+  find_package(ZLIB REQUIRED)
+endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(CLI11 REQUIRED)
   find_package(nlohmann_json REQUIRED)
-  find_package(SQLite3 REQUIRED)
-  set(DG_XLSX ON)
   if(DG_TESTS)
     find_package(GTest REQUIRED)
-    find_package(ZLIB REQUIRED)
   endif()
   return()
 endif()
@@ -24,7 +26,16 @@ endfunction()
 
 dg_headers(CLI11::CLI11 CLI)
 dg_headers(nlohmann_json::nlohmann_json nlohmann)
-set(DG_XLSX OFF)
+
+find_library(DG_XLSXWRITER xlsxwriter REQUIRED)
+find_path(DG_XLSXWRITER_INCLUDE xlsxwriter.h REQUIRED)
+find_package(ZLIB REQUIRED)
+add_library(xlsxwriter STATIC IMPORTED)
+set_target_properties(xlsxwriter PROPERTIES
+  IMPORTED_LOCATION ${DG_XLSXWRITER}
+  INTERFACE_INCLUDE_DIRECTORIES ${DG_XLSXWRITER_INCLUDE}
+  INTERFACE_LINK_LIBRARIES ZLIB::ZLIB)
+
 if(DG_TESTS)
   set(BUILD_GMOCK ON)
   set(INSTALL_GTEST OFF)

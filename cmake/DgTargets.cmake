@@ -47,3 +47,18 @@ function(dg_expose target folder)
   file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
   target_include_directories(${target} PUBLIC ${root})
 endfunction()
+
+# Icon, version and manifest of a program; elsewhere than on Windows a program carries none.
+function(dg_windows_resource target description)
+  if(NOT WIN32)
+    return()
+  endif()
+  set(DG_RC_NAME ${target})
+  set(DG_RC_DESCRIPTION ${description})
+  set(DG_RC_FOLDER ${PROJECT_SOURCE_DIR}/packaging/windows)
+  set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+  configure_file(${DG_RC_FOLDER}/program.rc.in ${resource} @ONLY)
+  set_source_files_properties(${resource} PROPERTIES
+    OBJECT_DEPENDS "${DG_RC_FOLDER}/dealergauge.ico;${DG_RC_FOLDER}/program.manifest")
+  target_sources(${target} PRIVATE ${resource})
+endfunction()

@@ -13,6 +13,7 @@
 #include "desktop/window/control_widgets.h"
 #include "desktop/window/form_view.h"
 #include "desktop/window/help_window.h"
+#include "desktop/window/resources.h"
 #include "desktop/window/text.h"
 #include "desktop/window/user_settings.h"
 
@@ -91,8 +92,7 @@ QLayout* FormDialog::buildBody() {
   body->setSpacing(0);
   if (form_.name() == "frmAbout") {
     auto* logo = new QLabel(this);
-    logo->setPixmap(QIcon(QStringLiteral(":/icons/dealergauge.svg"))
-                        .pixmap(QSize(kLogo, kLogo), devicePixelRatio()));
+    logo->setPixmap(programIcon().pixmap(QSize(kLogo, kLogo), devicePixelRatio()));
     logo->setContentsMargins(18, 14, 0, 0);
     body->addWidget(logo, 0, Qt::AlignTop);
   }

@@ -136,7 +136,7 @@ int runDesktop(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("DealerGauge"));
   QApplication::setApplicationVersion(QString::fromStdString(versionText()));
   QApplication::setDesktopFileName(QStringLiteral("dealergauge"));
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/dealergauge.svg")));
+  QApplication::setWindowIcon(programIcon());
   QApplication::setQuitOnLastWindowClosed(false);
 
   Surroundings surroundings;

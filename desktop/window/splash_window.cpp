@@ -12,6 +12,7 @@
 #include <set>
 
 #include "desktop/window/label_widget.h"
+#include "desktop/window/resources.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
 #include "shell/main_window.h"
@@ -68,8 +69,7 @@ QWidget* SplashWindow::buildTitle() {
   layout->setContentsMargins({});
   layout->setSpacing(20);
   auto* logo = new QLabel(row);
-  logo->setPixmap(QIcon(QStringLiteral(":/icons/dealergauge.svg"))
-                      .pixmap(QSize(kLogo, kLogo), devicePixelRatio()));
+  logo->setPixmap(programIcon().pixmap(QSize(kLogo, kLogo), devicePixelRatio()));
   layout->addWidget(logo);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(0);
