@@ -114,8 +114,9 @@ void checkReplaceable(const std::filesystem::path& file) {
 bool isOnShare(const std::filesystem::path& file) {
   std::error_code ignored;
   const std::filesystem::path target = std::filesystem::absolute(behindLinks(file), ignored);
-  // Any other server's is one as well, behind a drive letter too.
-  return isSharePath(target.string()) ||
+  // Any other server's is one as well, behind a drive letter too; and a share's name stays one
+  // where it leads to a local disk.
+  return isSharePath(file.string()) || isSharePath(target.string()) ||
          ::GetDriveTypeW(target.root_path().c_str()) == DRIVE_REMOTE || liesOnShare(target);
 }
 
