@@ -21,9 +21,14 @@ namespace {
 /// Allocations left until one fails; never while it is negative.
 std::atomic<std::int64_t> allocationsLeft = -1;
 
-void* allocate(std::size_t size) {
-  if (allocationsLeft >= 0 && allocationsLeft-- == 0) throw std::bad_alloc();
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+/// Null when there is no memory.
+void* allocate(std::size_t size) noexcept {
+  if (allocationsLeft >= 0 && allocationsLeft-- == 0) return nullptr;
+  return std::malloc(size == 0 ? 1 : size);
+}
+
+void* allocateOrThrow(std::size_t size) {
+  if (void* memory = allocate(size)) return memory;
   throw std::bad_alloc();
 }
 
@@ -31,15 +36,27 @@ void* allocate(std::size_t size) {
 
 // In the place of the library's, for the whole test program.
 void* operator new(std::size_t size) {
-  return allocate(size);
+  return allocateOrThrow(size);
 }
 void* operator new[](std::size_t size) {
+  return allocateOrThrow(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   return allocate(size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
 void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept {
   std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
