@@ -139,8 +139,8 @@ std::string Statement::text(int column) const {
   return text == nullptr ? std::string() : std::string(text, text + size);
 }
 
-Transaction::Transaction(Database& database) : database_(database) {
-  database_.run("BEGIN IMMEDIATE");
+Transaction::Transaction(Database& database, TransactionKind kind) : database_(database) {
+  database_.run(kind == TransactionKind::kRead ? "BEGIN" : "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction() {

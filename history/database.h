@@ -68,10 +68,13 @@ class Statement {
   int bound_ = 0;
 };
 
-/// A transaction that writes: it waits for other programs first, and is undone unless committed.
+/// Whether a transaction may write, which waits for other programs first.
+enum class TransactionKind { kRead, kWrite };
+
+/// What stands in it sees one state of the file, and is undone unless committed.
 class Transaction {
  public:
-  explicit Transaction(Database& database);
+  explicit Transaction(Database& database, TransactionKind kind = TransactionKind::kWrite);
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;

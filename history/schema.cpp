@@ -48,9 +48,8 @@ constexpr const char* kTables = R"(
 )";
 static_assert(kApplication == 1145530473 && kVersion == 1);
 
-}  // namespace
-
-SchemaState schemaState(Database& database) {
+/// As schemaState, within a transaction of the caller's.
+SchemaState stateNow(Database& database) {
   const std::int64_t application = database.number("PRAGMA application_id");
   const std::int64_t version = database.number("PRAGMA user_version");
   if (application == 0 && version == 0 &&
@@ -68,9 +67,19 @@ SchemaState schemaState(Database& database) {
   return SchemaState::kOurs;
 }
 
+}  // namespace
+
+SchemaState schemaState(Database& database) {
+  // One moment for all questions: between two of them another program may make the tables.
+  Transaction transaction(database, TransactionKind::kRead);
+  const SchemaState state = stateNow(database);
+  transaction.commit();
+  return state;
+}
+
 void createSchema(Database& database) {
   Transaction transaction(database);
-  if (schemaState(database) == SchemaState::kEmpty) database.run(kTables);
+  if (stateNow(database) == SchemaState::kEmpty) database.run(kTables);
   transaction.commit();
 }
 
