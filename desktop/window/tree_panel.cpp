@@ -109,7 +109,10 @@ void TreePanel::keyPressEvent(QKeyEvent* event) {
 
 void TreePanel::changeEvent(QEvent* event) {
   QTreeWidget::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) showImages();
+  // The colours of a selection may be others while another window has the keyboard.
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ActivationChange) {
+    showImages();
+  }
 }
 
 }  // namespace dg
