@@ -9,6 +9,7 @@
 #include "platform/environment.h"
 #include "platform/share_path.h"
 #include "platform/values/run_time_error.h"
+#include "platform/windows/full_path.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/share_guard.h"
 #include "platform/windows/system_error.h"
@@ -67,11 +68,19 @@ class TemporaryFile {
   Handle file_;
 };
 
-/// What a path leads to, behind links; the path itself when nothing is there.
+/// The whole path of what a path leads to, behind links on this computer; the whole path itself
+/// when nothing is there.
 std::filesystem::path behindLinks(const std::filesystem::path& file) {
+  const std::filesystem::path full = fullPath(file);
+  if (isSharePath(full.string())) return full;
   std::error_code error;
-  const std::filesystem::path real = std::filesystem::canonical(file, error);
-  return error ? file : real;
+  const std::filesystem::path real = std::filesystem::canonical(full, error);
+  return error ? full : real;
+}
+
+bool isFolder(const std::filesystem::path& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 }  // namespace
@@ -105,18 +114,14 @@ void checkReplaceable(const std::filesystem::path& file) {
       throw RunTimeError(kPathFileAccess);
     }
   }
-  std::error_code ignored;
-  const std::filesystem::path folder = std::filesystem::absolute(target, ignored).parent_path();
-  if (!std::filesystem::is_directory(folder, ignored)) throw RunTimeError(kPathNotFound);
+  if (!isFolder(target.parent_path())) throw RunTimeError(kPathNotFound);
   if (liesOnShare(target)) throw RunTimeError(kPermissionDenied);
 }
 
 bool isOnShare(const std::filesystem::path& file) {
-  std::error_code ignored;
-  const std::filesystem::path target = std::filesystem::absolute(behindLinks(file), ignored);
-  // Any other server's is one as well, behind a drive letter too; and a share's name stays one
-  // where it leads to a local disk.
-  return isSharePath(file.string()) || isSharePath(target.string()) ||
+  const std::filesystem::path target = behindLinks(file);
+  // Any other server's is one as well, behind a drive letter too.
+  return isSharePath(target.string()) ||
          ::GetDriveTypeW(target.root_path().c_str()) == DRIVE_REMOTE || liesOnShare(target);
 }
 
