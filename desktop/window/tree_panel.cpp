@@ -92,11 +92,15 @@ void TreePanel::unmark() {
 }
 
 void TreePanel::showImages() {
+  // The colours of a selection may be others while the keyboard is elsewhere.
+  QPalette colors = palette();
+  const bool active = isActiveWindow() && hasFocus();
+  colors.setCurrentColorGroup(active ? QPalette::Active : QPalette::Inactive);
   for (const TreeView::Node& node : tree_.nodes()) {
     QTreeWidgetItem* item = itemOf(node.key);
     if (item == nullptr) continue;
     const bool selected = node.key == tree_.selected() && item->isSelected();
-    item->setIcon(0, treeImage(selected ? node.selectedImage : node.image, palette()));
+    item->setIcon(0, treeImage(selected ? node.selectedImage : node.image, colors));
   }
 }
 
@@ -109,10 +113,19 @@ void TreePanel::keyPressEvent(QKeyEvent* event) {
 
 void TreePanel::changeEvent(QEvent* event) {
   QTreeWidget::changeEvent(event);
-  // The colours of a selection may be others while another window has the keyboard.
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ActivationChange) {
     showImages();
   }
+}
+
+void TreePanel::focusInEvent(QFocusEvent* event) {
+  QTreeWidget::focusInEvent(event);
+  showImages();
+}
+
+void TreePanel::focusOutEvent(QFocusEvent* event) {
+  QTreeWidget::focusOutEvent(event);
+  showImages();
 }
 
 }  // namespace dg
