@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QTextDocument>
 
+#include "desktop/print/printing.h"
 #include "desktop/window/text.h"
 
 namespace dg {
@@ -13,10 +13,7 @@ namespace dg {
 void printLog(const std::string& text) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(QStringLiteral("dgoperation.log"));
-  QPrintDialog dialog(&printer, QApplication::activeWindow());
-  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
-                    QAbstractPrintDialog::PrintCollateCopies);
-  if (dialog.exec() != QDialog::Accepted) return;
+  if (!askForPrinter(printer, QApplication::activeWindow())) return;
   QTextDocument document;
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   font.setPointSizeF(9);

@@ -13,6 +13,7 @@
 
 #include "desktop/grid/export_files.h"
 #include "desktop/print/print_layout.h"
+#include "desktop/window/message_boxes.h"
 #include "desktop/window/user_settings.h"
 
 namespace dg {
@@ -63,13 +64,25 @@ void drawDocument(const PrintDocument& document, QPagedPaintDevice& device, int 
   }
 }
 
-void printDocument(const PrintDocument& document, QWidget* parent) {
-  QPrinter printer(QPrinter::HighResolution);
-  prepare(document, printer);
+bool askForPrinter(QPrinter& printer, QWidget* parent) {
+#ifdef Q_OS_WIN
+  // The system's own dialog then does not open and says nothing; other systems' print to a file.
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+    showWarning(parent, QObject::tr("Print"),
+                QObject::tr("No printer is installed. Tables can be exported as PDF files."));
+    return false;
+  }
+#endif
   QPrintDialog dialog(&printer, parent);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                     QAbstractPrintDialog::PrintCollateCopies);
-  if (dialog.exec() != QDialog::Accepted) return;
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void printDocument(const PrintDocument& document, QWidget* parent) {
+  QPrinter printer(QPrinter::HighResolution);
+  prepare(document, printer);
+  if (!askForPrinter(printer, parent)) return;
   drawDocument(document, printer, qMax(printer.fromPage(), 1), printer.toPage());
 }
 
