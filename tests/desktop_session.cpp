@@ -28,6 +28,7 @@ DesktopSession::~DesktopSession() {
   main_.reset();
   releaseSplash();
   setPresenter(nullptr);
+  silenceMessageBoxes(false);  // as a test of the program's end leaves them
   qputenv("XDG_CONFIG_HOME", formerConfig_);
 }
 

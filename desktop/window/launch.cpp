@@ -112,7 +112,7 @@ std::string commandTail(int argc, char** argv) {
 }
 
 void endProgram(const DesktopPresenter& presenter) {
-  silenceMessageBoxes();
+  silenceMessageBoxes(true);
   const MainWindow* window = presenter.mainWindow();
   QWidget* onTop = QApplication::activePopupWidget();
   if (onTop == nullptr) onTop = QApplication::activeModalWidget();

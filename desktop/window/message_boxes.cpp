@@ -26,8 +26,8 @@ bool silent = false;
 
 }  // namespace
 
-void silenceMessageBoxes() {
-  silent = true;
+void silenceMessageBoxes(bool on) {
+  silent = on;
 }
 
 void showMessageBox(const MessageBox& box) {

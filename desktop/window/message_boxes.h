@@ -15,7 +15,7 @@ void showMessageBox(const MessageBox& box);
 /// A message of the desktop's own about something that could not be done.
 void showWarning(QWidget* parent, const QString& title, const QString& text);
 
-/// No box from now on: the system ends the program, and nobody may be there to answer.
-void silenceMessageBoxes();
+/// No box while `on`: the system ends the program, and nobody may be there to answer.
+void silenceMessageBoxes(bool on);
 
 }  // namespace dg
