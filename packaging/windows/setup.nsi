@@ -62,6 +62,28 @@ VIAddVersionKey LegalCopyright "MIT license"
   Quit
 !macroend
 
+; A place that /D= names and that cannot be one (quoted, or below a file) is left aside without a word
+; by NSIS, which would install elsewhere.
+Function .onInit
+  System::Call "kernel32::GetCommandLineW() t .R0"
+  StrLen $R2 $R0
+  ${For} $R1 0 $R2
+    StrCpy $R3 $R0 3 $R1
+    ${If} $R3 == "/D="
+      IntOp $R1 $R1 + 3
+      StrCpy $R3 $R0 "" $R1
+      StrCpy $R4 $R3 1 -1
+      ${If} $R4 == "\"
+        StrCpy $R3 $R3 -1
+      ${EndIf}
+      ${If} $R3 != $INSTDIR
+        !insertmacro fail "$R3 is no folder to install into. /D= comes last, with an absolute path and without quotes."
+      ${EndIf}
+      ${Break}
+    ${EndIf}
+  ${Next}
+FunctionEnd
+
 ; A program's file cannot be opened for writing while it runs. Before anything is touched, so that a
 ; user who works on keeps a whole installation.
 !macro wait_until_closed folder program
