@@ -37,6 +37,7 @@ void addRow(KindResult& result, const OpenWork& item, Date date, Date today) {
                          .date = there,
                          .days = ageOf(there, today),
                          .amount = item.amount,
+                         .isWhole = item.isWhole,
                          .row = item.row});
 }
 
@@ -72,6 +73,10 @@ AttentionLimits defaultLimits() {
   for (const KindEntry& entry : attentionKinds())
     limits[static_cast<std::size_t>(entry.kind)] = entry.days.value_or(0);
   return limits;
+}
+
+bool KindResult::isWhole() const {
+  return error.empty() && std::ranges::all_of(rows, &AttentionRow::isWhole);
 }
 
 std::optional<Date> KindResult::oldest() const {
@@ -125,6 +130,7 @@ Ageing ageingOf(OpenFamily family, const OpenItems& items, Date today) {
           bucket.amount += item.amount;
           ++ageing.count;
           ageing.total += item.amount;
+          ageing.whole = ageing.whole && item.isWhole;
         }
       },
       [&](const RunTimeError& error) {

@@ -24,6 +24,7 @@ struct AttentionRow {
   std::optional<Date> date;
   std::optional<int> days;  ///< its age; below zero for a date in the future
   Currency amount;
+  bool isWhole = true;  ///< false: its lines ended early, and the amount with them
   OpenRow row;
 };
 
@@ -34,8 +35,10 @@ struct KindResult {
   std::optional<int> days;  ///< its limit
   Currency amount;
   std::vector<AttentionRow> rows;
-  std::string error;  ///< why nothing could be read; empty when all was
+  std::string error;  ///< why nothing could be read; empty when something was
 
+  /// Whether all that the kind sums was read to its end.
+  bool isWhole() const;
   /// The oldest date; none without rows or dates.
   std::optional<Date> oldest() const;
 };
@@ -53,7 +56,10 @@ struct Ageing {
   std::size_t count = 0;
   Currency total;  ///< equals the view's own
   std::array<Bucket, kAgeBuckets.size()> buckets;
+  bool whole = true;  ///< false: the lines of an item ended early, and the total with them
   std::string error;
+
+  bool isWhole() const { return whole && error.empty(); }
 };
 
 /// A kind that comes out of the open work. Never raises: an amount too large to add is an error of

@@ -6,6 +6,7 @@
 #include "shell/recap_sheet.h"
 #include "tests/support/dgtool_run.h"
 #include "tests/support/full_run.h"
+#include "tests/support/paged_records.h"
 #include "tools/sample/sample_store.h"
 
 namespace dg {
@@ -153,6 +154,28 @@ TEST_F(AttentionCommandTest, AFileThatIsMissingFailsItsKindsAlone) {
   }
   EXPECT_GT(failed, 0);
   EXPECT_TRUE(tool_.store.logged.empty());
+}
+
+TEST_F(AttentionCommandTest, AClaimWhoseLinesBreakOffIsToldBesideItsAmount) {
+  const auto addClaim = [this](std::int32_t reference, const test::PageFields& fields) {
+    sample::RecordWriter header(test::kPageLength);
+    header.integer(1, 'C', 1).integer(5, 'L', reference).integer(403, 'D', 90'126);
+    const auto record =
+        tool_.store.builder.records("WARRL").add(test::pageRecord(fields, header.bytes()));
+    tool_.store.builder.index("WARRI").add(sample::integerKey('L', reference, 4), record);
+  };
+  const std::vector<std::string> lines = {test::pricedLine("AB", "1", 10, 100)};
+  addClaim(1, {.lines = lines});
+  addClaim(2, {.page = 3, .link = 99, .lines = lines});  // page 2 is missing
+  EXPECT_EQ(tool_.run({"attention", "--json", "--kind", "warranties-old"}), 1);
+  const auto document = tool_.json();
+  const auto& kind = document["kinds"][0];
+  EXPECT_EQ(kind["count"], 2);
+  EXPECT_TRUE(kind.value("incomplete", false));
+  for (const auto& ageing : document["ageing"])
+    EXPECT_EQ(ageing.contains("incomplete"), ageing["of"] == "warranties") << ageing["of"];
+  EXPECT_EQ(tool_.run({"attention"}), 1);
+  EXPECT_THAT(tool_.out, HasSubstr("Could not be read completely."));
 }
 
 TEST_F(AttentionCommandTest, KindsAndLimitsAreChosen) {

@@ -87,8 +87,7 @@ TodayPage::TodayPage(const frmTRVN& main, TodaysWork& work, QWidget* parent)
       main_(main),
       work_(work),
       pages_(new QStackedWidget(this)),
-      scroll_(new QScrollArea(this)),
-      agesForm_("today", "Age of what is open") {
+      scroll_(new QScrollArea(this)) {
   setObjectName(QStringLiteral("today"));
   setAccessibleName(tr("Today"));
   auto* outer = new QVBoxLayout(this);
@@ -183,14 +182,8 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
   layout.setRowStretch(4, 1);  // where the card beside it is higher
 
   if (result && !result->error.empty()) {
-    auto* error = label(tr("Could not be read: %1").arg(fromBytes(result->error)), card);
-    QPalette colors = error->palette();
-    colors.setColor(QPalette::WindowText, errorColor(palette()));
-    error->setPalette(colors);
-    layout.addWidget(error, 2, 0);
-    QToolButton* log = button(tr("View &Log"), card);
-    connect(log, &QToolButton::clicked, this, &TodayPage::logRequested);
-    layout.addWidget(log, 2, 1, Qt::AlignRight);
+    layout.addWidget(buildFailure(tr("Could not be read: %1").arg(fromBytes(result->error)), card),
+                     2, 0, 1, 2);
     return card;
   }
   QToolButton* show = button(result ? tr("&Show") : tr("&Read and Show"), card);
@@ -210,6 +203,8 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
   layout.addWidget(amount, 0, 1, Qt::AlignRight);
   layout.addWidget(label(countText(*result), card), 2, 0);
   layout.addWidget(show, 2, 1, Qt::AlignRight);
+  if (!result->isWhole())
+    layout.addWidget(buildFailure(tr("Could not be read completely."), card), 5, 0, 1, 2);
   if (const auto share = shareOf(*result, work_)) {
     auto* bar = new QProgressBar(card);
     bar->setRange(0, 100);
@@ -230,6 +225,22 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
   return card;
 }
 
+/// What went wrong with a card, and the way to the log.
+QWidget* TodayPage::buildFailure(const QString& text, QWidget* parent) {
+  auto* line = new QWidget(parent);
+  auto* layout = new QHBoxLayout(line);
+  layout->setContentsMargins({});
+  auto* error = label(text, line);
+  QPalette colors = error->palette();
+  colors.setColor(QPalette::WindowText, errorColor(palette()));
+  error->setPalette(colors);
+  layout->addWidget(error, 1);
+  QToolButton* log = button(tr("View &Log"), line);
+  connect(log, &QToolButton::clicked, this, &TodayPage::logRequested);
+  layout->addWidget(log);
+  return line;
+}
+
 QWidget* TodayPage::buildAgeing() {
   auto* area = new QWidget(this);
   auto* layout = new QGridLayout(area);
@@ -239,7 +250,9 @@ QWidget* TodayPage::buildAgeing() {
   for (const FamilyEntry& family : openFamilies())
     ageing.push_back(work_.ageing(family.family));
   ages_ = ageingGrid(ageing);
-  auto* table = new GridPanel(*ages_, agesForm_, area);
+  agesForm_ = std::make_unique<Form>("today", "Age of what is open");
+  if (!std::ranges::all_of(ageing, &Ageing::isWhole)) agesForm_->markIncomplete();
+  auto* table = new GridPanel(*ages_, *agesForm_, area);
   table->setMinimumHeight(kAgeingHeight);
   layout->addWidget(table, 0, 0, 1, kCardColumns);
   int place = 0;
@@ -291,6 +304,7 @@ void TodayPage::open(AttentionKind kind) {
   layout->addWidget(back);
   layout->addWidget(label(meaning(entryOf(kind), work_.limits()), rowsPage_, true));
   rowsForm_ = std::make_unique<Form>("today", std::string(entryOf(kind).caption));
+  if (!result->isWhole()) rowsForm_->markIncomplete();
   auto* table = new GridPanel(*rows_, *rowsForm_, rowsPage_);
   layout->addWidget(table, 1);
   pages_->addWidget(rowsPage_);

@@ -37,6 +37,7 @@ class TodayPage : public QWidget {
  private:
   QWidget* buildHead();
   QWidget* buildCard(AttentionKind kind, const std::optional<KindResult>& result);
+  QWidget* buildFailure(const QString& text, QWidget* parent);
   QWidget* buildAgeing();
   bool read(AttentionKind kind);
   void showCards();
@@ -46,7 +47,7 @@ class TodayPage : public QWidget {
   QStackedWidget* pages_;
   QScrollArea* scroll_;
   QWidget* rowsPage_ = nullptr;
-  Form agesForm_;  ///< what names the tables, as a window does those of a view
+  std::unique_ptr<Form> agesForm_;  ///< what names the tables, as a window does those of a view
   std::unique_ptr<Form> rowsForm_;
   std::unique_ptr<Grid> rows_;
   std::unique_ptr<Grid> ages_;

@@ -47,6 +47,7 @@ struct OpenWork {
   Date paid = kEmptyDate;       ///< floor plan
   std::string status = {};      ///< shop jobs: the status byte
   bool isOpen = true;           ///< false: sold floor plan, which the view passes over
+  bool isWhole = true;          ///< false: its lines ended early, and so did its amount
   OpenRow row = {};
 };
 

@@ -51,6 +51,7 @@ OpenWork workOf(const BilledClaim& billed, bool bySegments) {
           .who = claimCustomer(billed.claim, bySegments),
           .amount = Currency::fromDouble(cents / 100),
           .date = billed.claim.Date_Billed,
+          .isWhole = !billed.detail.DetailError(),
           .row = std::move(row)};
 }
 

@@ -6,6 +6,8 @@
 
 #include "platform/clock.h"
 #include "platform/read_ahead.h"
+#include "platform/unopened_files.h"
+#include "tools/dgtool/left_out.h"
 #include "tools/dgtool/session.h"
 
 namespace dg {
@@ -59,6 +61,19 @@ class WholeFiles {
   std::optional<std::array<WholeFileItems, 2>> customers_;
 };
 
+/// What a table of items has no place for.
+void complain(const Console& console, const AttentionReport& report) {
+  for (const KindResult& kind : report.kinds) {
+    const std::string name(entryOf(kind.kind).name);
+    if (!kind.error.empty()) {
+      console.complain(name + ": " + kind.error);
+    } else if (!kind.isWhole()) {
+      console.complain(name + ": could not be read completely");
+    }
+  }
+  if (const std::string warning = unopenedWarning(); !warning.empty()) console.complain(warning);
+}
+
 }  // namespace
 
 void AttentionCommand::addOptions(CLI::App& app) {
@@ -111,6 +126,7 @@ AttentionReport AttentionCommand::read(const Console& console) {
   store_.noLog = true;
   Session session(store_, console);
   session.openEngine();
+  forgetUnopenedFiles();
   const ReadAheadScope keeping;
   AttentionReport report{.asOf = Date(now().days()), .kinds = {}, .ageing = {}};
   session.showProgress("Reading the open work...");
@@ -134,17 +150,14 @@ int AttentionCommand::run(const Console& console) {
     writeAttentionJson(console.out, report);
   } else if (csv_) {
     writeAttentionCsv(console.out, report);
-    for (const KindResult& kind : report.kinds) {
-      if (!kind.error.empty())
-        console.complain(std::string(entryOf(kind.kind).name) + ": " + kind.error);
-    }
+    complain(console, report);
   } else {
     writeAttentionText(console.out, report);
   }
-  const auto failed = [](const auto& part) { return !part.error.empty(); };
-  return std::ranges::any_of(report.kinds, failed) || std::ranges::any_of(report.ageing, failed)
-             ? 1
-             : 0;
+  const auto isWhole = [](const auto& part) { return part.isWhole(); };
+  const bool whole = std::ranges::all_of(report.kinds, isWhole) &&
+                     std::ranges::all_of(report.ageing, isWhole) && unopenedFiles().count == 0;
+  return whole ? 0 : 1;
 }
 
 }  // namespace dg

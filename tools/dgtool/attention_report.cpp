@@ -6,7 +6,7 @@
 #include "platform/text.h"
 #include "platform/values/format.h"
 #include "tools/dgtool/attention_command.h"
-#include "tools/dgtool/window_json.h"
+#include "tools/dgtool/left_out.h"
 
 namespace dg {
 
@@ -47,7 +47,11 @@ Json kindJson(const KindResult& result) {
   json["count"] = result.rows.size();
   json["amount"] = result.amount.text();
   if (const auto oldest = result.oldest()) json["oldest"] = oldest->isoText();
-  if (!result.error.empty()) json["error"] = jsonText(result.error);
+  if (!result.error.empty()) {
+    json["error"] = jsonText(result.error);
+  } else if (!result.isWhole()) {
+    json["incomplete"] = true;
+  }
   Json& rows = json["rows"] = Json::array();
   for (const AttentionRow& row : result.rows) {
     Json item = {{"what", jsonText(row.what)}};
@@ -71,7 +75,11 @@ Json ageingJson(const Ageing& ageing) {
                {"count", ageing.count},
                {"total", ageing.total.text()},
                {"buckets", std::move(buckets)}};
-  if (!ageing.error.empty()) json["error"] = jsonText(ageing.error);
+  if (!ageing.error.empty()) {
+    json["error"] = jsonText(ageing.error);
+  } else if (!ageing.isWhole()) {
+    json["incomplete"] = true;
+  }
   return json;
 }
 
@@ -102,6 +110,7 @@ void writeKindText(std::ostream& out, const KindResult& result) {
   }
   if (result.rows.size() > shownRows)
     out << "  and " << result.rows.size() - shownRows << " more\n";
+  if (!result.isWhole()) out << "  Could not be read completely.\n";
 }
 
 void writeAgeingText(std::ostream& out, const AttentionReport& report) {
@@ -117,7 +126,8 @@ void writeAgeingText(std::ostream& out, const AttentionReport& report) {
     }
     for (const Ageing::Bucket& bucket : ageing.buckets)
       out << column(money(bucket.amount), 18);
-    out << column(money(ageing.total), 18) << column(std::to_string(ageing.count), 8) << '\n';
+    out << column(money(ageing.total), 18) << column(std::to_string(ageing.count), 8)
+        << (ageing.isWhole() ? "" : "  incomplete") << '\n';
   }
 }
 
@@ -130,9 +140,10 @@ void writeAttentionJson(std::ostream& out, const AttentionReport& report) {
   Json ageing = Json::array();
   for (const Ageing& family : report.ageing)
     ageing.push_back(ageingJson(family));
-  writeJson(out, {{"asOf", report.asOf.isoText()},
-                  {"kinds", std::move(kinds)},
-                  {"ageing", std::move(ageing)}});
+  Json document = {
+      {"asOf", report.asOf.isoText()}, {"kinds", std::move(kinds)}, {"ageing", std::move(ageing)}};
+  addUnopenedFiles(document);
+  writeJson(out, document);
 }
 
 void writeAttentionCsv(std::ostream& out, const AttentionReport& report) {
@@ -151,6 +162,8 @@ void writeAttentionText(std::ostream& out, const AttentionReport& report) {
   for (const KindResult& kind : report.kinds)
     writeKindText(out, kind);
   writeAgeingText(out, report);
+  if (const std::string warning = unopenedWarning(); !warning.empty())
+    out << '\n' << terminalText(warning) << '\n';
 }
 
 }  // namespace dg

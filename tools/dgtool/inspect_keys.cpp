@@ -17,6 +17,9 @@ namespace dg {
 
 namespace {
 
+/// More than any index can hold.
+constexpr int kMostEntries = 1'000'000'000;
+
 struct KeyEntry {
   std::string key;
   std::int32_t record = 0;
@@ -149,7 +152,7 @@ void InspectKeysCommand::addOptions(CLI::App& app) {
                "Walk backwards; from the last entry when no other is named");
   app.add_option("--limit", options_.limit, "At most this many entries")
       ->type_name("N")
-      ->check(CLI::NonNegativeNumber);
+      ->check(CLI::Range(0, kMostEntries));
   InspectCommand::addOptions(app);
 }
 

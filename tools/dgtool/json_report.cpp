@@ -3,10 +3,10 @@
 #include <string>
 #include <utility>
 
-#include "platform/unopened_files.h"
 #include "shell/recap_figures.h"
 #include "shell/splash.h"
 #include "tools/dgtool/detail_recorder.h"
+#include "tools/dgtool/left_out.h"
 #include "tools/dgtool/window_json.h"
 
 namespace dg {
@@ -74,12 +74,7 @@ bool writeJsonReport(const ReportInput& input) {
     panels.push_back(jsonText(panel));
   document["storeName"] = jsonText(main.lblStoreName.caption());
   document["recap"] = recapJson(main);
-  if (const UnopenedFiles& unopened = unopenedFiles(); unopened.count > 0) {
-    Json names = Json::array();
-    for (const std::string& name : unopened.names)
-      names.push_back(jsonText(name));
-    document["unopened"] = {{"count", unopened.count}, {"names", std::move(names)}};
-  }
+  addUnopenedFiles(document);
 
   bool complete = areComplete(views);
   Json windows = Json::array();

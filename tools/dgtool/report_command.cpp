@@ -4,6 +4,7 @@
 
 #include "platform/text.h"
 #include "platform/unopened_files.h"
+#include "tools/dgtool/left_out.h"
 #include "tools/dgtool/session.h"
 
 namespace dg {

@@ -38,11 +38,6 @@ struct ReportFormat {
 /// All formats; the first is the one that needs no option.
 std::span<const ReportFormat> reportFormats();
 
-/// What a reader is told under the title of a window that is incomplete.
-inline constexpr const char* kIncomplete = "Could not be read completely: see the log.";
-/// What a reader is told of a share that was lost, and of files that could not be opened: a line
-/// each, without line ends.
-std::vector<std::string> shareWarnings(const frmTRVN& main);
 /// Whether all views are complete.
 bool areComplete(const std::vector<View*>& views);
 

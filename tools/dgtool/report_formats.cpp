@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/unopened_files.h"
 #include "tools/dgtool/csv_report.h"
 #include "tools/dgtool/json_report.h"
 #include "tools/dgtool/report_format.h"
@@ -48,23 +47,6 @@ constexpr ReportFormat kFormats[] = {
 
 std::span<const ReportFormat> reportFormats() {
   return kFormats;
-}
-
-std::vector<std::string> shareWarnings(const frmTRVN& main) {
-  std::vector<std::string> lines;
-  if (!main.lostShare().empty()) {
-    lines.push_back("The share " + main.lostShare() +
-                    " could not be reached at the end: figures may be missing.");
-  }
-  const UnopenedFiles& unopened = unopenedFiles();
-  if (unopened.count > 0) {
-    std::string line = "Left out, since they could not be opened: ";
-    for (std::size_t i = 0; i < unopened.names.size(); ++i)
-      line += (i > 0 ? ", " : "") + unopened.names[i];
-    const std::size_t more = unopened.count - unopened.names.size();
-    lines.push_back(line + (more > 0 ? " and " + std::to_string(more) + " more." : "."));
-  }
-  return lines;
 }
 
 bool areComplete(const std::vector<View*>& views) {

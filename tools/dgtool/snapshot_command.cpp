@@ -4,6 +4,7 @@
 #include "history/snapshot.h"
 #include "platform/clock.h"
 #include "tools/dgtool/history_option.h"
+#include "tools/dgtool/left_out.h"
 #include "tools/dgtool/report_format.h"
 #include "tools/dgtool/session.h"
 

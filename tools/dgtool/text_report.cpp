@@ -8,6 +8,7 @@
 #include "tools/dgtool/console.h"
 #include "tools/dgtool/detail_recorder.h"
 #include "tools/dgtool/form_text.h"
+#include "tools/dgtool/left_out.h"
 
 namespace dg {
 

@@ -9,6 +9,7 @@
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tools/dgtool/console.h"
+#include "tools/dgtool/left_out.h"
 
 namespace dg {
 

@@ -1,0 +1,36 @@
+#include "tools/dgtool/left_out.h"
+
+#include "platform/unopened_files.h"
+
+namespace dg {
+
+std::vector<std::string> shareWarnings(const frmTRVN& main) {
+  std::vector<std::string> lines;
+  if (!main.lostShare().empty()) {
+    lines.push_back("The share " + main.lostShare() +
+                    " could not be reached at the end: figures may be missing.");
+  }
+  if (const std::string warning = unopenedWarning(); !warning.empty()) lines.push_back(warning);
+  return lines;
+}
+
+std::string unopenedWarning() {
+  const UnopenedFiles& unopened = unopenedFiles();
+  if (unopened.count == 0) return {};
+  std::string line = "Left out, since they could not be opened: ";
+  for (std::size_t i = 0; i < unopened.names.size(); ++i)
+    line += (i > 0 ? ", " : "") + unopened.names[i];
+  const std::size_t more = unopened.count - unopened.names.size();
+  return line + (more > 0 ? " and " + std::to_string(more) + " more." : ".");
+}
+
+void addUnopenedFiles(Json& document) {
+  const UnopenedFiles& unopened = unopenedFiles();
+  if (unopened.count == 0) return;
+  Json names = Json::array();
+  for (const std::string& name : unopened.names)
+    names.push_back(jsonText(name));
+  document["unopened"] = {{"count", unopened.count}, {"names", std::move(names)}};
+}
+
+}  // namespace dg
