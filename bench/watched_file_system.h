@@ -13,7 +13,7 @@
 
 namespace dg::bench {
 
-/// Waits until a moment, to some microseconds.
+/// Waits until a moment, asleep.
 void waitUntil(std::chrono::steady_clock::time_point end);
 
 /// What the reads of a run touched: extents of 64 KiB, by their numbers, of each path.

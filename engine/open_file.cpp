@@ -3,6 +3,7 @@
 #include "engine/broker.h"
 #include "engine/state.h"
 #include "platform/file.h"
+#include "platform/read_ahead.h"
 #include "platform/unopened_files.h"
 #include "platform/values/checked.h"
 #include "platform/values/convert.h"
@@ -79,6 +80,11 @@ std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName) {
     noteUnopened(FileName, error);
     return nullptr;
   }
+}
+
+void iExpectFile(const std::string& FileName) {
+  if (!SystemInfo || !canExpectFiles()) return;
+  expectFile(SystemInfo->VLMRLNK() + "\\" + FileName, FileAccess::kReadWrite);
 }
 
 void iCloseFile(const std::string& Path) {

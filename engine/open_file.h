@@ -34,6 +34,8 @@ class cOpenFiles : public Collection<cOpenFile> {
 /// The steps behind the public file operations, for the other modules of the engine. All use the
 /// module state of engine/state.h. `Orb` asks for the broker; it comes back false without one.
 std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName);
+/// Tells that iOpenFile will be asked for a file of the store soon.
+void iExpectFile(const std::string& FileName);
 void iCloseFile(const std::string& Path);
 std::string iReadFile(const std::shared_ptr<cOpenFile>& OpenFile, std::int32_t BytesToRead,
                       std::int32_t Position, bool& Orb);

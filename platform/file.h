@@ -78,6 +78,8 @@ struct ReadStatistics {
   std::uint64_t bytes = 0;
 };
 ReadStatistics& readStatistics();
+/// Counts one read of so many bytes, on any thread.
+void countRead(std::size_t bytes);
 
 // --- Numbered files, as the run-time has them ---------------------------------------------------
 

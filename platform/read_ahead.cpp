@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "platform/fetch_pool.h"
 #include "platform/read_ahead_file.h"
 #include "platform/system_file.h"
 #include "platform/values/run_time_error.h"
@@ -77,9 +78,14 @@ class Keeper {
 
   std::size_t read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
                    std::size_t count);
+  /// Keeps the beginning that a worker has read, unless something is known of the file already.
+  void keep(const std::string& path, const FetchedFile& fetched);
   void forgetAll();
 
+  FetchPool pool;
+
  private:
+  void add(KeptFile& kept, Run run);
   const Run* find(KeptFile& kept, std::int64_t extent);
   const Run* fetch(KeptFile& kept, File& file, std::int64_t extent);
   static std::size_t runLength(const KeptFile& kept, std::int64_t extent);
@@ -147,15 +153,30 @@ const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
     kept.unreadable.insert(extent);
     return nullptr;
   }
-  makeRoom(run.length);
   if (run.isCutShort()) run.bytes = resized(std::move(run.bytes), run.length);
+  add(kept, std::move(run));
+  return &runs_.front();
+}
 
+void Keeper::add(KeptFile& kept, Run run) {
+  makeRoom(run.length);
   runs_.push_front(std::move(run));
   const RunList::iterator added = runs_.begin();
   keptBytes_ += added->length;
   for (std::size_t i = 0; i < added->extents; ++i)
-    kept.runs[extent + static_cast<std::int64_t>(i)] = added;
-  return &*added;
+    kept.runs[added->firstExtent + static_cast<std::int64_t>(i)] = added;
+}
+
+void Keeper::keep(const std::string& path, const FetchedFile& fetched) {
+  KeptFile& kept = keptFile(path);
+  if (!kept.runs.empty() || !kept.unreadable.empty()) return;
+  Run run;
+  run.file = &kept;
+  run.extents = fetched.capacity / kExtentSize;
+  run.length = fetched.length;
+  run.bytes = resized(nullptr, run.length);
+  std::copy_n(fetched.bytes.get(), run.length, run.bytes.get());
+  add(kept, std::move(run));
 }
 
 void Keeper::makeRoom(std::size_t size) {
@@ -171,6 +192,7 @@ void Keeper::makeRoom(std::size_t size) {
 void Keeper::forgetAll() {
   for (auto& [path, file] : files_)
     file = {};
+  pool.forgetAll();
   runs_.clear();
   keptBytes_ = 0;
 }
@@ -185,8 +207,11 @@ bool enabled = true;
 
 class ReadAheadFile final : public File {
  public:
-  ReadAheadFile(std::unique_ptr<File> file, std::string path)
-      : file_(std::move(file)), path_(std::move(path)) {}
+  ReadAheadFile(std::unique_ptr<File> file, std::string path, bool isWorkers = false)
+      : file_(std::move(file)), path_(std::move(path)), isWorkers_(isWorkers) {}
+  ~ReadAheadFile() override {
+    if (isWorkers_ && keeper()) keeper()->pool.close(std::move(file_));
+  }
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
     Keeper* const current = keeper().get();
@@ -212,6 +237,7 @@ class ReadAheadFile final : public File {
  private:
   std::unique_ptr<File> file_;
   std::string path_;
+  bool isWorkers_;            ///< a worker opened it, and is to close it
   KeptFile* kept_ = nullptr;  ///< of the keeper with keeperId_
   std::uint64_t keeperId_ = 0;
 };
@@ -237,6 +263,22 @@ bool setReadAheadEnabled(bool newSetting) {
 
 std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path) {
   return std::make_unique<ReadAheadFile>(std::move(file), std::move(path));
+}
+
+std::unique_ptr<File> takeExpectedFile(const std::string& path, FileAccess access) {
+  if (!canExpectFiles()) return nullptr;
+  FetchedFile fetched = keeper()->pool.take(path, access);
+  if (!fetched.file) return nullptr;
+  keeper()->keep(path, fetched);
+  return std::make_unique<ReadAheadFile>(std::move(fetched.file), path, true);
+}
+
+bool canExpectFiles() {
+  return keeper() != nullptr && systemFilesInPlace();
+}
+
+void expectFile(const std::string& path, FileAccess access) {
+  if (canExpectFiles()) keeper()->pool.expect(path, access);
 }
 
 void forgetKeptBytes() {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+
+#include "platform/file.h"
 
 namespace dg {
 
@@ -40,6 +43,12 @@ inline constexpr std::size_t kLongestRun = std::size_t{1} << 20;
 /// Bound of what a scope keeps, over all files; what was used longest ago goes first.
 inline constexpr std::size_t kMostKept = std::size_t{64} << 20;
 }  // namespace read_ahead
+
+/// Whether it is of use to tell which files will be asked for: a scope lives.
+bool canExpectFiles();
+/// Tells that a file will be opened soon: workers open and read it meanwhile, several files at a
+/// time. Whoever opens it gets what it would have got by itself, errors too.
+void expectFile(const std::string& path, FileAccess access);
 
 /// Whether scopes that begin from now on do anything; returns the former setting. For benchmarks
 /// and tests that compare.

@@ -2,6 +2,7 @@
 
 #include "engine/business_basic.h"
 #include "engine/codec.h"
+#include "engine/open_file.h"
 #include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/trap.h"
@@ -28,12 +29,20 @@ constexpr std::int32_t kTotalAmount = 22;  ///< cents
 constexpr std::size_t kVendorName = 6;
 constexpr std::size_t kVendorNameWidth = 20;
 
+/// A name comes out of a record. To the engine one with a backslash is a whole path, which could
+/// lead anywhere on this workstation; documents lie in the store directory.
+bool isDocumentName(const std::string& name) {
+  return name.find('\\') == std::string::npos;
+}
+
 }  // namespace
 
+void VendorDocument::expect(const std::string& name) {
+  if (isDocumentName(name)) iExpectFile(name);
+}
+
 std::optional<VendorDocument> VendorDocument::open(const std::string& name) {
-  // The name comes out of a record. To the engine one with a backslash is a whole path, which could
-  // lead anywhere on this workstation; documents lie in the store directory.
-  if (name.find('\\') != std::string::npos) return std::nullopt;
+  if (!isDocumentName(name)) return std::nullopt;
   std::int32_t lastRecord = 0;
   auto file = sharedEngine().PhysLogicalOpen(name, "L", kRecordLength, lastRecord);
   if (!file) return std::nullopt;

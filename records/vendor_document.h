@@ -22,6 +22,8 @@ class VendorDocument {
   static constexpr std::int32_t kTotalRecord = 6;
   static constexpr std::int32_t kFirstLine = 7;
 
+  /// Tells that the document will be opened soon.
+  static void expect(const std::string& name);
   /// Nothing when the file is missing or cannot be opened, or when the name is a path.
   static std::optional<VendorDocument> open(const std::string& name);
   VendorDocument(VendorDocument&&) noexcept = default;

@@ -33,11 +33,9 @@ class SystemFile final : public File {
                                   static_cast<off_t>(offset) + static_cast<off_t>(done));
       if (got < 0 && errno == EINTR) continue;
       noteFileCall(FileCall::kRead);
-      ReadStatistics& statistics = readStatistics();
-      ++statistics.calls;
+      countRead(got > 0 ? static_cast<std::size_t>(got) : 0);
       if (got < 0) throw RunTimeError(kDeviceIoError);
       if (got == 0) break;
-      statistics.bytes += static_cast<std::uint64_t>(got);
       done += static_cast<std::size_t>(got);
       // Fewer bytes than asked for are the file's last ones, or those before a failure, which
       // another read then tells. The length settles it without one.
@@ -123,15 +121,6 @@ std::unique_ptr<File> openOfType(const std::string& native, mode_t type, FileAcc
   return std::make_unique<SystemFile>(std::move(descriptor));
 }
 
-/// Opens what stands at a path without a question before: waits for nothing, follows no link.
-/// Nothing when it is no ordinary file or cannot be opened so; then whoever asks finds out why.
-std::unique_ptr<File> openAtOnce(const std::string& native, FileAccess access) {
-  Descriptor descriptor = openCounted(native, openingFlags(access) | O_NOFOLLOW | O_NONBLOCK);
-  if (!descriptor.isOpen()) return nullptr;
-  auto file = std::make_unique<SystemFile>(std::move(descriptor));
-  return file->isOrdinary() ? std::move(file) : nullptr;
-}
-
 class SystemFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
@@ -160,6 +149,13 @@ class SystemFileSystem final : public FileSystem {
 FileSystem& systemFileSystem() {
   static SystemFileSystem system;
   return system;
+}
+
+std::unique_ptr<File> openAtOnce(const std::string& native, FileAccess access) {
+  Descriptor descriptor = openCounted(native, openingFlags(access) | O_NOFOLLOW | O_NONBLOCK);
+  if (!descriptor.isOpen()) return nullptr;
+  auto file = std::make_unique<SystemFile>(std::move(descriptor));
+  return file->isOrdinary() ? std::move(file) : nullptr;
 }
 
 std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess access) {

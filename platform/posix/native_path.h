@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <sys/types.h>
 
@@ -22,10 +21,5 @@ Location locate(const std::string& path);
 bool liesOnShare(const std::string& native);
 /// Notes the root of a share that was found to be reachable, in the program's own form.
 void noteShare(const std::string& root);
-
-/// Where a share's file stands if its names are as they are written and the last of them is no
-/// link, with the links of its folder resolved, and without a question about the file itself.
-/// Nothing for other paths, and where the folder is not there or lies outside the share.
-std::optional<std::string> placeAsWritten(const std::string& path);
 
 }  // namespace dg

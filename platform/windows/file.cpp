@@ -44,11 +44,9 @@ class SystemFile final : public File {
           ::ReadFile(handle_.get(), buffer + done, wanted, &got, &place) != FALSE;
       const DWORD error = succeeded ? ERROR_SUCCESS : ::GetLastError();
       noteFileCall(FileCall::kRead);
-      ReadStatistics& statistics = readStatistics();
-      ++statistics.calls;
+      countRead(got);
       // A range that a terminal has locked is refused, and counts as permission denied.
       if (!succeeded && error != ERROR_HANDLE_EOF) throw RunTimeError(transferErrorNumber(error));
-      statistics.bytes += got;
       done += got;
       // Fewer bytes than asked for are a file's last ones: to ask again is one more round trip.
       if (got < wanted) break;
@@ -114,6 +112,18 @@ class SystemFileSystem final : public FileSystem {
 FileSystem& systemFileSystem() {
   static SystemFileSystem system;
   return system;
+}
+
+std::optional<std::string> placeAsWritten(const std::string& path) {
+  return nativePath(path);
+}
+
+std::unique_ptr<File> openAtOnce(const std::string& native, FileAccess access) {
+  try {
+    return openSystemFile(native, access);
+  } catch (const RunTimeError&) {
+    return nullptr;
+  }
 }
 
 std::unique_ptr<File> openSystemFile(const std::string& nativeFile, FileAccess access) {
