@@ -9,6 +9,7 @@
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/message_box.h"
+#include "platform/read_ahead.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/values/checked.h"
@@ -34,9 +35,9 @@ std::string dottedForm(std::int32_t address) {
 }
 
 /// The terminal table; nothing where it cannot be opened.
-std::unique_ptr<File> openTerminalTable(const std::string& linkShare) {
+std::unique_ptr<File> openTerminalTable(const std::string& path) {
   try {
-    return fileSystem().open(linkShare + "ttymap", FileAccess::kRead);
+    return fileSystem().open(path, FileAccess::kRead);
   } catch (const RunTimeError&) {
     return nullptr;
   }
@@ -110,6 +111,10 @@ cBusinessBasic::cBusinessBasic() {
       dg::Trun(environment().computerName.substr(0, kLongestComputerName), true);
   beginToResolve(workstation);
   const std::string linkShare = SystemInfo->linkShare();
+  const std::string terminals = linkShare + "ttymap";
+  const std::string linkTable = linkShare + "LINKSFILE";
+  for (const std::string& table : {terminals, linkTable})
+    expectFile(table, FileAccess::kRead, Expected::kSoon);
   if (!shareIsReachable(linkShare)) {
     MsgBox("You are attempting to connect to: " + linkShare +
                " and this shows to be an invalid network share",
@@ -118,7 +123,7 @@ cBusinessBasic::cBusinessBasic() {
   }
   SystemInfo->ComputerName = workstation;
   SystemInfo->TerminalID = "0";
-  const std::unique_ptr<File> terminalTable = openTerminalTable(linkShare);
+  const std::unique_ptr<File> terminalTable = openTerminalTable(terminals);
   SystemInfo->IP = dottedForm(resolveHost(workstation));
   // The engine has an error of its own for this, -10 "Terminal File 'ttymap' not found", but it is
   // raised where errors are suppressed. What callers have always seen, and test for, is the error
@@ -130,7 +135,7 @@ cBusinessBasic::cBusinessBasic() {
 
   // The release of the former files closes them, for every engine object.
   auto links = std::make_shared<cLinks>();
-  links->load(linkShare + "LINKSFILE");
+  links->load(linkTable);
   Links = std::move(links);
   OpenFiles = std::make_shared<cOpenFiles>();
   LogicalFiles = std::make_shared<cLogicalFiles>();

@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string_view>
 
 #include "engine/codec.h"
@@ -11,6 +12,7 @@
 #include "engine/state.h"
 #include "engine/text_utilities.h"
 #include "platform/file.h"
+#include "platform/read_ahead.h"
 #include "platform/text.h"
 #include "platform/values/checked.h"
 #include "platform/values/convert.h"
@@ -31,6 +33,9 @@ void suppressed(Step step) {
 
 /// Bytes of a directory that one read fetches: a whole number of entries.
 constexpr std::size_t kDirectoryReadSize = DirectoryEntry::kSize * std::size_t{128};
+
+/// Directories that are worth being told of in advance: a link table can name any number.
+constexpr std::size_t kMostExpected = 256;
 
 /// The directory's first entry of a name.
 std::optional<DirectoryEntry> findEntry(const std::string& directoryPath, std::string_view name) {
@@ -138,6 +143,22 @@ std::string directoryFilePath(const std::string& ResolutionFile) {
 std::string dataFilePath(const std::string& directoryFile) {
   if (directoryFile.size() < 2) throw RunTimeError(kInvalidProcedureCall);
   return directoryFile.substr(0, directoryFile.size() - 2) + "DB";
+}
+
+void iExpectStore() {
+  if (!canExpectFiles() || !Links || !SystemInfo) return;
+  const std::string store = upperCase(linkKey(" ")).substr(0, SystemInfo->mDirectory.size() + 2);
+  std::set<std::string> expected;
+  for (const auto& link : Links->NewEnum()) {
+    if (!upperCase(link->LinkFile).starts_with(store)) continue;
+    suppressed([&] {
+      const std::string directory = directoryFilePath(link->ResolutionFile);
+      if (!expected.insert(directory).second) return;
+      expectFile(directory, FileAccess::kRead, Expected::kLater);
+      expectFile(dataFilePath(directory), FileAccess::kReadWrite, Expected::kLater);
+    });
+    if (expected.size() >= kMostExpected) return;
+  }
 }
 
 std::shared_ptr<cLogicalFile> iLogicalOpen(const std::string& FileName) {

@@ -65,5 +65,7 @@ void iLwriteFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t 
 /// without module state, and 5 for a path that is too short.
 std::string directoryFilePath(const std::string& ResolutionFile);
 std::string dataFilePath(const std::string& directoryFile);
+/// Tells that the store's directories and data files, as its links name them, will be asked for.
+void iExpectStore();
 
 }  // namespace dg

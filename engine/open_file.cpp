@@ -82,9 +82,9 @@ std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName) {
   }
 }
 
-void iExpectFile(const std::string& FileName) {
+void iExpectFile(const std::string& FileName, FileAccess access, Expected when) {
   if (!SystemInfo || !canExpectFiles()) return;
-  expectFile(SystemInfo->VLMRLNK() + "\\" + FileName, FileAccess::kReadWrite);
+  expectFile(SystemInfo->VLMRLNK() + "\\" + FileName, access, when);
 }
 
 void iCloseFile(const std::string& Path) {

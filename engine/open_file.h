@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/collection.h"
+#include "platform/read_ahead.h"
 
 namespace dg {
 
@@ -34,8 +35,8 @@ class cOpenFiles : public Collection<cOpenFile> {
 /// The steps behind the public file operations, for the other modules of the engine. All use the
 /// module state of engine/state.h. `Orb` asks for the broker; it comes back false without one.
 std::shared_ptr<cOpenFile> iOpenFile(std::string& FileName);
-/// Tells that iOpenFile will be asked for a file of the store soon.
-void iExpectFile(const std::string& FileName);
+/// Tells that a file of the store directory will be asked for.
+void iExpectFile(const std::string& FileName, FileAccess access, Expected when);
 void iCloseFile(const std::string& Path);
 std::string iReadFile(const std::shared_ptr<cOpenFile>& OpenFile, std::int32_t BytesToRead,
                       std::int32_t Position, bool& Orb);

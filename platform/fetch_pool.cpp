@@ -1,6 +1,7 @@
 #include "platform/fetch_pool.h"
 
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <list>
 #include <mutex>
@@ -19,31 +20,45 @@ namespace dg {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
+/// What takes longer was no file of this machine's own.
+constexpr std::chrono::microseconds kNear(300);
+
+using read_ahead::kExtentSize;
+using read_ahead::kLongestRun;
+
 enum class Stage { kWaiting, kBegun, kDone };
 
-/// One file that is expected. Workers and the pool share it under the pool's mutex, but for what a
-/// worker fetches while the stage is kBegun.
+/// One run that is expected. Workers and the pool share it under the pool's mutex, but for what a
+/// worker reads while the stage is kBegun.
 struct Task {
   std::string path;
   std::string native;
   FileAccess access = FileAccess::kRead;
+  Expected when = Expected::kSoon;
+  std::int64_t begin = 0;
+  std::shared_ptr<File> file;  ///< none: it has to be opened
   Stage stage = Stage::kWaiting;
-  FetchedFile fetched;
+  FetchedRun fetched;
 };
 using TaskPointer = std::shared_ptr<Task>;
+using Tasks = std::list<TaskPointer>;
 
-/// Opens and reads; no file when anything fails: whoever asks meets the failure by itself.
-FetchedFile fetch(const std::string& native, FileAccess access) {
+/// Opens, if that is still to be done, and reads; nothing when anything fails: whoever asks meets
+/// the failure by itself. `size` becomes the file's.
+FetchedRun fetch(const Task& task, std::int64_t& size) {
   try {
-    FetchedFile fetched;
-    fetched.file = openAtOnce(native, access);
+    FetchedRun fetched;
+    fetched.file = task.file;
+    if (!fetched.file) fetched.file = openAtOnce(task.native, task.access);
     if (!fetched.file) return {};
-    const auto size = static_cast<std::size_t>(std::max<std::int64_t>(fetched.file->size(), 0));
-    // Whole extents, and room for the read to meet the file's end.
-    const std::size_t extents = std::min(size, read_ahead::kLongestRun - 1) / read_ahead::kExtentSize;
-    fetched.capacity = (extents + 1) * read_ahead::kExtentSize;
+    size = std::max<std::int64_t>(fetched.file->size(), 0);
+    const auto left = static_cast<std::size_t>(std::max<std::int64_t>(size - task.begin, 0));
+    // Whole extents, and where it can be room for the read to meet the file's end.
+    fetched.capacity = (std::min(left, kLongestRun - 1) / kExtentSize + 1) * kExtentSize;
     fetched.bytes = std::make_unique_for_overwrite<char[]>(fetched.capacity);
-    fetched.length = fetched.file->read(0, fetched.bytes.get(), fetched.capacity);
+    fetched.length = fetched.file->read(task.begin, fetched.bytes.get(), fetched.capacity);
     return fetched;
   } catch (const RunTimeError&) {
     return {};
@@ -58,28 +73,47 @@ struct FetchPool::Shared {
   std::mutex mutex;
   std::condition_variable workCame;
   std::condition_variable taskDone;
-  std::list<TaskPointer> tasks;  ///< the oldest in front
-  std::vector<std::unique_ptr<File>> toClose;
+  Tasks tasks;  ///< the oldest in front
+  std::vector<std::shared_ptr<File>> toClose;
   std::size_t bytesAhead = 0;  ///< of tasks that are done
+  std::size_t filesSoon = 0;   ///< tasks that are expected soon
   std::size_t workers = 0;
   std::size_t idle = 0;
+  bool isFar = false;  ///< some call took so long that many should be under way at once
   bool isOver = false;
 
-  TaskPointer nextTask() {
-    if (bytesAhead >= kMostBytesAhead) return nullptr;
-    const auto next = std::ranges::find(tasks, Stage::kWaiting, &Task::stage);
-    return next == tasks.end() ? nullptr : *next;
+  TaskPointer nextTask() const {
+    TaskPointer later;
+    for (const TaskPointer& task : tasks) {
+      if (task->stage != Stage::kWaiting) continue;
+      if (task->when == Expected::kSoon) return bytesAhead < kMostBytesAhead ? task : nullptr;
+      if (!later) later = task;
+    }
+    return bytesAhead < kMostBytesLater ? later : nullptr;
   }
 
-  void remove(std::list<TaskPointer>::iterator place) {
-    if ((*place)->stage == Stage::kDone) bytesAhead -= (*place)->fetched.capacity;
+  Tasks::iterator find(const std::string& path, std::int64_t begin) {
+    return std::ranges::find_if(
+        tasks, [&](const TaskPointer& task) { return task->begin == begin && task->path == path; });
+  }
+
+  void add(TaskPointer task) {
+    if (task->when == Expected::kSoon) ++filesSoon;
+    tasks.push_back(std::move(task));
+  }
+
+  void remove(Tasks::iterator place) {
+    const Task& task = **place;
+    if (task.stage == Stage::kDone) bytesAhead -= task.fetched.length;
+    if (task.when == Expected::kSoon) --filesSoon;
     tasks.erase(place);
   }
 
-  void giveUp(std::list<TaskPointer>::iterator place) {
+  void giveUp(Tasks::iterator place) {
     const TaskPointer task = *place;
     remove(place);
-    if (task->stage != Stage::kDone) return;
+    if (task->stage == Stage::kBegun) return;  // the worker finds out by itself
+    if (task->file) toClose.push_back(std::move(task->file));
     if (task->fetched.file) toClose.push_back(std::move(task->fetched.file));
     task->fetched = {};
   }
@@ -87,6 +121,29 @@ struct FetchPool::Shared {
   void giveUpAll() {
     while (!tasks.empty())
       giveUp(tasks.begin());
+  }
+
+  /// The runs behind a first one.
+  void addRuns(const Task& first, const std::shared_ptr<File>& file, std::int64_t size) {
+    for (auto begin = std::int64_t{kLongestRun}; begin < size; begin += std::int64_t{kLongestRun}) {
+      auto task = std::make_shared<Task>();
+      task->path = first.path;
+      task->access = first.access;
+      task->when = Expected::kLater;
+      task->begin = begin;
+      task->file = file;
+      add(std::move(task));
+    }
+  }
+
+  FetchedRun handOver(Tasks::iterator place, std::unique_lock<std::mutex>& lock) {
+    const TaskPointer task = *place;
+    taskDone.wait(lock, [&] { return task->stage != Stage::kBegun; });
+    // While it waited the list may have changed, but nobody else takes.
+    remove(std::ranges::find(tasks, task));
+    if (task->file && !task->fetched.file) toClose.push_back(std::move(task->file));
+    workCame.notify_one();
+    return std::move(task->fetched);
   }
 
   void work();
@@ -97,7 +154,7 @@ void FetchPool::Shared::work() {
   std::unique_lock<std::mutex> lock(mutex);
   while (!isOver || !toClose.empty()) {
     if (!toClose.empty()) {
-      std::unique_ptr<File> file = std::move(toClose.back());
+      std::shared_ptr<File> file = std::move(toClose.back());
       toClose.pop_back();
       lock.unlock();
       file.reset();
@@ -113,13 +170,22 @@ void FetchPool::Shared::work() {
     }
     task->stage = Stage::kBegun;
     lock.unlock();
-    FetchedFile fetched = fetch(task->native, task->access);
+    std::int64_t size = 0;
+    const auto begin = Clock::now();
+    FetchedRun fetched = fetch(*task, size);
+    const bool wasFar = Clock::now() - begin > kNear;
     lock.lock();
+    isFar = isFar || wasFar;
     if (std::ranges::find(tasks, task) == tasks.end()) {  // given up meanwhile
       if (fetched.file) toClose.push_back(std::move(fetched.file));
+      if (task->file) toClose.push_back(std::move(task->file));
       continue;
     }
-    bytesAhead += fetched.capacity;
+    if (task->begin == 0 && fetched.file && size > std::int64_t{kLongestRun}) {
+      addRuns(*task, fetched.file, size);
+      workCame.notify_all();
+    }
+    bytesAhead += fetched.length;
     task->fetched = std::move(fetched);
     task->stage = Stage::kDone;
     taskDone.notify_all();
@@ -137,46 +203,63 @@ FetchPool::~FetchPool() {
   shared_->workCame.notify_all();
 }
 
-void FetchPool::startWorker() {
+/// As many as find something to do, up to the bound. Where files are near, to hand a read to
+/// another thread takes longer than to do it: then there are no more workers than idle processors.
+void FetchPool::startWorkers() {
+  const std::size_t most =
+      shared_->isFar
+          ? kWorkers
+          : std::clamp<std::size_t>(std::thread::hardware_concurrency(), 2, kWorkers) - 1;
+  const auto waiting =
+      static_cast<std::size_t>(std::ranges::count(shared_->tasks, Stage::kWaiting, &Task::stage));
+  const std::size_t busy = shared_->workers - shared_->idle;
   try {
-    std::thread([shared = shared_] { shared->work(); }).detach();
-    ++shared_->workers;
+    while (shared_->workers < std::min(most, busy + waiting)) {
+      std::thread([shared = shared_] { shared->work(); }).detach();
+      ++shared_->workers;
+    }
   } catch (const std::system_error&) {  // NOLINT(bugprone-empty-catch): the others, or none, do it
   }
 }
 
-void FetchPool::expect(const std::string& path, FileAccess access) {
+void FetchPool::expect(const std::string& path, FileAccess access, Expected when) {
+  const auto begin = Clock::now();
   std::optional<std::string> native = placeAsWritten(path);
   if (!native) return;
+  const bool wasFar = Clock::now() - begin > kNear;
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
-    if (std::ranges::find(shared_->tasks, path, &Task::path) != shared_->tasks.end()) return;
+    shared_->isFar = shared_->isFar || wasFar;
+    if (shared_->find(path, 0) != shared_->tasks.end()) return;
+    if (when == Expected::kSoon && shared_->filesSoon >= kMostFilesSoon) {
+      shared_->giveUp(std::ranges::find(shared_->tasks, Expected::kSoon, &Task::when));
+    }
     auto task = std::make_shared<Task>();
     task->path = path;
     task->native = std::move(*native);
     task->access = access;
-    if (shared_->tasks.size() >= kMostFilesAhead) shared_->giveUp(shared_->tasks.begin());
-    shared_->tasks.push_back(std::move(task));
-    if (shared_->idle == 0 && shared_->workers < kWorkers) startWorker();
+    task->when = when;
+    shared_->add(std::move(task));
+    startWorkers();
   }
   shared_->workCame.notify_one();
 }
 
-FetchedFile FetchPool::take(const std::string& path, FileAccess access) {
+FetchedRun FetchPool::takeFile(const std::string& path, FileAccess access) {
   std::unique_lock<std::mutex> lock(shared_->mutex);
-  const auto place = std::ranges::find_if(shared_->tasks, [&](const TaskPointer& task) {
-    return task->path == path && task->access == access;
-  });
-  if (place == shared_->tasks.end()) return {};
-  const TaskPointer task = *place;
-  shared_->taskDone.wait(lock, [&] { return task->stage != Stage::kBegun; });
-  shared_->remove(place);
-  lock.unlock();
-  shared_->workCame.notify_one();
-  return std::move(task->fetched);
+  const auto place = shared_->find(path, 0);
+  if (place == shared_->tasks.end() || (*place)->access != access) return {};
+  return shared_->handOver(place, lock);
 }
 
-void FetchPool::close(std::unique_ptr<File> file) {
+FetchedRun FetchPool::takeRun(const std::string& path, std::int64_t begin) {
+  std::unique_lock<std::mutex> lock(shared_->mutex);
+  const auto place = shared_->find(path, begin);
+  if (place == shared_->tasks.end()) return {};
+  return shared_->handOver(place, lock);
+}
+
+void FetchPool::close(std::shared_ptr<File> file) {
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
     if (shared_->workers > 0) shared_->toClose.push_back(std::move(file));

@@ -1,22 +1,25 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "platform/file.h"
+#include "platform/read_ahead.h"
 
 namespace dg {
 
-/// A file that a worker has opened, and its first bytes.
-struct FetchedFile {
-  std::unique_ptr<File> file;
+/// What a worker has read of a file in one go, and the file.
+struct FetchedRun {
+  std::shared_ptr<File> file;  ///< none when there is nothing
   std::unique_ptr<char[]> bytes;
   std::size_t length = 0;    ///< bytes that there were
-  std::size_t capacity = 0;  ///< bytes that were asked for
+  std::size_t capacity = 0;  ///< bytes that were asked for: whole extents
 };
 
-/// A bounded pool of workers that opens files and reads their beginnings before they are asked for.
+/// A bounded pool of workers that opens files and reads them before they are asked for: runs of
+/// read_ahead::kLongestRun, the first with the opening.
 ///
 /// Whoever asks for a file does so in its own order: what a worker has, or is about to have, is
 /// handed over; what none has begun, or could not do, the one who asks does by itself and meets its
@@ -25,26 +28,31 @@ struct FetchedFile {
 class FetchPool {
  public:
   static constexpr std::size_t kWorkers = 16;
-  static constexpr std::size_t kMostBytesAhead = std::size_t{64} << 20;
-  static constexpr std::size_t kMostFilesAhead = 64;
+  /// Bounds of what is fetched and not asked for yet: of files that are expected later, and of all.
+  static constexpr std::size_t kMostBytesLater = std::size_t{24} << 20;
+  static constexpr std::size_t kMostBytesAhead = std::size_t{32} << 20;
+  /// Files that are expected soon; beyond it the oldest is given up.
+  static constexpr std::size_t kMostFilesSoon = 64;
 
   FetchPool();
   ~FetchPool();
   FetchPool(const FetchPool&) = delete;
   FetchPool& operator=(const FetchPool&) = delete;
 
-  /// Has a file opened and read ahead; of more than the bounds allow the oldest are given up.
-  void expect(const std::string& path, FileAccess access);
-  /// What a worker has of a file; waits for one that is at it. No file when there is nothing.
-  FetchedFile take(const std::string& path, FileAccess access);
+  /// Has a file opened and read ahead, unless it is expected already.
+  void expect(const std::string& path, FileAccess access, Expected when);
+  /// The opened file and its first run; waits for a worker that is at it.
+  FetchedRun takeFile(const std::string& path, FileAccess access);
+  /// The run that begins at a place, a multiple of read_ahead::kLongestRun, however it was opened.
+  FetchedRun takeRun(const std::string& path, std::int64_t begin);
   /// Closes a file on a worker: nobody waits for that.
-  void close(std::unique_ptr<File> file);
+  void close(std::shared_ptr<File> file);
   /// Gives up all that was fetched or is to be.
   void forgetAll();
 
  private:
   struct Shared;
-  void startWorker();
+  void startWorkers();
 
   std::shared_ptr<Shared> shared_;
 };

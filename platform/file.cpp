@@ -27,13 +27,15 @@ class FrontFileSystem final : public FileSystem {
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
     try {
       if (std::unique_ptr<File> expected = takeExpectedFile(path, access)) return expected;
-      return readAheadFile(inPlace().open(path, access), path);
+      return readAheadFile(inPlace().open(path, access), path, access);
     } catch (const RunTimeError& error) {
       if (isSharePath(path)) noteUnopened(path, error);
       throw;
     }
   }
-  bool fileExists(const std::string& path) override { return inPlace().fileExists(path); }
+  bool fileExists(const std::string& path) override {
+    return isOpenAlready(path) || inPlace().fileExists(path);
+  }
   bool directoryExists(const std::string& path) override { return inPlace().directoryExists(path); }
 
  private:

@@ -63,6 +63,8 @@ using RunList = std::list<Run>;
 /// What is known of one path.
 class KeptFile {
  public:
+  const std::string* path = nullptr;                         ///< the keeper's own
+  bool isReopened = false;                                   ///< after somebody had closed it
   std::unordered_map<std::int64_t, RunList::iterator> runs;  ///< by the number of each extent
   std::unordered_set<std::int64_t> unreadable;               ///< extents that are read as asked
 };
@@ -71,27 +73,53 @@ class KeptFile {
 class Keeper {
  public:
   explicit Keeper(std::uint64_t id) : id_(id) {}
+  ~Keeper() {
+    for (Parked& file : parked_)
+      pool_.close(std::move(file.file));
+  }
+  Keeper(const Keeper&) = delete;
+  Keeper& operator=(const Keeper&) = delete;
 
   /// Tells one scope's keeper from the next.
   std::uint64_t id() const { return id_; }
-  KeptFile& keptFile(const std::string& path) { return files_[path]; }
+  KeptFile& keptFile(const std::string& path) {
+    const auto place = files_.try_emplace(path).first;
+    place->second.path = &place->first;
+    return place->second;
+  }
 
   std::size_t read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
                    std::size_t count);
-  /// Keeps the beginning that a worker has read, unless something is known of the file already.
-  void keep(const std::string& path, const FetchedFile& fetched);
   void forgetAll();
 
-  FetchPool pool;
+  /// Unless something is known of the file already.
+  void expect(const std::string& path, FileAccess access, Expected when);
+  /// A file that needs no opening: one that was closed before, or that a worker has opened.
+  std::shared_ptr<File> takeFile(const std::string& path, FileAccess access);
+  /// Keeps a file that its user has closed for the next who opens it.
+  void park(const std::string& path, FileAccess access, std::shared_ptr<File> file);
+  /// Whether takeFile has it.
+  bool isOpen(const std::string& path, FileAccess access);
 
  private:
-  void add(KeptFile& kept, Run run);
+  struct Parked {
+    std::string path;
+    FileAccess access = FileAccess::kRead;
+    std::shared_ptr<File> file;
+  };
+  static constexpr std::size_t kMostParked = 32;
+
+  void add(Run run);
   const Run* find(KeptFile& kept, std::int64_t extent);
   const Run* fetch(KeptFile& kept, File& file, std::int64_t extent);
+  bool takeRun(KeptFile& kept, std::int64_t extent);
+  void keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched);
   static std::size_t runLength(const KeptFile& kept, std::int64_t extent);
   void makeRoom(std::size_t size);
 
   std::uint64_t id_;
+  FetchPool pool_;
+  std::list<Parked> parked_;  ///< the one used last behind
   std::unordered_map<std::string, KeptFile> files_;
   RunList runs_;
   std::size_t keptBytes_ = 0;
@@ -141,6 +169,9 @@ std::size_t Keeper::runLength(const KeptFile& kept, std::int64_t extent) {
 
 const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
   if (kept.unreadable.contains(extent)) return nullptr;
+  if (takeRun(kept, extent)) {
+    if (const Run* taken = find(kept, extent)) return taken;
+  }
 
   Run run;
   run.file = &kept;
@@ -154,11 +185,23 @@ const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
     return nullptr;
   }
   if (run.isCutShort()) run.bytes = resized(std::move(run.bytes), run.length);
-  add(kept, std::move(run));
+  add(std::move(run));
   return &runs_.front();
 }
 
-void Keeper::add(KeptFile& kept, Run run) {
+/// Keeps what a worker has of the run that an extent lies in. False when there is nothing.
+bool Keeper::takeRun(KeptFile& kept, std::int64_t extent) {
+  const std::int64_t begin =
+      extent * kExtent / std::int64_t{kLongestRun} * std::int64_t{kLongestRun};
+  FetchedRun fetched = pool_.takeRun(*kept.path, begin);
+  if (!fetched.file) return false;
+  keep(kept, begin, fetched);
+  pool_.close(std::move(fetched.file));
+  return true;
+}
+
+void Keeper::add(Run run) {
+  KeptFile& kept = *run.file;
   makeRoom(run.length);
   runs_.push_front(std::move(run));
   const RunList::iterator added = runs_.begin();
@@ -167,16 +210,58 @@ void Keeper::add(KeptFile& kept, Run run) {
     kept.runs[added->firstExtent + static_cast<std::int64_t>(i)] = added;
 }
 
-void Keeper::keep(const std::string& path, const FetchedFile& fetched) {
-  KeptFile& kept = keptFile(path);
-  if (!kept.runs.empty() || !kept.unreadable.empty()) return;
+/// Extents of which something is known already stay as they were first seen.
+void Keeper::keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched) {
+  const std::int64_t first = begin / kExtent;
+  const std::size_t extents = fetched.capacity / kExtentSize;
+  for (std::size_t i = 0; i < extents; ++i) {
+    if (kept.runs.contains(first + static_cast<std::int64_t>(i))) return;
+  }
   Run run;
   run.file = &kept;
-  run.extents = fetched.capacity / kExtentSize;
+  run.firstExtent = first;
+  run.extents = extents;
   run.length = fetched.length;
   run.bytes = resized(nullptr, run.length);
   std::copy_n(fetched.bytes.get(), run.length, run.bytes.get());
-  add(kept, std::move(run));
+  add(std::move(run));
+}
+
+void Keeper::expect(const std::string& path, FileAccess access, Expected when) {
+  const auto known = files_.find(path);
+  if (known == files_.end() || known->second.runs.empty()) pool_.expect(path, access, when);
+}
+
+std::shared_ptr<File> Keeper::takeFile(const std::string& path, FileAccess access) {
+  const auto parked = std::ranges::find_if(
+      parked_, [&](const Parked& file) { return file.path == path && file.access == access; });
+  if (parked != parked_.end()) {
+    std::shared_ptr<File> file = std::move(parked->file);
+    parked_.erase(parked);
+    keptFile(path).isReopened = true;
+    return file;
+  }
+  FetchedRun fetched = pool_.takeFile(path, access);
+  if (fetched.file) keep(keptFile(path), 0, fetched);
+  return std::move(fetched.file);
+}
+
+void Keeper::park(const std::string& path, FileAccess access, std::shared_ptr<File> file) {
+  parked_.push_back({path, access, std::move(file)});
+  if (parked_.size() <= kMostParked) return;
+  // Thousands of documents are opened once each, some directories again and again.
+  const auto isUsedOnce = [&](const Parked& each) { return !keptFile(each.path).isReopened; };
+  auto last = std::ranges::find_if(parked_, isUsedOnce);
+  if (last == parked_.end()) last = parked_.begin();
+  pool_.close(std::move(last->file));
+  parked_.erase(last);
+}
+
+bool Keeper::isOpen(const std::string& path, FileAccess access) {
+  std::shared_ptr<File> file = takeFile(path, access);
+  if (!file) return false;
+  park(path, access, std::move(file));
+  return true;
 }
 
 void Keeper::makeRoom(std::size_t size) {
@@ -190,9 +275,14 @@ void Keeper::makeRoom(std::size_t size) {
 }
 
 void Keeper::forgetAll() {
-  for (auto& [path, file] : files_)
-    file = {};
-  pool.forgetAll();
+  for (auto& [path, file] : files_) {
+    file.runs.clear();
+    file.unreadable.clear();
+  }
+  pool_.forgetAll();
+  for (Parked& file : parked_)
+    pool_.close(std::move(file.file));
+  parked_.clear();
   runs_.clear();
   keptBytes_ = 0;
 }
@@ -207,10 +297,11 @@ bool enabled = true;
 
 class ReadAheadFile final : public File {
  public:
-  ReadAheadFile(std::unique_ptr<File> file, std::string path, bool isWorkers = false)
-      : file_(std::move(file)), path_(std::move(path)), isWorkers_(isWorkers) {}
+  ReadAheadFile(std::shared_ptr<File> file, std::string path, FileAccess access)
+      : file_(std::move(file)), path_(std::move(path)), access_(access) {}
   ~ReadAheadFile() override {
-    if (isWorkers_ && keeper()) keeper()->pool.close(std::move(file_));
+    // One that failed may do better when it is opened anew.
+    if (canExpectFiles() && !hasFailed_) keeper()->park(path_, access_, std::move(file_));
   }
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
@@ -218,12 +309,12 @@ class ReadAheadFile final : public File {
     const bool isInRange =
         offset >= 0 && std::cmp_less_equal(count, std::numeric_limits<std::int64_t>::max() -
                                                       offset - std::int64_t{kLongestRun});
-    if (current == nullptr || !isInRange) return file_->read(offset, buffer, count);
-    if (keeperId_ != current->id()) {
-      kept_ = &current->keptFile(path_);
-      keeperId_ = current->id();
-    }
-    return current->read(*kept_, *file_, offset, buffer, count);
+    hasFailed_ = true;  // unless it comes back
+    const std::size_t done = current == nullptr || !isInRange
+                                 ? file_->read(offset, buffer, count)
+                                 : readKept(*current, offset, buffer, count);
+    hasFailed_ = false;
+    return done;
   }
 
   void write(std::int64_t offset, std::string_view data) override {
@@ -235,9 +326,18 @@ class ReadAheadFile final : public File {
   std::int64_t size() override { return file_->size(); }
 
  private:
-  std::unique_ptr<File> file_;
+  std::size_t readKept(Keeper& current, std::int64_t offset, char* buffer, std::size_t count) {
+    if (keeperId_ != current.id()) {
+      kept_ = &current.keptFile(path_);
+      keeperId_ = current.id();
+    }
+    return current.read(*kept_, *file_, offset, buffer, count);
+  }
+
+  std::shared_ptr<File> file_;
   std::string path_;
-  bool isWorkers_;            ///< a worker opened it, and is to close it
+  FileAccess access_;
+  bool hasFailed_ = false;    ///< its last read
   KeptFile* kept_ = nullptr;  ///< of the keeper with keeperId_
   std::uint64_t keeperId_ = 0;
 };
@@ -261,24 +361,28 @@ bool setReadAheadEnabled(bool newSetting) {
   return std::exchange(enabled, newSetting);
 }
 
-std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path) {
-  return std::make_unique<ReadAheadFile>(std::move(file), std::move(path));
+std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path,
+                                    FileAccess access) {
+  return std::make_unique<ReadAheadFile>(std::move(file), std::move(path), access);
 }
 
 std::unique_ptr<File> takeExpectedFile(const std::string& path, FileAccess access) {
   if (!canExpectFiles()) return nullptr;
-  FetchedFile fetched = keeper()->pool.take(path, access);
-  if (!fetched.file) return nullptr;
-  keeper()->keep(path, fetched);
-  return std::make_unique<ReadAheadFile>(std::move(fetched.file), path, true);
+  std::shared_ptr<File> file = keeper()->takeFile(path, access);
+  if (!file) return nullptr;
+  return std::make_unique<ReadAheadFile>(std::move(file), path, access);
+}
+
+bool isOpenAlready(const std::string& path) {
+  return canExpectFiles() && keeper()->isOpen(path, FileAccess::kRead);
 }
 
 bool canExpectFiles() {
   return keeper() != nullptr && systemFilesInPlace();
 }
 
-void expectFile(const std::string& path, FileAccess access) {
-  if (canExpectFiles()) keeper()->pool.expect(path, access);
+void expectFile(const std::string& path, FileAccess access, Expected when) {
+  if (canExpectFiles()) keeper()->expect(path, access, when);
 }
 
 void forgetKeptBytes() {

@@ -44,11 +44,17 @@ inline constexpr std::size_t kLongestRun = std::size_t{1} << 20;
 inline constexpr std::size_t kMostKept = std::size_t{64} << 20;
 }  // namespace read_ahead
 
+/// When a file will be asked for.
+enum class Expected {
+  kSoon,   ///< it goes in front of those that are expected later
+  kLater,  ///< some time within the load
+};
+
 /// Whether it is of use to tell which files will be asked for: a scope lives.
 bool canExpectFiles();
 /// Tells that a file will be opened soon: workers open and read it meanwhile, several files at a
 /// time. Whoever opens it gets what it would have got by itself, errors too.
-void expectFile(const std::string& path, FileAccess access);
+void expectFile(const std::string& path, FileAccess access, Expected when);
 
 /// Whether scopes that begin from now on do anything; returns the former setting. For benchmarks
 /// and tests that compare.

@@ -8,10 +8,15 @@
 namespace dg {
 
 /// `file`, answering from what is kept of `path` while a ReadAheadScope lives.
-std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path);
+std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path,
+                                    FileAccess access);
 
-/// A file that was expected and that a worker has opened; nothing when there is none.
+/// A file that needs no opening any more: a worker has opened it, or somebody has closed it within
+/// the scope in force. Nothing when there is none.
 std::unique_ptr<File> takeExpectedFile(const std::string& path, FileAccess access);
+
+/// Whether takeExpectedFile has a file for reading: it is there.
+bool isOpenAlready(const std::string& path);
 
 /// Whether files are the operating system's: what tests put in their place is for one thread.
 bool systemFilesInPlace();

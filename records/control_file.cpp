@@ -1,6 +1,7 @@
 #include "records/control_file.h"
 
 #include "engine/business_basic.h"
+#include "engine/logical_file.h"
 #include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/run_time_error.h"
@@ -14,6 +15,12 @@ namespace {
 constexpr std::int32_t kOptionBlock = 401;
 
 }  // namespace
+
+void expectStore() {
+  iExpectFile(files::kControlFile, FileAccess::kReadWrite, Expected::kSoon);
+  iExpectFile(files::kReceivablesSummary, FileAccess::kRead, Expected::kSoon);
+  iExpectStore();
+}
 
 std::string readControlBlock(std::int32_t block) {
   bool orb = true;

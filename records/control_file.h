@@ -5,6 +5,10 @@
 
 namespace dg {
 
+/// Tells that a load of the store begins: its control file, directories and data files will be
+/// asked for, and can be fetched meanwhile.
+void expectStore();
+
 /// Whether claims are billed by segment: the option that the shop jobs' load asks has the last
 /// word.
 inline constexpr std::int32_t kWarrantyOption = 317;

@@ -46,6 +46,8 @@ inline constexpr const char* kLedgerDetailIndex = "GLDTI";
 inline constexpr const char* kLedgerDetails = "GLDTL";
 /// The control file: a plain file of 512-byte blocks in the store directory, no logical file.
 inline constexpr const char* kControlFile = "FILE0";
+/// What the end-of-day run leaves in the store directory: balances by age, as lines of text.
+inline constexpr const char* kReceivablesSummary = "DARR.TRVN";
 }  // namespace files
 
 /// A record class as the tools offer it: its name, the files it is read from, how to make one.

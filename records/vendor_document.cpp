@@ -38,7 +38,7 @@ bool isDocumentName(const std::string& name) {
 }  // namespace
 
 void VendorDocument::expect(const std::string& name) {
-  if (isDocumentName(name)) iExpectFile(name);
+  if (isDocumentName(name)) iExpectFile(name, FileAccess::kReadWrite, Expected::kSoon);
 }
 
 std::optional<VendorDocument> VendorDocument::open(const std::string& name) {

@@ -172,6 +172,7 @@ void frmTRVN::loadSteps() {
     return;
   }
 
+  expectStore();
   fillStatusBar();
   lblStoreName.setCaption(GetStoreName());
   lblStoreName.Refresh();
@@ -272,6 +273,7 @@ void frmTRVN::refreshSteps() {
   if (currentView_ == nullptr) throw RunTimeError(kObjectNotSet);
   currentView_->Hide();
   splash().Show();
+  expectStore();
   unloadViews(kRefreshUnloads);
   releaseViews(kRefreshReleases);
   loadRecap();

@@ -124,8 +124,11 @@ std::unique_ptr<File> openOfType(const std::string& native, mode_t type, FileAcc
 class SystemFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
-    if (const std::optional<std::string> native = placeAsWritten(path)) {
+    if (std::optional<std::string> native = placeAsWritten(path)) {
+      errno = 0;
       if (std::unique_ptr<File> file = openAtOnce(*native, access)) return file;
+      // A load has listed the folder, or does so once: it tells of a name in other letters, too.
+      if (errno == ENOENT && isMissing(*native)) throw RunTimeError(kFileNotFound);
     }
     const Location location = locate(path);
     if (location.error != 0) throw RunTimeError(location.error);

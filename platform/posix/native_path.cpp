@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cstdlib>
 #include <dirent.h>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <sys/stat.h>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/environment.h"
@@ -176,9 +177,9 @@ bool isWithinShare(const std::string& real, const std::string& native) {
          liesBelow(real, realFolder(root));
 }
 
-/// The shares that were found to be reachable.
-std::set<std::string>& metShares() {
-  static std::set<std::string> shares;
+/// The shares that were found to be reachable: where each root, below its share root, stands.
+std::map<std::pair<std::string, std::string>, std::string>& metShares() {
+  static std::map<std::pair<std::string, std::string>, std::string> shares;
   return shares;
 }
 
@@ -226,6 +227,14 @@ std::optional<std::string> placeAsWritten(const std::string& path) {
   return real;
 }
 
+bool isMissing(const std::string& native) {
+  if (!knownPlaces().areKept) return false;
+  const std::size_t end = native.rfind('/');
+  const Listing& listing = listingOf(native.substr(0, end));
+  if (listing.empty()) return false;  // or it could not be listed
+  return !listing.contains(lowerCase(native.substr(end + 1)));
+}
+
 bool liesOnShare(const std::string& native) {
   const std::size_t end = native.rfind('/');
   const std::string folder = end == std::string::npos ? "." : native.substr(0, end + 1);
@@ -237,12 +246,14 @@ bool liesOnShare(const std::string& native) {
   const std::optional<std::string> realRoot = root.empty() ? std::nullopt : realPath(root);
   if (realRoot && *realRoot != "/" && liesBelow(*real, realRoot)) return true;
   return std::ranges::any_of(
-      metShares(), [&](const std::string& share) { return liesBelow(*real, realPath(share)); });
+      metShares(), [&](const auto& share) { return liesBelow(*real, realPath(share.second)); });
 }
 
 void noteShare(const std::string& root) {
+  std::pair<std::string, std::string> key(environment().shareRoot, root);
+  if (metShares().contains(key)) return;
   std::optional<std::string> native = nativePath(root);
-  if (native) metShares().insert(std::move(*native));
+  if (native) metShares().emplace(std::move(key), std::move(*native));
 }
 
 void keepPlaces(bool keep) {

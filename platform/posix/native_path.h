@@ -16,6 +16,10 @@ struct Location {
 /// folder nor below the share root.
 Location locate(const std::string& path);
 
+/// Whether a load has found that a folder which is there holds no such name, in whatever case.
+/// False where nothing is kept (see keepPlaces), and where the folder is not there.
+bool isMissing(const std::string& native);
+
 /// Whether a native path, there or not, lies on the share by where its folder really is: below the
 /// share root, or in a share that was found to be reachable. Nothing of ours is written there.
 bool liesOnShare(const std::string& native);

@@ -9,6 +9,7 @@
 #include "platform/text_file.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
+#include "records/file_names.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "shell/trap.h"
@@ -17,7 +18,6 @@ namespace dg {
 
 namespace {
 
-constexpr const char* kSummaryFile = "\\DARR.TRVN";
 constexpr std::string_view kBalanceMask = "$#,###,###.00";
 
 // What a line of the summary means goes by its number, counted from 1. The first is a heading.
@@ -81,7 +81,7 @@ void frmAR::GetAR() {
     grid->Refresh();
   }
   if (!SystemInfo) throw RunTimeError(kObjectNotSet);
-  const std::string path = SystemInfo->VLMRLNK() + kSummaryFile;
+  const std::string path = SystemInfo->VLMRLNK() + "\\" + files::kReceivablesSummary;
   if (!fileSystem().fileExists(path)) {
     // A store that has not had an end-of-day run yet: nothing to show, and no failure.
     grdARCur.setVisible(false);
