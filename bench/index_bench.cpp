@@ -68,13 +68,13 @@ enum class Reading { kKept, kDirect };
 class ReadingScope {
  public:
   explicit ReadingScope(Reading reading)
-      : formerSetting_(setReadAheadEnabled(reading == Reading::kKept)) {}
-  ~ReadingScope() { setReadAheadEnabled(formerSetting_); }
+      : former_(setReadAhead({.isEnabled = reading == Reading::kKept})) {}
+  ~ReadingScope() { setReadAhead(former_); }
   ReadingScope(const ReadingScope&) = delete;
   ReadingScope& operator=(const ReadingScope&) = delete;
 
  private:
-  bool formerSetting_;
+  ReadAheadSettings former_;
   ReadAheadScope scope_;
 };
 

@@ -171,9 +171,9 @@ class LoadBench {
 
  private:
   Measured load(bool keeping, microseconds roundTrip) {
-    const bool formerSetting = setReadAheadEnabled(keeping);
+    const ReadAheadSettings former = setReadAhead({.isEnabled = keeping});
     const Measured run = StoreSession(store_, sample_.asOf).load(roundTrip);
-    setReadAheadEnabled(formerSetting);
+    setReadAhead(former);
     return run;
   }
   /// As the desktop loads: the walks tell of the open work as well.

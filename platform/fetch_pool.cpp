@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/read_ahead.h"
+#include "platform/share_line.h"
 #include "platform/system_file.h"
 #include "platform/values/run_time_error.h"
 
@@ -21,9 +22,6 @@ namespace dg {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// What takes longer was no file of this machine's own.
-constexpr std::chrono::microseconds kNear(300);
 
 using read_ahead::kExtentSize;
 using read_ahead::kLongestRun;
@@ -70,6 +68,9 @@ FetchedRun fetch(const Task& task, std::int64_t& size) {
 }  // namespace
 
 struct FetchPool::Shared {
+  explicit Shared(std::shared_ptr<ShareLine> itsLine) : line(std::move(itsLine)) {}
+
+  std::shared_ptr<ShareLine> line;
   std::mutex mutex;
   std::condition_variable workCame;
   std::condition_variable taskDone;
@@ -79,7 +80,6 @@ struct FetchPool::Shared {
   std::size_t filesSoon = 0;   ///< tasks that are expected soon
   std::size_t workers = 0;
   std::size_t idle = 0;
-  bool isFar = false;  ///< some call took so long that many should be under way at once
   bool isOver = false;
 
   TaskPointer nextTask() const {
@@ -138,7 +138,7 @@ struct FetchPool::Shared {
 
   FetchedRun handOver(Tasks::iterator place, std::unique_lock<std::mutex>& lock) {
     const TaskPointer task = *place;
-    taskDone.wait(lock, [&] { return task->stage != Stage::kBegun; });
+    if (!line->wait(taskDone, lock, [&] { return task->stage != Stage::kBegun; })) return {};
     // While it waited the list may have changed, but nobody else takes.
     remove(std::ranges::find(tasks, task));
     if (task->file && !task->fetched.file) toClose.push_back(std::move(task->file));
@@ -173,9 +173,8 @@ void FetchPool::Shared::work() {
     std::int64_t size = 0;
     const auto begin = Clock::now();
     FetchedRun fetched = fetch(*task, size);
-    const bool wasFar = Clock::now() - begin > kNear;
+    line->note(Clock::now() - begin);
     lock.lock();
-    isFar = isFar || wasFar;
     if (std::ranges::find(tasks, task) == tasks.end()) {  // given up meanwhile
       if (fetched.file) toClose.push_back(std::move(fetched.file));
       if (task->file) toClose.push_back(std::move(task->file));
@@ -192,7 +191,8 @@ void FetchPool::Shared::work() {
   }
 }
 
-FetchPool::FetchPool() : shared_(std::make_shared<Shared>()) {}
+FetchPool::FetchPool(std::shared_ptr<ShareLine> line)
+    : shared_(std::make_shared<Shared>(std::move(line))) {}
 
 FetchPool::~FetchPool() {
   {
@@ -207,7 +207,7 @@ FetchPool::~FetchPool() {
 /// another thread takes longer than to do it: then there are no more workers than idle processors.
 void FetchPool::startWorkers() {
   const std::size_t most =
-      shared_->isFar
+      shared_->line->isFar()
           ? kWorkers
           : std::clamp<std::size_t>(std::thread::hardware_concurrency(), 2, kWorkers) - 1;
   const auto waiting =
@@ -223,13 +223,15 @@ void FetchPool::startWorkers() {
 }
 
 void FetchPool::expect(const std::string& path, FileAccess access, Expected when) {
-  const auto begin = Clock::now();
-  std::optional<std::string> native = placeAsWritten(path);
+  std::optional<std::string> native;
+  try {
+    native = shared_->line->call([path] { return placeAsWritten(path); });
+  } catch (const RunTimeError&) {
+    return;  // the line is silent
+  }
   if (!native) return;
-  const bool wasFar = Clock::now() - begin > kNear;
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
-    shared_->isFar = shared_->isFar || wasFar;
     if (shared_->find(path, 0) != shared_->tasks.end()) return;
     if (when == Expected::kSoon && shared_->filesSoon >= kMostFilesSoon) {
       shared_->giveUp(std::ranges::find(shared_->tasks, Expected::kSoon, &Task::when));

@@ -10,12 +10,14 @@
 
 namespace dg {
 
+class ShareLine;
+
 /// What a worker has read of a file in one go, and the file.
 struct FetchedRun {
-  std::shared_ptr<File> file;  ///< none when there is nothing
-  std::unique_ptr<char[]> bytes;
-  std::size_t length = 0;    ///< bytes that there were
-  std::size_t capacity = 0;  ///< bytes that were asked for: whole extents
+  std::shared_ptr<File> file;
+  std::unique_ptr<char[]> bytes;  ///< none when there is nothing
+  std::size_t length = 0;         ///< bytes that there were
+  std::size_t capacity = 0;       ///< bytes that were asked for: whole extents
 };
 
 /// A bounded pool of workers that opens files and reads them before they are asked for: runs of
@@ -24,7 +26,7 @@ struct FetchedRun {
 /// Whoever asks for a file does so in its own order: what a worker has, or is about to have, is
 /// handed over; what none has begun, or could not do, the one who asks does by itself and meets its
 /// error where it always was. The pool's end waits for no worker: one that hangs in a call of a
-/// share that does not answer drops what it gets.
+/// share that does not answer drops what it gets; to wait for it is given up as ShareLine has it.
 class FetchPool {
  public:
   static constexpr std::size_t kWorkers = 16;
@@ -34,7 +36,7 @@ class FetchPool {
   /// Files that are expected soon; beyond it the oldest is given up.
   static constexpr std::size_t kMostFilesSoon = 64;
 
-  FetchPool();
+  explicit FetchPool(std::shared_ptr<ShareLine> line);
   ~FetchPool();
   FetchPool(const FetchPool&) = delete;
   FetchPool& operator=(const FetchPool&) = delete;

@@ -26,17 +26,19 @@ class FrontFileSystem final : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, FileAccess access) override {
     try {
-      if (std::unique_ptr<File> expected = takeExpectedFile(path, access)) return expected;
-      return readAheadFile(inPlace().open(path, access), path, access);
+      return openReadAhead(inPlace(), path, access);
     } catch (const RunTimeError& error) {
       if (isSharePath(path)) noteUnopened(path, error);
       throw;
     }
   }
   bool fileExists(const std::string& path) override {
-    return isOpenAlready(path) || inPlace().fileExists(path);
+    return answerAhead(path, [](const std::string& file) { return inPlace().fileExists(file); });
   }
-  bool directoryExists(const std::string& path) override { return inPlace().directoryExists(path); }
+  bool directoryExists(const std::string& path) override {
+    return answerAhead(path,
+                       [](const std::string& folder) { return inPlace().directoryExists(folder); });
+  }
 
  private:
   static FileSystem& inPlace() {

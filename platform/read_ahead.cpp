@@ -2,104 +2,60 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <list>
-#include <new>
-#include <unordered_map>
+#include <thread>
 #include <unordered_set>
 #include <utility>
 
 #include "platform/fetch_pool.h"
+#include "platform/kept_extents.h"
 #include "platform/read_ahead_file.h"
+#include "platform/share_line.h"
+#include "platform/share_path.h"
 #include "platform/system_file.h"
-#include "platform/values/run_time_error.h"
 
 namespace dg {
 
 namespace {
 
-using namespace read_ahead;
-
-constexpr std::int64_t kExtent = kExtentSize;
-constexpr std::size_t kLongestRunExtents = kLongestRun / kExtentSize;
-
-class KeptFile;
-
-struct Free {
-  void operator()(char* bytes) const { std::free(bytes); }
-};
-using Bytes = std::unique_ptr<char, Free>;
-
-/// Bytes from the C heap, which gives back the end of a block without moving the rest: a run's
-/// length is known only when it has been read, and stores have thousands of files that are far
-/// shorter than an extent.
-Bytes resized(Bytes bytes, std::size_t size) {
-  char* const moved = static_cast<char*>(std::realloc(bytes.get(), std::max<std::size_t>(size, 1)));
-  if (moved == nullptr) throw std::bad_alloc();
-  static_cast<void>(bytes.release());
-  return Bytes(moved);
+ReadAheadSettings& settings() {
+  static ReadAheadSettings current;
+  return current;
 }
 
-/// Extents that one read fetched, one behind the other.
-struct Run {
-  KeptFile* file = nullptr;
-  std::int64_t firstExtent = 0;
-  std::size_t extents = 0;
-  Bytes bytes;
-  std::size_t length = 0;  ///< of bytes: less than the extents' when the file ends there
-
-  std::int64_t begin() const { return firstExtent * kExtent; }
-  /// Bytes there are from a position within the extents on.
-  std::size_t lengthFrom(std::int64_t position) const {
-    return length - std::min(length, static_cast<std::size_t>(position - begin()));
-  }
-  bool isCutShort() const { return length < extents * kExtentSize; }
-};
-
-/// The one used last in front.
-using RunList = std::list<Run>;
-
-/// What is known of one path.
-class KeptFile {
+/// Files that were closed within a scope, and need not be opened again.
+class ParkedFiles {
  public:
-  const std::string* path = nullptr;                         ///< the keeper's own
-  bool isReopened = false;                                   ///< after somebody had closed it
-  std::unordered_map<std::int64_t, RunList::iterator> runs;  ///< by the number of each extent
-  std::unordered_set<std::int64_t> unreadable;               ///< extents that are read as asked
-};
-
-/// All that a scope keeps.
-class Keeper {
- public:
-  explicit Keeper(std::uint64_t id) : id_(id) {}
-  ~Keeper() {
-    for (Parked& file : parked_)
-      pool_.close(std::move(file.file));
+  std::shared_ptr<File> take(const std::string& path, FileAccess access) {
+    const auto place = std::ranges::find_if(
+        files_, [&](const Parked& file) { return file.path == path && file.access == access; });
+    if (place == files_.end()) return nullptr;
+    std::shared_ptr<File> file = std::move(place->file);
+    files_.erase(place);
+    reopened_.insert(path);
+    return file;
   }
-  Keeper(const Keeper&) = delete;
-  Keeper& operator=(const Keeper&) = delete;
-
-  /// Tells one scope's keeper from the next.
-  std::uint64_t id() const { return id_; }
-  KeptFile& keptFile(const std::string& path) {
-    const auto place = files_.try_emplace(path).first;
-    place->second.path = &place->first;
-    return place->second;
+  /// Returns one that is to be closed, in its place.
+  std::shared_ptr<File> park(const std::string& path, FileAccess access,
+                             std::shared_ptr<File> file) {
+    files_.push_back({path, access, std::move(file)});
+    if (files_.size() <= kMost) return nullptr;
+    // Thousands of documents are opened once each, some directories again and again.
+    auto last = std::ranges::find_if(
+        files_, [this](const Parked& each) { return !reopened_.contains(each.path); });
+    if (last == files_.end()) last = files_.begin();
+    std::shared_ptr<File> out = std::move(last->file);
+    files_.erase(last);
+    return out;
   }
-
-  std::size_t read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
-                   std::size_t count);
-  void forgetAll();
-
-  /// Unless something is known of the file already.
-  void expect(const std::string& path, FileAccess access, Expected when);
-  /// A file that needs no opening: one that was closed before, or that a worker has opened.
-  std::shared_ptr<File> takeFile(const std::string& path, FileAccess access);
-  /// Keeps a file that its user has closed for the next who opens it.
-  void park(const std::string& path, FileAccess access, std::shared_ptr<File> file);
-  /// Whether takeFile has it.
-  bool isOpen(const std::string& path, FileAccess access);
+  std::list<std::shared_ptr<File>> takeAll() {
+    std::list<std::shared_ptr<File>> all;
+    for (Parked& each : files_)
+      all.push_back(std::move(each.file));
+    files_.clear();
+    return all;
+  }
 
  private:
   struct Parked {
@@ -107,212 +63,101 @@ class Keeper {
     FileAccess access = FileAccess::kRead;
     std::shared_ptr<File> file;
   };
-  static constexpr std::size_t kMostParked = 32;
+  static constexpr std::size_t kMost = 32;
 
-  void add(Run run);
-  const Run* find(KeptFile& kept, std::int64_t extent);
-  const Run* fetch(KeptFile& kept, File& file, std::int64_t extent);
-  bool takeRun(KeptFile& kept, std::int64_t extent);
-  void keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched);
-  static std::size_t runLength(const KeptFile& kept, std::int64_t extent);
-  void makeRoom(std::size_t size);
-
-  std::uint64_t id_;
-  FetchPool pool_;
-  std::list<Parked> parked_;  ///< the one used last behind
-  std::unordered_map<std::string, KeptFile> files_;
-  RunList runs_;
-  std::size_t keptBytes_ = 0;
+  std::list<Parked> files_;  ///< the one used last behind
+  std::unordered_set<std::string> reopened_;
 };
 
-std::size_t Keeper::read(KeptFile& kept, File& file, std::int64_t offset, char* buffer,
-                         std::size_t count) {
-  std::size_t done = 0;
-  while (done < count) {
-    const std::int64_t position = offset + static_cast<std::int64_t>(done);
-    const std::int64_t extent = position / kExtent;
+/// What a scope has: kept bytes, files and the line.
+class Load {
+ public:
+  explicit Load(std::uint64_t id) : id_(id) {}
+  ~Load() { closeParked(); }
+  Load(const Load&) = delete;
+  Load& operator=(const Load&) = delete;
 
-    const Run* run = find(kept, extent);
-    const bool isKnown = run != nullptr;
-    if (!isKnown) run = fetch(kept, file, extent);
-    const std::size_t there = run == nullptr ? 0 : run->lengthFrom(position);
-    // The end that the file had when the run was fetched need not be its end now.
-    if (run == nullptr || (isKnown && there == 0)) {
-      return done + file.read(position, buffer + done, count - done);
-    }
-    const std::size_t wanted = std::min(count - done, there);
-    std::copy_n(run->bytes.get() + (position - run->begin()), wanted, buffer + done);
-    done += wanted;
-    if (wanted == there && run->isCutShort()) break;
-  }
-  return done;
-}
+  /// Tells one scope's load from the next.
+  std::uint64_t id() const { return id_; }
+  ShareLine& line() { return *line_; }
+  KeptExtents& kept() { return kept_; }
 
-const Run* Keeper::find(KeptFile& kept, std::int64_t extent) {
-  const auto found = kept.runs.find(extent);
-  if (found == kept.runs.end()) return nullptr;
-  runs_.splice(runs_.begin(), runs_, found->second);
-  return &*found->second;
-}
-
-/// Extents that the next read fetches: one, or twice those of the run that it goes on from, up to
-/// the next one that is kept.
-std::size_t Keeper::runLength(const KeptFile& kept, std::int64_t extent) {
-  const auto before = kept.runs.find(extent - 1);
-  if (before == kept.runs.end()) return 1;
-  const std::size_t most = std::min(2 * before->second->extents, kLongestRunExtents);
-  std::size_t length = 1;
-  while (length < most && !kept.runs.contains(extent + static_cast<std::int64_t>(length)))
-    ++length;
-  return length;
-}
-
-const Run* Keeper::fetch(KeptFile& kept, File& file, std::int64_t extent) {
-  if (kept.unreadable.contains(extent)) return nullptr;
-  if (takeRun(kept, extent)) {
-    if (const Run* taken = find(kept, extent)) return taken;
+  void forgetAll() {
+    kept_.forgetAll();
+    pool_.forgetAll();
+    closeParked();
   }
 
-  Run run;
-  run.file = &kept;
-  run.firstExtent = extent;
-  run.extents = runLength(kept, extent);
-  run.bytes = resized(nullptr, run.extents * kExtentSize);
-  try {
-    run.length = file.read(run.begin(), run.bytes.get(), run.extents * kExtentSize);
-  } catch (const RunTimeError&) {
-    kept.unreadable.insert(extent);
-    return nullptr;
+  /// Unless something is known of the file already.
+  void expect(const std::string& path, FileAccess access, Expected when) {
+    if (!kept_.knows(path)) pool_.expect(path, access, when);
   }
-  if (run.isCutShort()) run.bytes = resized(std::move(run.bytes), run.length);
-  add(std::move(run));
-  return &runs_.front();
-}
-
-/// Keeps what a worker has of the run that an extent lies in. False when there is nothing.
-bool Keeper::takeRun(KeptFile& kept, std::int64_t extent) {
-  const std::int64_t begin =
-      extent * kExtent / std::int64_t{kLongestRun} * std::int64_t{kLongestRun};
-  FetchedRun fetched = pool_.takeRun(*kept.path, begin);
-  if (!fetched.file) return false;
-  keep(kept, begin, fetched);
-  pool_.close(std::move(fetched.file));
-  return true;
-}
-
-void Keeper::add(Run run) {
-  KeptFile& kept = *run.file;
-  makeRoom(run.length);
-  runs_.push_front(std::move(run));
-  const RunList::iterator added = runs_.begin();
-  keptBytes_ += added->length;
-  for (std::size_t i = 0; i < added->extents; ++i)
-    kept.runs[added->firstExtent + static_cast<std::int64_t>(i)] = added;
-}
-
-/// Extents of which something is known already stay as they were first seen.
-void Keeper::keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched) {
-  const std::int64_t first = begin / kExtent;
-  const std::size_t extents = fetched.capacity / kExtentSize;
-  for (std::size_t i = 0; i < extents; ++i) {
-    if (kept.runs.contains(first + static_cast<std::int64_t>(i))) return;
+  FetchedRun takeRun(const std::string& path, std::int64_t begin) {
+    return pool_.takeRun(path, begin);
   }
-  Run run;
-  run.file = &kept;
-  run.firstExtent = first;
-  run.extents = extents;
-  run.length = fetched.length;
-  run.bytes = resized(nullptr, run.length);
-  std::copy_n(fetched.bytes.get(), run.length, run.bytes.get());
-  add(std::move(run));
-}
-
-void Keeper::expect(const std::string& path, FileAccess access, Expected when) {
-  const auto known = files_.find(path);
-  if (known == files_.end() || known->second.runs.empty()) pool_.expect(path, access, when);
-}
-
-std::shared_ptr<File> Keeper::takeFile(const std::string& path, FileAccess access) {
-  const auto parked = std::ranges::find_if(
-      parked_, [&](const Parked& file) { return file.path == path && file.access == access; });
-  if (parked != parked_.end()) {
-    std::shared_ptr<File> file = std::move(parked->file);
-    parked_.erase(parked);
-    keptFile(path).isReopened = true;
-    return file;
+  /// A file that needs no opening: one that was closed before, or that a worker has opened.
+  std::shared_ptr<File> takeFile(const std::string& path, FileAccess access) {
+    if (std::shared_ptr<File> file = parked_.take(path, access)) return file;
+    FetchedRun fetched = pool_.takeFile(path, access);
+    if (fetched.file) kept_.keep(kept_.file(path), 0, fetched);
+    return std::move(fetched.file);
   }
-  FetchedRun fetched = pool_.takeFile(path, access);
-  if (fetched.file) keep(keptFile(path), 0, fetched);
-  return std::move(fetched.file);
-}
-
-void Keeper::park(const std::string& path, FileAccess access, std::shared_ptr<File> file) {
-  parked_.push_back({path, access, std::move(file)});
-  if (parked_.size() <= kMostParked) return;
-  // Thousands of documents are opened once each, some directories again and again.
-  const auto isUsedOnce = [&](const Parked& each) { return !keptFile(each.path).isReopened; };
-  auto last = std::ranges::find_if(parked_, isUsedOnce);
-  if (last == parked_.end()) last = parked_.begin();
-  pool_.close(std::move(last->file));
-  parked_.erase(last);
-}
-
-bool Keeper::isOpen(const std::string& path, FileAccess access) {
-  std::shared_ptr<File> file = takeFile(path, access);
-  if (!file) return false;
-  park(path, access, std::move(file));
-  return true;
-}
-
-void Keeper::makeRoom(std::size_t size) {
-  while (!runs_.empty() && keptBytes_ + size > kMostKept) {
-    const Run& oldest = runs_.back();
-    for (std::size_t i = 0; i < oldest.extents; ++i)
-      oldest.file->runs.erase(oldest.firstExtent + static_cast<std::int64_t>(i));
-    keptBytes_ -= oldest.length;
-    runs_.pop_back();
+  /// Keeps a file that its user has closed for the next who opens it.
+  void park(const std::string& path, FileAccess access, std::shared_ptr<File> file) {
+    close(parked_.park(path, access, std::move(file)));
   }
-}
-
-void Keeper::forgetAll() {
-  for (auto& [path, file] : files_) {
-    file.runs.clear();
-    file.unreadable.clear();
+  void close(std::shared_ptr<File> file) {
+    if (file) pool_.close(std::move(file));
   }
-  pool_.forgetAll();
-  for (Parked& file : parked_)
-    pool_.close(std::move(file.file));
-  parked_.clear();
-  runs_.clear();
-  keptBytes_ = 0;
-}
 
-/// The keeper of the scope in force; empty when there is none.
-std::unique_ptr<Keeper>& keeper() {
-  static std::unique_ptr<Keeper> current;
+ private:
+  void closeParked() {
+    for (std::shared_ptr<File>& file : parked_.takeAll())
+      close(std::move(file));
+  }
+
+  std::uint64_t id_;
+  std::shared_ptr<ShareLine> line_ =
+      std::make_shared<ShareLine>(settings().near, settings().patience);
+  FetchPool pool_{line_};
+  ParkedFiles parked_;
+  KeptExtents kept_;
+};
+
+/// That of the scope in force; empty when there is none.
+std::unique_ptr<Load>& load() {
+  static std::unique_ptr<Load> current;
   return current;
 }
 
-bool enabled = true;
+/// Whether the last load's share gave no answer: to close a file of it may take for ever.
+bool wasSilent = false;
 
-class ReadAheadFile final : public File {
+class ReadAheadFile final : public File, private ExtentSource {
  public:
   ReadAheadFile(std::shared_ptr<File> file, std::string path, FileAccess access)
       : file_(std::move(file)), path_(std::move(path)), access_(access) {}
   ~ReadAheadFile() override {
     // One that failed may do better when it is opened anew.
-    if (canExpectFiles() && !hasFailed_) keeper()->park(path_, access_, std::move(file_));
+    if (canExpectFiles()) {
+      if (hasFailed_) {
+        load()->close(std::move(file_));
+      } else {
+        load()->park(path_, access_, std::move(file_));
+      }
+    } else if (wasSilent && isOnShare_) {
+      closeAside();
+    }
   }
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
-    Keeper* const current = keeper().get();
     const bool isInRange =
-        offset >= 0 && std::cmp_less_equal(count, std::numeric_limits<std::int64_t>::max() -
-                                                      offset - std::int64_t{kLongestRun});
+        offset >= 0 &&
+        std::cmp_less_equal(count, std::numeric_limits<std::int64_t>::max() - offset -
+                                       std::int64_t{read_ahead::kLongestRun});
     hasFailed_ = true;  // unless it comes back
-    const std::size_t done = current == nullptr || !isInRange
-                                 ? file_->read(offset, buffer, count)
-                                 : readKept(*current, offset, buffer, count);
+    const std::size_t done =
+        load() && isInRange ? readKept(offset, buffer, count) : readDirectly(offset, buffer, count);
     hasFailed_ = false;
     return done;
   }
@@ -323,70 +168,120 @@ class ReadAheadFile final : public File {
     file_->write(offset, data);
   }
 
-  std::int64_t size() override { return file_->size(); }
+  std::int64_t size() override {
+    if (!isAttended()) return file_->size();
+    return load()->line().call([file = file_] { return file->size(); });
+  }
 
  private:
-  std::size_t readKept(Keeper& current, std::int64_t offset, char* buffer, std::size_t count) {
-    if (keeperId_ != current.id()) {
-      kept_ = &current.keptFile(path_);
-      keeperId_ = current.id();
+  bool isAttended() const { return isOnShare_ && canExpectFiles(); }
+
+  std::size_t readKept(std::int64_t offset, char* buffer, std::size_t count) {
+    if (loadId_ != load()->id()) {
+      kept_ = &load()->kept().file(path_);
+      loadId_ = load()->id();
     }
-    return current.read(*kept_, *file_, offset, buffer, count);
+    return load()->kept().read(*kept_, *this, offset, buffer, count);
+  }
+
+  std::size_t readDirectly(std::int64_t offset, char* buffer, std::size_t count) override {
+    if (!isAttended()) return file_->read(offset, buffer, count);
+    ShareLine& line = load()->line();
+    if (!line.isFar()) return line.call([&] { return file_->read(offset, buffer, count); });
+    const std::string bytes = line.call([file = file_, offset, count] {
+      std::string read(count, '\0');
+      read.resize(file->read(offset, read.data(), count));
+      return read;
+    });
+    std::ranges::copy(bytes, buffer);
+    return bytes.size();
+  }
+
+  FetchedRun takeRun(std::int64_t begin) override {
+    if (!canExpectFiles()) return {};
+    FetchedRun fetched = load()->takeRun(path_, begin);
+    load()->close(std::move(fetched.file));
+    return fetched;
+  }
+
+  void closeAside() {
+    try {
+      std::thread([file = std::move(file_)]() mutable { file.reset(); }).detach();
+    } catch (const std::system_error&) {  // NOLINT(bugprone-empty-catch): then here
+    }
   }
 
   std::shared_ptr<File> file_;
   std::string path_;
   FileAccess access_;
+  bool isOnShare_ = isSharePath(path_);
   bool hasFailed_ = false;    ///< its last read
-  KeptFile* kept_ = nullptr;  ///< of the keeper with keeperId_
-  std::uint64_t keeperId_ = 0;
+  KeptFile* kept_ = nullptr;  ///< of the load with loadId_
+  std::uint64_t loadId_ = 0;
 };
+
+/// A question about a path, or its opening, by the system's files.
+template <class Ask>
+auto attended(const std::string& path, Ask ask) {
+  if (!canExpectFiles() || !isSharePath(path)) return ask();
+  return load()->line().call(std::move(ask));
+}
 
 }  // namespace
 
-ReadAheadScope::ReadAheadScope() : isOutermost_(enabled && !keeper()) {
+ReadAheadScope::ReadAheadScope() : isOutermost_(settings().isEnabled && !load()) {
   static std::uint64_t lastId = 0;
   if (!isOutermost_) return;
-  keeper() = std::make_unique<Keeper>(++lastId);
+  load() = std::make_unique<Load>(++lastId);
   keepPlaces(true);
 }
 
 ReadAheadScope::~ReadAheadScope() {
   if (!isOutermost_) return;
+  wasSilent = load()->line().isSilent();
   keepPlaces(false);
-  keeper().reset();
+  load().reset();
 }
 
-bool setReadAheadEnabled(bool newSetting) {
-  return std::exchange(enabled, newSetting);
+ReadAheadSettings setReadAhead(const ReadAheadSettings& newSettings) {
+  return std::exchange(settings(), newSettings);
 }
 
-std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path,
-                                    FileAccess access) {
-  return std::make_unique<ReadAheadFile>(std::move(file), std::move(path), access);
-}
-
-std::unique_ptr<File> takeExpectedFile(const std::string& path, FileAccess access) {
-  if (!canExpectFiles()) return nullptr;
-  std::shared_ptr<File> file = keeper()->takeFile(path, access);
-  if (!file) return nullptr;
+std::unique_ptr<File> openReadAhead(FileSystem& files, const std::string& path, FileAccess access) {
+  if (canExpectFiles()) {
+    if (std::shared_ptr<File> file = load()->takeFile(path, access)) {
+      return std::make_unique<ReadAheadFile>(std::move(file), path, access);
+    }
+  }
+  std::shared_ptr<File> file = attended(
+      path, [&files, path, access] { return std::shared_ptr<File>(files.open(path, access)); });
   return std::make_unique<ReadAheadFile>(std::move(file), path, access);
 }
 
-bool isOpenAlready(const std::string& path) {
-  return canExpectFiles() && keeper()->isOpen(path, FileAccess::kRead);
+bool answerAhead(const std::string& path, const std::function<bool(const std::string&)>& ask) {
+  if (canExpectFiles()) {
+    if (std::shared_ptr<File> file = load()->takeFile(path, FileAccess::kRead)) {
+      load()->park(path, FileAccess::kRead, std::move(file));
+      return true;
+    }
+  }
+  try {
+    return attended(path, [path, ask] { return ask(path); });
+  } catch (const RunTimeError&) {
+    return false;  // the line is silent
+  }
 }
 
 bool canExpectFiles() {
-  return keeper() != nullptr && systemFilesInPlace();
+  return load() != nullptr && systemFilesInPlace();
 }
 
 void expectFile(const std::string& path, FileAccess access, Expected when) {
-  if (canExpectFiles()) keeper()->expect(path, access, when);
+  if (canExpectFiles()) load()->expect(path, access, when);
 }
 
 void forgetKeptBytes() {
-  if (keeper()) keeper()->forgetAll();
+  if (load()) load()->forgetAll();
 }
 
 }  // namespace dg

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
 #include "platform/file.h"
+#include "platform/patience.h"
 
 namespace dg {
 
@@ -56,8 +58,16 @@ bool canExpectFiles();
 /// time. Whoever opens it gets what it would have got by itself, errors too.
 void expectFile(const std::string& path, FileAccess access, Expected when);
 
-/// Whether scopes that begin from now on do anything; returns the former setting. For benchmarks
-/// and tests that compare.
-bool setReadAheadEnabled(bool enabled);
+/// How scopes behave that begin from now on. For benchmarks and tests that compare.
+struct ReadAheadSettings {
+  bool isEnabled = true;
+  /// A share whose answers take longer is far: many calls are under way at once, and whoever waits
+  /// for one can give it up.
+  std::chrono::microseconds near{300};
+  /// How long an answer of a far share is waited for.
+  std::chrono::milliseconds patience = kPatience;
+};
+/// Returns the former.
+ReadAheadSettings setReadAhead(const ReadAheadSettings& settings);
 
 }  // namespace dg

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -7,16 +8,12 @@
 
 namespace dg {
 
-/// `file`, answering from what is kept of `path` while a ReadAheadScope lives.
-std::unique_ptr<File> readAheadFile(std::unique_ptr<File> file, std::string path,
-                                    FileAccess access);
+/// Opens a file that answers from what is kept of its path while a ReadAheadScope lives; one that
+/// needs no opening within the scope in force is not opened again.
+std::unique_ptr<File> openReadAhead(FileSystem& files, const std::string& path, FileAccess access);
 
-/// A file that needs no opening any more: a worker has opened it, or somebody has closed it within
-/// the scope in force. Nothing when there is none.
-std::unique_ptr<File> takeExpectedFile(const std::string& path, FileAccess access);
-
-/// Whether takeExpectedFile has a file for reading: it is there.
-bool isOpenAlready(const std::string& path);
+/// Whether something is there: a file that needs no opening is, for others `ask` answers.
+bool answerAhead(const std::string& path, const std::function<bool(const std::string&)>& ask);
 
 /// Whether files are the operating system's: what tests put in their place is for one thread.
 bool systemFilesInPlace();

@@ -1,11 +1,18 @@
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
 #include <gtest/gtest.h>
+#include <limits>
 #include <memory>
+#include <mutex>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <utility>
 
+#include "platform/environment.h"
 #include "platform/file.h"
+#include "platform/file_call.h"
 #include "platform/read_ahead.h"
 #include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
@@ -246,8 +253,11 @@ struct Reports {
   std::uint64_t calls = 0;
 };
 
-Reports reportsOf(const std::string& store, bool enabled) {
-  const bool former = setReadAheadEnabled(enabled);
+constexpr std::chrono::microseconds kEveryLineIsFar(-1);
+constexpr std::chrono::microseconds kNoLineIsFar = std::chrono::hours(1);
+
+Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
+  const ReadAheadSettings former = setReadAhead(settings);
   Reports reports;
   std::ostringstream unused;
   const Console console{unused, unused};
@@ -270,8 +280,95 @@ Reports reportsOf(const std::string& store, bool enabled) {
     session.refresh();
     reports.refreshed = report();
   }
-  setReadAheadEnabled(former);
+  setReadAhead(former);
   return reports;
+}
+
+/// A line that answers so many calls and no further ones, until its end. The thread that made it is
+/// always answered: it asks for the workstation's own files.
+class SilentLine {
+ public:
+  explicit SilentLine(int answers) {
+    left() = answers;
+    workstation() = std::this_thread::get_id();
+    former_ = watchFileCalls([](FileCall) { call(); });
+  }
+  ~SilentLine() {
+    watchFileCalls(former_);
+    const std::lock_guard<std::mutex> lock(mutex());
+    left() = std::numeric_limits<int>::max();
+    over().notify_all();
+  }
+  SilentLine(const SilentLine&) = delete;
+  SilentLine& operator=(const SilentLine&) = delete;
+
+ private:
+  static void call() {
+    if (std::this_thread::get_id() == workstation()) return;
+    std::unique_lock<std::mutex> lock(mutex());
+    if (left() > 0) --left();
+    over().wait(lock, [] { return left() > 0; });
+  }
+  static int& left() {
+    static int calls = 0;
+    return calls;
+  }
+  static std::thread::id& workstation() {
+    static std::thread::id one;
+    return one;
+  }
+  static std::mutex& mutex() {
+    static std::mutex one;
+    return one;
+  }
+  static std::condition_variable& over() {
+    static std::condition_variable one;
+    return one;
+  }
+  FileCallWatcher former_;
+};
+
+TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
+  if (!test::NetworkFolder::isPossible()) GTEST_SKIP() << "no folder can stand for the network";
+  const TemporaryFolder folder;
+  const std::string store = folder.file("store");
+  writeSampleStore(store, {});
+  const EnvironmentScope environment;
+  const test::NetworkFolder network(store + "/share");
+  const ReadAheadSettings former =
+      setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::milliseconds(100)});
+  std::ostringstream unused;
+  const Console console{unused, unused};
+  StoreOptions options;
+  options.store = store;
+  options.computer = "127.0.0.1";
+  options.noLog = true;
+  Session session(options, console);
+  frmTRVN& main = session.load(viewCatalogue(), {});
+  ASSERT_EQ(main.lostShare(), "");
+  for (const int answers : {0, 1, 2, 5, 10, 20, 40, 80}) {
+    {
+      const SilentLine line(answers);
+      session.refresh();
+      EXPECT_NE(main.lostShare(), "") << answers;
+    }
+    session.refresh();
+    EXPECT_EQ(main.lostShare(), "") << answers;
+  }
+  int asked = 0;
+  const WhileWaiting formerAsked = setWhileWaiting([&asked](std::chrono::milliseconds) {
+    ++asked;
+    return false;
+  });
+  setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::hours(1)});
+  {
+    const SilentLine line(10);
+    session.refresh();
+    EXPECT_NE(main.lostShare(), "");
+    EXPECT_GT(asked, 0);
+  }
+  setWhileWaiting(formerAsked);
+  setReadAhead(former);
 }
 
 TEST(ReadAheadLoad, GivesTheSameReportsWithFarFewerReads) {
@@ -281,12 +378,14 @@ TEST(ReadAheadLoad, GivesTheSameReportsWithFarFewerReads) {
   writeSampleStore(store, {});
   const EnvironmentScope environment;
   const test::NetworkFolder network(store + "/share");
-  const Reports keeping = reportsOf(store, true);
-  const Reports direct = reportsOf(store, false);
-  EXPECT_GT(keeping.loaded.size(), 10'000u);
-  EXPECT_TRUE(keeping.loaded == direct.loaded);
-  EXPECT_TRUE(keeping.refreshed == direct.refreshed);
-  EXPECT_LT(keeping.calls * 10, direct.calls);
+  const Reports direct = reportsOf(store, {.isEnabled = false});
+  EXPECT_GT(direct.loaded.size(), 10'000u);
+  for (const auto near : {kNoLineIsFar, kEveryLineIsFar}) {
+    const Reports keeping = reportsOf(store, {.near = near});
+    EXPECT_TRUE(keeping.loaded == direct.loaded);
+    EXPECT_TRUE(keeping.refreshed == direct.refreshed);
+    EXPECT_LT(keeping.calls * 10, direct.calls);
+  }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <dirent.h>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <sys/stat.h>
 #include <unordered_map>
@@ -48,10 +49,13 @@ std::string foldedName(const std::string& name) {
 /// in byte order, so that no answer depends on the folder's own order.
 using Listing = std::unordered_map<std::string, std::string>;
 
-/// What a load has learnt of the share's folders; a folder of documents may hold thousands.
+/// What a load has learnt of the share's folders; a folder of documents may hold thousands. A call
+/// that a load has given up may still come to it, so it has a mutex, which nobody holds during a
+/// system call.
 struct KnownPlaces {
+  std::mutex mutex;
   bool areKept = false;
-  std::unordered_map<std::string, Listing> listings;
+  std::unordered_map<std::string, std::shared_ptr<const Listing>> listings;
   std::unordered_map<std::string, std::string> realFolders;
 };
 
@@ -60,35 +64,39 @@ KnownPlaces& knownPlaces() {
   return places;
 }
 
-Listing readListing(const std::string& folder) {
+std::shared_ptr<const Listing> readListing(const std::string& folder) {
   struct Closer {
     void operator()(DIR* open) const { ::closedir(open); }
   };
   const std::unique_ptr<DIR, Closer> open(::opendir(folder.c_str()));
   noteFileCall(FileCall::kQuestion);
-  Listing listing;
+  auto listing = std::make_shared<Listing>();
   if (!open) return listing;
   while (const dirent* entry = ::readdir(open.get())) {
     const std::string name = entry->d_name;
-    const auto [place, isNew] = listing.try_emplace(foldedName(name), name);
+    const auto [place, isNew] = listing->try_emplace(foldedName(name), name);
     if (!isNew && name < place->second) place->second = name;
   }
   return listing;
 }
 
-const Listing& listingOf(const std::string& folder) {
-  auto& listings = knownPlaces().listings;
-  if (!knownPlaces().areKept) listings.clear();
-  const auto [place, isNew] = listings.try_emplace(folder);
-  if (isNew) place->second = readListing(folder);
-  return place->second;
+std::shared_ptr<const Listing> listingOf(const std::string& folder) {
+  KnownPlaces& places = knownPlaces();
+  {
+    const std::lock_guard<std::mutex> lock(places.mutex);
+    const auto known = places.listings.find(folder);
+    if (known != places.listings.end()) return known->second;
+  }
+  std::shared_ptr<const Listing> listing = readListing(folder);
+  const std::lock_guard<std::mutex> lock(places.mutex);
+  return places.areKept ? places.listings.try_emplace(folder, listing).first->second : listing;
 }
 
 /// The folder's entry of that name without regard to case, or the name itself when there is none.
 std::string entryIgnoringCase(const std::string& folder, const std::string& name) {
-  const Listing& listing = listingOf(folder);
-  const auto found = listing.find(lowerCase(name));
-  return found == listing.end() ? name : found->second;
+  const std::shared_ptr<const Listing> listing = listingOf(folder);
+  const auto found = listing->find(lowerCase(name));
+  return found == listing->end() ? name : found->second;
 }
 
 std::string joined(const std::string& root, const std::vector<std::string>& names) {
@@ -115,17 +123,17 @@ Entry resolveNames(const std::string& root, const std::vector<std::string>& name
 }
 
 /// The names of a share's path, where there are shares at all.
-std::optional<std::vector<std::string>> namesBelowRoot(const std::string& path) {
-  const std::string& root = environment().shareRoot;
+std::optional<std::vector<std::string>> namesBelowRoot(const std::string& root,
+                                                       const std::string& path) {
   if (root.empty() || root.find('\0') != std::string::npos) return std::nullopt;
   return sharePathNames(path);
 }
 
 /// Where a path of a share leads to.
-std::optional<Entry> shareEntry(const std::string& path) {
-  const std::optional<std::vector<std::string>> names = namesBelowRoot(path);
+std::optional<Entry> shareEntry(const std::string& root, const std::string& path) {
+  const std::optional<std::vector<std::string>> names = namesBelowRoot(root, path);
   if (!names) return std::nullopt;
-  return resolveNames(environment().shareRoot, *names);
+  return resolveNames(root, *names);
 }
 
 std::optional<std::string> realPath(const std::string& native) {
@@ -137,12 +145,15 @@ std::optional<std::string> realPath(const std::string& native) {
 }
 
 std::optional<std::string> realFolder(const std::string& native) {
-  auto& folders = knownPlaces().realFolders;
-  if (!knownPlaces().areKept) folders.clear();
-  const auto known = folders.find(native);
-  if (known != folders.end()) return known->second;
-  const std::optional<std::string> real = realPath(native);
-  if (real) folders.emplace(native, *real);
+  KnownPlaces& places = knownPlaces();
+  {
+    const std::lock_guard<std::mutex> lock(places.mutex);
+    const auto known = places.realFolders.find(native);
+    if (known != places.realFolders.end()) return known->second;
+  }
+  std::optional<std::string> real = realPath(native);
+  const std::lock_guard<std::mutex> lock(places.mutex);
+  if (real && places.areKept) places.realFolders.emplace(native, *real);
   return real;
 }
 
@@ -171,13 +182,13 @@ std::string shareFolder(const std::string& native, const std::string& root) {
 }
 
 /// Whether the real path of what stands at `native` has not left the share.
-bool isWithinShare(const std::string& real, const std::string& native) {
-  const std::string& root = environment().shareRoot;
+bool isWithinShare(const std::string& real, const std::string& native, const std::string& root) {
   return liesBelow(real, realFolder(shareFolder(native, root))) ||
          liesBelow(real, realFolder(root));
 }
 
-/// The shares that were found to be reachable: where each root, below its share root, stands.
+/// The shares that were found to be reachable: where each root, below its share root, really lies.
+/// It is asked once: a share that no longer answers must not hold up a line of the log.
 std::map<std::pair<std::string, std::string>, std::string>& metShares() {
   static std::map<std::pair<std::string, std::string>, std::string> shares;
   return shares;
@@ -188,7 +199,7 @@ std::map<std::pair<std::string, std::string>, std::string>& metShares() {
 std::optional<std::string> nativePath(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
   if (isSharePath(path)) {
-    std::optional<Entry> entry = shareEntry(path);
+    std::optional<Entry> entry = shareEntry(environment().shareRoot, path);
     if (!entry) return std::nullopt;
     return std::move(entry->native);
   }
@@ -203,36 +214,42 @@ Location locate(const std::string& path) {
     if (!native) return {.native = {}, .error = kPathNotFound};
     return {.native = std::move(*native)};
   }
-  std::optional<Entry> entry = shareEntry(path);
+  // Of its own: a call that was given up outlives what changes.
+  const std::string root = environment().shareRoot;
+  std::optional<Entry> entry = shareEntry(root, path);
   if (!entry) return {.native = {}, .error = kPathNotFound};
 
   // The user's own folders lead to a share, and may do so through links; what lies in the share
   // is written by others.
   std::optional<std::string> real = realEntry(*entry);
   if (!real) return {.native = std::move(entry->native)};
-  if (!isWithinShare(*real, entry->native)) return {.native = {}, .error = kPermissionDenied};
+  if (!isWithinShare(*real, entry->native, root)) return {.native = {}, .error = kPermissionDenied};
   return {.native = std::move(*real), .type = S_ISLNK(entry->mode) ? 0 : entry->mode & S_IFMT};
 }
 
 std::optional<std::string> placeAsWritten(const std::string& path) {
   if (!isSharePath(path)) return std::nullopt;
-  const std::optional<std::vector<std::string>> names = namesBelowRoot(path);
+  const std::string root = environment().shareRoot;
+  const std::optional<std::vector<std::string>> names = namesBelowRoot(root, path);
   if (!names || names->empty()) return std::nullopt;
-  const std::string native = joined(environment().shareRoot, *names);
+  const std::string native = joined(root, *names);
   const std::size_t end = native.rfind('/');
   const std::optional<std::string> folder = realFolder(native.substr(0, end));
   if (!folder) return std::nullopt;
   std::string real = *folder + native.substr(end);
-  if (!isWithinShare(real, native)) return std::nullopt;
+  if (!isWithinShare(real, native, root)) return std::nullopt;
   return real;
 }
 
 bool isMissing(const std::string& native) {
-  if (!knownPlaces().areKept) return false;
+  {
+    const std::lock_guard<std::mutex> lock(knownPlaces().mutex);
+    if (!knownPlaces().areKept) return false;
+  }
   const std::size_t end = native.rfind('/');
-  const Listing& listing = listingOf(native.substr(0, end));
-  if (listing.empty()) return false;  // or it could not be listed
-  return !listing.contains(lowerCase(native.substr(end + 1)));
+  const std::shared_ptr<const Listing> listing = listingOf(native.substr(0, end));
+  if (listing->empty()) return false;  // or it could not be listed
+  return !listing->contains(lowerCase(native.substr(end + 1)));
 }
 
 bool liesOnShare(const std::string& native) {
@@ -245,19 +262,25 @@ bool liesOnShare(const std::string& native) {
   // been met.
   const std::optional<std::string> realRoot = root.empty() ? std::nullopt : realPath(root);
   if (realRoot && *realRoot != "/" && liesBelow(*real, realRoot)) return true;
-  return std::ranges::any_of(
-      metShares(), [&](const auto& share) { return liesBelow(*real, realPath(share.second)); });
+  return std::ranges::any_of(metShares(),
+                             [&](const auto& share) { return liesBelow(*real, share.second); });
 }
 
 void noteShare(const std::string& root) {
   std::pair<std::string, std::string> key(environment().shareRoot, root);
   if (metShares().contains(key)) return;
-  std::optional<std::string> native = nativePath(root);
-  if (native) metShares().emplace(std::move(key), std::move(*native));
+  const std::optional<std::string> native = nativePath(root);
+  if (!native) return;
+  std::optional<std::string> real = realPath(*native);
+  if (real) metShares().emplace(std::move(key), std::move(*real));
 }
 
 void keepPlaces(bool keep) {
-  knownPlaces() = {.areKept = keep, .listings = {}, .realFolders = {}};
+  KnownPlaces& places = knownPlaces();
+  const std::lock_guard<std::mutex> lock(places.mutex);
+  places.areKept = keep;
+  places.listings.clear();
+  places.realFolders.clear();
 }
 
 }  // namespace dg

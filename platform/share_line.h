@@ -1,0 +1,96 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <new>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "platform/patience.h"
+#include "platform/values/run_time_error.h"
+
+namespace dg {
+
+/// The line to the share, as a load finds it, and the calls that go over it.
+///
+/// A call of a share that does not answer cannot be ended. So once the line has shown itself to be
+/// far, calls are made on a thread of their own, and whoever waits for one can give it up: it goes on
+/// until the system ends it, and what it brings is dropped. From then on the line is silent, and
+/// every call fails at once.
+class ShareLine {
+ public:
+  /// An answer that takes longer than `near` makes the line a far one.
+  ShareLine(std::chrono::microseconds near, std::chrono::milliseconds patience);
+  ~ShareLine();
+  ShareLine(const ShareLine&) = delete;
+  ShareLine& operator=(const ShareLine&) = delete;
+
+  /// Also while no call has been answered yet.
+  bool isFar() const { return isFar_ || !isKnown_; }
+  bool isSilent() const { return isSilent_; }
+  /// Learns from an answer. On any thread.
+  void note(std::chrono::steady_clock::duration answer) {
+    if (answer > near_) isFar_ = true;
+    isKnown_ = true;
+  }
+  /// As waitPatiently; where that gives up, the line is silent.
+  bool wait(std::condition_variable& came, std::unique_lock<std::mutex>& lock,
+            const std::function<bool()>& isThere);
+
+  /// What `make` gives or raises; it must own all that it uses. Raises 57 on a silent line.
+  template <class Make>
+  std::invoke_result_t<Make> call(Make make) {
+    using Result = std::invoke_result_t<Make>;
+    if (isSilent_) throw RunTimeError(kDeviceIoError);
+    if (isKnown_ && !isFar_) {
+      const Timed timed(*this);
+      return make();
+    }
+    struct Answer {
+      std::optional<Result> result;
+      std::optional<RunTimeError> error;
+    };
+    auto answer = std::make_shared<Answer>();
+    // The first call finds out which kind of line it is, and may be the one that has no answer.
+    run([answer, make = std::move(make)]() mutable {
+      try {
+        answer->result.emplace(make());
+      } catch (const RunTimeError& error) {
+        answer->error.emplace(error);
+      } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): then there is neither
+      }
+    });
+    if (answer->error) throw *std::move(answer->error);
+    if (!answer->result) throw std::bad_alloc();
+    return *std::move(answer->result);
+  }
+
+ private:
+  class Timed {
+   public:
+    explicit Timed(ShareLine& line) : line_(line) {}
+    ~Timed() { line_.note(std::chrono::steady_clock::now() - begin_); }
+    Timed(const Timed&) = delete;
+    Timed& operator=(const Timed&) = delete;
+
+   private:
+    ShareLine& line_;
+    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+  };
+  struct Caller;
+
+  /// Raises 57 when the call is given up.
+  void run(std::function<void()> call);
+
+  std::chrono::microseconds near_;
+  std::chrono::milliseconds patience_;
+  std::atomic<bool> isKnown_ = false;
+  std::atomic<bool> isFar_ = false;
+  std::atomic<bool> isSilent_ = false;
+  std::shared_ptr<Caller> caller_;
+};
+
+}  // namespace dg
