@@ -34,8 +34,8 @@ bool KeptExtents::knows(const std::string& path) const {
   return known != files_.end() && !known->second.runs.empty();
 }
 
-std::size_t KeptExtents::read(KeptFile& kept, ExtentSource& source, std::int64_t offset, char* buffer,
-                         std::size_t count) {
+std::size_t KeptExtents::read(KeptFile& kept, ExtentSource& source, std::int64_t offset,
+                              char* buffer, std::size_t count) {
   std::size_t done = 0;
   while (done < count) {
     const std::int64_t position = offset + static_cast<std::int64_t>(done);

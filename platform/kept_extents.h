@@ -63,7 +63,8 @@ class KeptExtents {
   /// As File::read, out of what is kept where it can be.
   std::size_t read(KeptFile& kept, ExtentSource& source, std::int64_t offset, char* buffer,
                    std::size_t count);
-  /// Keeps what a worker has read. Extents of which something is known stay as they were first seen.
+  /// Keeps what a worker has read. Extents of which something is known stay as they were first
+  /// seen.
   void keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched);
   /// Forgets the bytes; references to files stay.
   void forgetAll();

@@ -17,8 +17,8 @@ namespace dg {
 /// The line to the share, as a load finds it, and the calls that go over it.
 ///
 /// A call of a share that does not answer cannot be ended. So once the line has shown itself to be
-/// far, calls are made on a thread of their own, and whoever waits for one can give it up: it goes on
-/// until the system ends it, and what it brings is dropped. From then on the line is silent, and
+/// far, calls are made on a thread of their own, and whoever waits for one can give it up: it goes
+/// on until the system ends it, and what it brings is dropped. From then on the line is silent, and
 /// every call fails at once.
 class ShareLine {
  public:

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include "desktop/grid/grid_view.h"
@@ -24,13 +25,16 @@
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/notice_strip.h"
+#include "desktop/window/share_waiting.h"
 #include "desktop/window/splash_window.h"
 #include "desktop/window/start_problem_page.h"
 #include "desktop/window/tree_panel.h"
 #include "desktop/window/view_stack.h"
+#include "platform/read_ahead.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "tests/desktop_session.h"
+#include "tests/support/silent_line.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/sample_store.h"
 
@@ -389,6 +393,23 @@ TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
   fs::rename(store / "share", store / "gone");
   session.form().menuClick("mfile", 0);
   EXPECT_TRUE(shownNotice(session.window()).contains("\\\\SRV1\\VLMRLNK\\")) << "the share's name";
+  session.end();
+}
+
+TEST(DesktopTroubleTest, ClosingTheWindowEndsALoadWhoseShareIsSilent) {
+  DesktopSession session;
+  session.start();
+  const ReadAheadSettings former =
+      setReadAhead({.near = std::chrono::microseconds(-1), .patience = std::chrono::hours(1)});
+  const ShareWaiting waiting;
+  {
+    const test::SilentLine line(10);
+    QTimer::singleShot(0, &session.window(), [&session] { session.window().close(); });
+    session.form().menuClick("mfile", 0);
+    EXPECT_NE(session.form().lostShare(), "");
+    EXPECT_TRUE(QTest::qWaitFor([&session] { return !session.window().isVisible(); }));
+  }
+  setReadAhead(former);
   session.end();
 }
 

@@ -1,23 +1,19 @@
 #include <algorithm>
 #include <chrono>
-#include <condition_variable>
 #include <gtest/gtest.h>
-#include <limits>
 #include <memory>
-#include <mutex>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <utility>
 
 #include "platform/environment.h"
 #include "platform/file.h"
-#include "platform/file_call.h"
 #include "platform/read_ahead.h"
 #include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
 #include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
+#include "tests/support/silent_line.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/dgtool/json_report.h"
 #include "tools/dgtool/session.h"
@@ -284,50 +280,6 @@ Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
   return reports;
 }
 
-/// A line that answers so many calls and no further ones, until its end. The thread that made it is
-/// always answered: it asks for the workstation's own files.
-class SilentLine {
- public:
-  explicit SilentLine(int answers) {
-    left() = answers;
-    workstation() = std::this_thread::get_id();
-    former_ = watchFileCalls([](FileCall) { call(); });
-  }
-  ~SilentLine() {
-    watchFileCalls(former_);
-    const std::lock_guard<std::mutex> lock(mutex());
-    left() = std::numeric_limits<int>::max();
-    over().notify_all();
-  }
-  SilentLine(const SilentLine&) = delete;
-  SilentLine& operator=(const SilentLine&) = delete;
-
- private:
-  static void call() {
-    if (std::this_thread::get_id() == workstation()) return;
-    std::unique_lock<std::mutex> lock(mutex());
-    if (left() > 0) --left();
-    over().wait(lock, [] { return left() > 0; });
-  }
-  static int& left() {
-    static int calls = 0;
-    return calls;
-  }
-  static std::thread::id& workstation() {
-    static std::thread::id one;
-    return one;
-  }
-  static std::mutex& mutex() {
-    static std::mutex one;
-    return one;
-  }
-  static std::condition_variable& over() {
-    static std::condition_variable one;
-    return one;
-  }
-  FileCallWatcher former_;
-};
-
 TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
   if (!test::NetworkFolder::isPossible()) GTEST_SKIP() << "no folder can stand for the network";
   const TemporaryFolder folder;
@@ -348,7 +300,7 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
   ASSERT_EQ(main.lostShare(), "");
   for (const int answers : {0, 1, 2, 5, 10, 20, 40, 80}) {
     {
-      const SilentLine line(answers);
+      const test::SilentLine line(answers);
       session.refresh();
       EXPECT_NE(main.lostShare(), "") << answers;
     }
@@ -362,7 +314,7 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
   });
   setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::hours(1)});
   {
-    const SilentLine line(10);
+    const test::SilentLine line(10);
     session.refresh();
     EXPECT_NE(main.lostShare(), "");
     EXPECT_GT(asked, 0);

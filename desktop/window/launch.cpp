@@ -12,6 +12,7 @@
 #include "desktop/window/main_window.h"
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/resources.h"
+#include "desktop/window/share_waiting.h"
 #include "desktop/window/shutdown_signals.h"
 #include "platform/out_of_memory.h"
 #include "shell/main.h"
@@ -120,6 +121,7 @@ void endProgram(const DesktopPresenter& presenter) {
     QApplication::closeAllWindows();
     return;
   }
+  ShareWaiting::wishEnd();
   if (onTop != nullptr) onTop->close();
   constexpr int kPause = 100;
   QTimer::singleShot(kPause, qApp, [&presenter] { endProgram(presenter); });
@@ -143,6 +145,7 @@ int runDesktop(int argc, char** argv) {
   surroundings.useMessageBoxes(&showMessageBox);
   DesktopPresenter presenter;
   surroundings.usePresenter(&presenter);
+  const ShareWaiting waiting;
   const ShutdownSignals signals;
   QObject::connect(&signals, &ShutdownSignals::requested, application.get(),
                    [&presenter] { endProgram(presenter); });

@@ -24,6 +24,7 @@
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/notice_strip.h"
 #include "desktop/window/platform_help.h"
+#include "desktop/window/share_waiting.h"
 #include "desktop/window/start_problem_page.h"
 #include "desktop/window/status_panes.h"
 #include "desktop/window/text.h"
@@ -148,11 +149,9 @@ void MainWindow::connectForm() {
     showNotices();
     views_->tellToday();
     // The load counts as running until its listeners have been told.
-    QTimer::singleShot(0, this, [this] { views_->keeper().keepDay(); });
+    QTimer::singleShot(0, this, &MainWindow::afterLoad);
   });
-  if (form_.CurrentView() != nullptr) {
-    QTimer::singleShot(0, this, [this] { views_->keeper().keepDay(); });
-  }
+  if (form_.CurrentView() != nullptr) QTimer::singleShot(0, this, &MainWindow::afterLoad);
   logFailed_ = logFailed().connect([this] { showNotices(); });
   showNotices();
   showStartProblem();
@@ -179,6 +178,11 @@ void MainWindow::connectForm() {
 void MainWindow::pick(const QString& menu, int index) {
   if (form_.loading()) return;
   form_.menuClick(menu.toStdString(), index);
+}
+
+void MainWindow::afterLoad() {
+  views_->keeper().keepDay();
+  if (ShareWaiting::isEndWished()) close();
 }
 
 void MainWindow::showNotices() {
@@ -278,9 +282,12 @@ void MainWindow::showHelp() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (form_.loading()) {
+    // What the load is at still belongs to it; it ends soon, and the window with it.
+    ShareWaiting::wishEnd();
     event->ignore();
     return;
   }
+  ShareWaiting::wishEnd(false);
   UserSettings::saveWindow(*this, kMemory);
   UserSettings::setState(kSplitterMemory, splitter_->saveState());
   if (help_ != nullptr) help_->close();

@@ -54,6 +54,7 @@ class MainWindow : public QMainWindow {
   void showHelp();
   void find();
   void print();
+  void afterLoad();
   void showNotices();
   void showStartProblem();
 
