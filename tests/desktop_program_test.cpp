@@ -131,7 +131,7 @@ TEST_F(DesktopProgramTest, RefreshShowsTheSplashAndCannotStartTwice) {
   });
   QTest::keyClick(&session_.window(), Qt::Key_F5);
   EXPECT_TRUE(splashSeen);
-  EXPECT_TRUE(session_.window().isVisible()) << "a load cannot be closed away";
+  EXPECT_TRUE(session_.window().isVisible()) << "it closes when the load has ended";
   EXPECT_EQ(session_.page().objectName(), "frmRecap");
   EXPECT_EQ(session_.window().tree().currentItem()->text(0), "Parts") << "the highlight stays";
   EXPECT_EQ(text("lblRecap(13)"), "") << "a refresh leaves the profit block empty";

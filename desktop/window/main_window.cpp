@@ -145,6 +145,7 @@ void MainWindow::connectForm() {
   });
   if (View* current = form_.CurrentView()) views_->showView(*current);
 
+  ShareWaiting::wishEnd(false);
   loadEnded_ = form_.loadEnded.connect([this] {
     showNotices();
     views_->tellToday();
