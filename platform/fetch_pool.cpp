@@ -203,18 +203,15 @@ FetchPool::~FetchPool() {
   shared_->workCame.notify_all();
 }
 
-/// As many as find something to do, up to the bound. Where files are near, to hand a read to
-/// another thread takes longer than to do it: then there are no more workers than idle processors.
+/// As many as find something to do, up to the bound; none where files are near: to hand a read to
+/// another thread takes longer there than to do it.
 void FetchPool::startWorkers() {
-  const std::size_t most =
-      shared_->line->isFar()
-          ? kWorkers
-          : std::clamp<std::size_t>(std::thread::hardware_concurrency(), 2, kWorkers) - 1;
+  if (!shared_->line->isFar()) return;
   const auto waiting =
       static_cast<std::size_t>(std::ranges::count(shared_->tasks, Stage::kWaiting, &Task::stage));
   const std::size_t busy = shared_->workers - shared_->idle;
   try {
-    while (shared_->workers < std::min(most, busy + waiting)) {
+    while (shared_->workers < std::min(kWorkers, busy + waiting)) {
       std::thread([shared = shared_] { shared->work(); }).detach();
       ++shared_->workers;
     }
