@@ -21,6 +21,9 @@ std::unique_ptr<FileSystem>& replacedFileSystem() {
 
 std::atomic<FileCallWatcher> fileCallWatcher = nullptr;
 
+std::atomic<std::uint64_t> readCalls = 0;
+std::atomic<std::uint64_t> readBytes = 0;
+
 /// The file system in place, with files that read ahead while a ReadAheadScope lives.
 class FrontFileSystem final : public FileSystem {
  public:
@@ -80,15 +83,13 @@ void noteFileCall(FileCall call) {
   if (const FileCallWatcher watcher = fileCallWatcher.load()) watcher(call);
 }
 
-ReadStatistics& readStatistics() {
-  static ReadStatistics statistics;
-  return statistics;
+ReadStatistics readStatistics() {
+  return {.calls = readCalls, .bytes = readBytes};
 }
 
 void countRead(std::size_t bytes) {
-  ReadStatistics& statistics = readStatistics();
-  ++std::atomic_ref(statistics.calls);
-  std::atomic_ref(statistics.bytes) += bytes;
+  ++readCalls;
+  readBytes += bytes;
 }
 
 }  // namespace dg

@@ -77,7 +77,7 @@ struct ReadStatistics {
   std::uint64_t calls = 0;
   std::uint64_t bytes = 0;
 };
-ReadStatistics& readStatistics();
+ReadStatistics readStatistics();
 /// Counts one read of so many bytes, on any thread.
 void countRead(std::size_t bytes);
 

@@ -22,9 +22,7 @@ class MemoryFile final : public File {
     const std::size_t begin = std::min(static_cast<std::size_t>(offset), content_->size());
     const std::size_t available = std::min(count, content_->size() - begin);
     content_->copy(buffer, available, begin);
-    ReadStatistics& statistics = readStatistics();
-    ++statistics.calls;
-    statistics.bytes += available;
+    countRead(available);
     return available;
   }
 

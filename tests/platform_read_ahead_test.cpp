@@ -151,7 +151,7 @@ class ShakyFile final : public File {
   explicit ShakyFile(std::shared_ptr<State> state) : state_(std::move(state)) {}
 
   std::size_t read(std::int64_t offset, char* buffer, std::size_t count) override {
-    ++readStatistics().calls;
+    countRead(0);
     const std::int64_t bad = state_->badByte;
     if (bad >= offset && bad < offset + static_cast<std::int64_t>(count)) {
       throw RunTimeError(kDeviceIoError);

@@ -60,7 +60,8 @@ struct KnownPlaces {
 };
 
 KnownPlaces& knownPlaces() {
-  static KnownPlaces places;
+  // Never destroyed: a call that was given up may come back while the program ends.
+  static KnownPlaces& places = *new KnownPlaces;
   return places;
 }
 

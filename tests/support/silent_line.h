@@ -14,6 +14,7 @@ namespace dg::test {
 class SilentLine {
  public:
   explicit SilentLine(int answers) {
+    const std::lock_guard<std::mutex> lock(mutex());
     left() = answers;
     workstation() = std::this_thread::get_id();
     former_ = watchFileCalls([](FileCall) { call(); });
@@ -29,8 +30,8 @@ class SilentLine {
 
  private:
   static void call() {
-    if (std::this_thread::get_id() == workstation()) return;
     std::unique_lock<std::mutex> lock(mutex());
+    if (std::this_thread::get_id() == workstation()) return;
     if (left() > 0) --left();
     over().wait(lock, [] { return left() > 0; });
   }
