@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/environment.h"
 #include "shell/main.h"
@@ -83,6 +84,16 @@ void FuzzStore::loadWithDetails(std::vector<SampleFile> files) {
     recorder.clickThrough(*view);
   window->ReLoadBm();
   window->Form_Unload();
+}
+
+std::string directoryEntry(std::string_view name, char type, std::int32_t recordLength,
+                           std::int32_t lastRecord) {
+  std::string entry(name);
+  entry.resize(32, '\0');
+  Pack('C', entry, recordLength, 14);
+  entry[15] = type;
+  Pack('L', entry, lastRecord, 17);
+  return entry;
 }
 
 std::vector<SampleFile> storeOf(std::string_view directory, std::string_view data) {

@@ -32,6 +32,10 @@ class FuzzStore {
   ProgramRun run_;
 };
 
+/// A directory's entry of a file that begins with the data file.
+std::string directoryEntry(std::string_view name, char type, std::int32_t recordLength,
+                           std::int32_t lastRecord);
+
 /// A store with one data file of these logical files: "LINEL" and the like from `directory` and
 /// `data`, reached through links of the same names.
 std::vector<SampleFile> storeOf(std::string_view directory, std::string_view data);

@@ -1,7 +1,6 @@
 // Look-ups and walks over an index of any bytes.
 
 #include "engine/business_basic.h"
-#include "engine/codec.h"
 #include "engine/state.h"
 #include "fuzz/fuzz_input.h"
 #include "fuzz/fuzz_store.h"
@@ -12,22 +11,14 @@ namespace {
 constexpr int kSteps = 4096;
 constexpr std::int32_t kLastBlock = 64;
 
-std::string directoryOfIndex() {
-  std::string entry("LINEI");
-  entry.resize(32, '\0');
-  dg::Pack('C', entry, dg::kBlockSize, 14);
-  entry[15] = 'I';
-  dg::Pack('L', entry, kLastBlock, 17);
-  return entry;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   dg::fuzz::FuzzInput input(data, size);
   const std::string wanted(input.bytes(input.number(1) % 20));
   dg::fuzz::FuzzStore store;
-  if (!store.openEngine(dg::fuzz::storeOf(directoryOfIndex(), input.rest()))) return 0;
+  const std::string directory = dg::fuzz::directoryEntry("LINEI", 'I', dg::kBlockSize, kLastBlock);
+  if (!store.openEngine(dg::fuzz::storeOf(directory, input.rest()))) return 0;
   const dg::cBusinessBasic& engine = dg::sharedEngine();
   bool orb = false;
   for (const bool forwards : {true, false}) {

@@ -1,6 +1,5 @@
 // Page chains of any bytes through the three builders.
 
-#include "engine/codec.h"
 #include "engine/open_file.h"
 #include "fuzz/fuzz_input.h"
 #include "fuzz/fuzz_store.h"
@@ -15,22 +14,15 @@ namespace {
 constexpr std::int32_t kRecordLength = 512;
 constexpr std::int32_t kLastRecord = 32;
 
-std::string entry(const char* name) {
-  std::string bytes(name);
-  bytes.resize(32, '\0');
-  dg::Pack('C', bytes, kRecordLength, 14);
-  bytes[15] = 'L';
-  dg::Pack('L', bytes, kLastRecord, 17);
-  return bytes;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   dg::fuzz::FuzzInput input(data, size);
   const std::int32_t record = static_cast<std::int32_t>(input.number(1) % (kLastRecord + 2));
   dg::fuzz::FuzzStore store;
-  const std::string directory = entry(dg::files::kInvoices) + entry(dg::files::kWarranties);
+  std::string directory;
+  for (const char* name : {dg::files::kInvoices, dg::files::kWarranties})
+    directory += dg::fuzz::directoryEntry(name, 'L', kRecordLength, kLastRecord);
   if (!store.openEngine(dg::fuzz::storeOf(directory, input.rest()))) return 0;
 
   dg::clsShopDetail shop;

@@ -33,6 +33,10 @@ class CheckChains : public ::testing::Test {
   std::int64_t at(const std::string& file, std::int64_t record, std::int32_t position) {
     return store.recordOffset(file, record) + position - 1;
   }
+  void expectDamage(const Findings& findings, std::string_view kind, const std::string& file,
+                    std::int64_t record, std::int32_t position) {
+    EXPECT_TRUE(hasDamage(findings, kind, file, record, at(file, record, position)));
+  }
   static std::int64_t at(const Slot& slot) { return slot.block * 512 + slot.position - 1; }
   std::int32_t recordOf(const Slot& slot) { return store.controlField(slot.block, slot.position); }
   void setRecord(const Slot& slot, std::int32_t record) {
@@ -75,9 +79,7 @@ TEST_F(CheckChains, PageNumbersThatThereAreNot) {
   for (const std::int32_t page : {0, 201, 255}) {
     store.setField("INVOL", start, 'B', kPage, page);
     const Findings findings = store.check();
-    EXPECT_TRUE(
-        hasDamage(findings, check::kind::kPageNumber, "INVOL", start, at("INVOL", start, kPage)))
-        << page;
+    expectDamage(findings, check::kind::kPageNumber, "INVOL", start, kPage);
     EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
   }
 }
@@ -86,12 +88,10 @@ TEST_F(CheckChains, APageThatStandsTwiceAndOneThatIsMissing) {
   const std::vector<std::int32_t> document = pages(recordOf(jobs(3)[0]));
   const std::int32_t other = store.field("INVOL", document[0], 'B', kPage);
   store.setField("INVOL", document[1], 'B', kPage, other);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kPageNumber, "INVOL", document[1],
-                        at("INVOL", document[1], kPage)));
+  expectDamage(store.check(), check::kind::kPageNumber, "INVOL", document[1], kPage);
 
   store.setField("INVOL", document[1], 'B', kPage, 200);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kPageGap, "INVOL", document[0],
-                        at("INVOL", document[0], 1)));
+  expectDamage(store.check(), check::kind::kPageGap, "INVOL", document[0], 1);
 }
 
 TEST_F(CheckChains, LinksThatLeadToNoPage) {
@@ -99,17 +99,14 @@ TEST_F(CheckChains, LinksThatLeadToNoPage) {
   const std::int32_t capacity = store.locate("INVOL").entry.LastRecord;
   for (const std::int32_t link : {0, unusedRecord("INVOL"), -(capacity + 1), 8'388'607}) {
     store.setField("INVOL", document[0], 'K', kLink, link);
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kPageLink, "INVOL", document[0],
-                          at("INVOL", document[0], kLink)))
-        << link;
+    expectDamage(store.check(), check::kind::kPageLink, "INVOL", document[0], kLink);
   }
 }
 
 TEST_F(CheckChains, PagesThatGoInACircle) {
   const std::vector<std::int32_t> document = pages(recordOf(jobs(3)[0]));
   store.setField("INVOL", document[1], 'K', kLink, -document[0]);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kPageLoop, "INVOL", document[1],
-                        at("INVOL", document[1], kLink)));
+  expectDamage(store.check(), check::kind::kPageLoop, "INVOL", document[1], kLink);
 }
 
 TEST_F(CheckChains, DocumentsThatMeetAreNoted) {
@@ -131,8 +128,7 @@ TEST_F(CheckChains, MoreLinesThanARecordHasRoomFor) {
   const std::int32_t lastPage = pages(recordOf(jobs(2)[0])).back();
   store.setField("INVOL", lastPage, 'B', kLines, 20);
   const Findings findings = store.check();
-  EXPECT_TRUE(hasDamage(findings, check::kind::kPageLines, "INVOL", lastPage,
-                        at("INVOL", lastPage, kLines)));
+  expectDamage(findings, check::kind::kPageLines, "INVOL", lastPage, kLines);
   EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
 }
 
@@ -162,8 +158,7 @@ TEST_F(CheckChains, TicketsAndClaimsAreWalkedToo) {
       if (record % 25 != 0) continue;
       const std::int32_t lines = store.field(file, record, 'B', kLines);
       store.setField(file, record, 'B', kLines, 99);
-      EXPECT_TRUE(hasDamage(store.check(), check::kind::kPageLines, file, record,
-                            at(file, record, kLines)));
+      expectDamage(store.check(), check::kind::kPageLines, file, record, kLines);
       store.setField(file, record, 'B', kLines, lines);
     }
   }
@@ -213,15 +208,11 @@ TEST_P(CheckRecordChains, LeadToRecordsInUse) {
   for (const std::int32_t wrong : {unusedRecord(chain.links), store.field(chain.links, 0, 'L', 3),
                                    store.locate(chain.links).entry.LastRecord + 1}) {
     setFirst(head, wrong);
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kChainLink, chain.heads, head,
-                          at(chain.heads, head, chain.headPosition)))
-        << wrong;
+    expectDamage(store.check(), check::kind::kChainLink, chain.heads, head, chain.headPosition);
     setFirst(head, record);
     const std::int32_t following = next(record);
     setNext(record, wrong);
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kChainLink, chain.links, record,
-                          at(chain.links, record, chain.linkPosition)))
-        << wrong;
+    expectDamage(store.check(), check::kind::kChainLink, chain.links, record, chain.linkPosition);
     setNext(record, following);
   }
   EXPECT_EQ(store.check().damageCount(), 0);
@@ -234,12 +225,10 @@ TEST_P(CheckRecordChains, EndAndStayApart) {
   const std::int32_t following = next(record);
   const std::int32_t afterThat = next(following);
   setNext(following, record);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kChainLoop, chain.links, following,
-                        at(chain.links, following, chain.linkPosition)));
+  expectDamage(store.check(), check::kind::kChainLoop, chain.links, following, chain.linkPosition);
   setNext(following, afterThat);
   setFirst(found[1], following);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kChainShared, chain.heads, found[1],
-                        at(chain.heads, found[1], chain.headPosition)));
+  expectDamage(store.check(), check::kind::kChainShared, chain.heads, found[1], chain.headPosition);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, CheckRecordChains,

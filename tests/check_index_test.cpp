@@ -41,6 +41,15 @@ class CheckIndex : public ::testing::Test {
   void set(std::int64_t block, char op, std::int32_t position, std::int32_t value) {
     store.setBlockField(name, block, op, position, value);
   }
+  /// Expects a finding at a place of a block or record.
+  void expectDamage(const Findings& findings, std::string_view kind, std::int64_t number,
+                    std::int32_t position) {
+    EXPECT_TRUE(hasDamage(findings, kind, name, number, at(number, position)));
+  }
+  void expectNote(const Findings& findings, std::string_view kind, std::int64_t number,
+                  std::int32_t position) {
+    EXPECT_TRUE(hasNote(findings, kind, name, number, at(number, position)));
+  }
   std::int64_t at(std::int64_t block, std::int32_t position) {
     return store.blockOffset(name, block) + position - 1;
   }
@@ -74,20 +83,19 @@ TEST_F(CheckIndex, TheTreeUnderTestIsSoundAndDeep) {
 TEST_F(CheckIndex, HeadersThatMakeAnIndexUnreadable) {
   for (const std::int32_t length : {0, 4, 509}) {
     set(0, 'C', 1, length);
-    EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexEntryLength, name, 0, at(0, 1)))
-        << length;
+    expectDamage(store.checkQuick(), check::kind::kIndexEntryLength, 0, 1);
   }
   set(0, 'C', 1, kEntryLength);
   set(0, 'C', 35, 1);
-  EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexHeader, name, 0, at(0, 35)));
+  expectDamage(store.checkQuick(), check::kind::kIndexHeader, 0, 35);
 }
 
 TEST_F(CheckIndex, HeaderFieldsThatNoReaderNeedsAreNoted) {
   set(0, 'C', 3, kRoom + 1);
   set(0, 'C', 5, lastBlock() + 1);
   const Findings findings = store.checkQuick();
-  EXPECT_TRUE(hasNote(findings, check::kind::kIndexHeader, name, 0, at(0, 3)));
-  EXPECT_TRUE(hasNote(findings, check::kind::kIndexHeader, name, 0, at(0, 5)));
+  expectNote(findings, check::kind::kIndexHeader, 0, 3);
+  expectNote(findings, check::kind::kIndexHeader, 0, 5);
   EXPECT_EQ(findings.damageCount(), 0) << damageText(findings);
 }
 
@@ -95,27 +103,22 @@ TEST_F(CheckIndex, NodeNumbersOutOfRange) {
   const std::int32_t sound = root();
   for (const std::int32_t number : {0, lastBlock() + 1, 65'535}) {
     set(0, 'C', 9, number);
-    EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexNodeRange, name, 0, at(0, 9)))
-        << number;
+    expectDamage(store.checkQuick(), check::kind::kIndexNodeRange, 0, 9);
   }
   set(0, 'C', 9, sound);
   for (const std::int32_t number : {-1, 0, 2'000'000'000}) {
     set(sound, 'L', pointerAt(2), number);
-    EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexNodeRange, name, sound,
-                          at(sound, keyAt(2))))
-        << number;
+    expectDamage(store.checkQuick(), check::kind::kIndexNodeRange, sound, keyAt(2));
   }
 }
 
 TEST_F(CheckIndex, ANodeInUseTwice) {
   const std::int32_t top = root();
   set(top, 'L', pointerAt(2), child(top, 1));
-  EXPECT_TRUE(
-      hasDamage(store.checkQuick(), check::kind::kIndexNodeTwice, name, top, at(top, keyAt(2))));
+  expectDamage(store.checkQuick(), check::kind::kIndexNodeTwice, top, keyAt(2));
   // A tree that leads back to its root never ends for a reader.
   set(top, 'L', pointerAt(2), top);
-  EXPECT_TRUE(
-      hasDamage(store.checkQuick(), check::kind::kIndexNodeTwice, name, top, at(top, keyAt(2))));
+  expectDamage(store.checkQuick(), check::kind::kIndexNodeTwice, top, keyAt(2));
 }
 
 TEST_F(CheckIndex, EntryCountsThatNoNodeHas) {
@@ -123,8 +126,7 @@ TEST_F(CheckIndex, EntryCountsThatNoNodeHas) {
   for (const std::int32_t count : {0, kRoom + 1, 65'535}) {
     set(leaf, 'C', kCount, count);
     const Findings findings = store.check();
-    EXPECT_TRUE(hasDamage(findings, check::kind::kIndexEntryCount, name, leaf, at(leaf, kCount)))
-        << count;
+    expectDamage(findings, check::kind::kIndexEntryCount, leaf, kCount);
     EXPECT_EQ(findings.damageCount(), 1) << "nothing follows from it\n" << damageText(findings);
   }
 }
@@ -132,22 +134,20 @@ TEST_F(CheckIndex, EntryCountsThatNoNodeHas) {
 TEST_F(CheckIndex, KeysOutOfOrderWithinANode) {
   const std::int32_t leaf = firstLeaf();
   set(leaf, 'L', keyAt(1), 2'000'000'000);
-  EXPECT_TRUE(
-      hasDamage(store.checkQuick(), check::kind::kIndexKeyOrder, name, leaf, at(leaf, keyAt(2))));
+  expectDamage(store.checkQuick(), check::kind::kIndexKeyOrder, leaf, keyAt(2));
 }
 
 TEST_F(CheckIndex, KeysOutOfOrderFromLeafToLeaf) {
   const std::int32_t second = get(firstLeaf(), 'C', kNextLeaf);
   set(second, 'L', keyAt(1), 0);
-  EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexKeyOrder, name, second,
-                        at(second, keyAt(1))));
+  expectDamage(store.checkQuick(), check::kind::kIndexKeyOrder, second, keyAt(1));
 }
 
 TEST_F(CheckIndex, ASeparatorThatIsNotTheHighestKeyBelow) {
   const std::int32_t top = root();
   set(top, 'L', keyAt(1), get(top, 'L', keyAt(1)) + 1);
   const Findings findings = store.checkQuick();
-  EXPECT_TRUE(hasDamage(findings, check::kind::kIndexSeparator, name, top, at(top, keyAt(1))));
+  expectDamage(findings, check::kind::kIndexSeparator, top, keyAt(1));
   EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
 }
 
@@ -155,8 +155,7 @@ TEST_F(CheckIndex, AKeyThatStandsTwiceIsNotedWhereNoneMay) {
   const std::int32_t leaf = firstLeaf();
   ASSERT_GE(get(leaf, 'C', kCount), 3);
   set(leaf, 'L', keyAt(2), get(leaf, 'L', keyAt(1)));
-  EXPECT_TRUE(
-      hasNote(store.checkQuick(), check::kind::kIndexRepeatedKey, name, leaf, at(leaf, keyAt(2))));
+  expectNote(store.checkQuick(), check::kind::kIndexRepeatedKey, leaf, keyAt(2));
   set(0, 'C', 13, 65'535);
   EXPECT_TRUE(ofKind(store.checkQuick(), check::kind::kIndexRepeatedKey).empty());
 }
@@ -168,16 +167,13 @@ TEST_F(CheckIndex, ALeafChainThatIsNotThatOfTheTree) {
   for (const std::int32_t next : {first, third, root(), 65'535, lastBlock() + 1}) {
     set(first, 'C', kNextLeaf, next);
     const Findings findings = store.checkQuick();
-    EXPECT_TRUE(
-        hasDamage(findings, check::kind::kIndexLeafChain, name, first, at(first, kNextLeaf)))
-        << next;
+    expectDamage(findings, check::kind::kIndexLeafChain, first, kNextLeaf);
     EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
   }
   set(first, 'C', kNextLeaf, second);
   const std::int32_t last = lastLeaf();
   set(last, 'C', kNextLeaf, first);
-  EXPECT_TRUE(
-      hasDamage(store.checkQuick(), check::kind::kIndexLeafChain, name, last, at(last, kNextLeaf)));
+  expectDamage(store.checkQuick(), check::kind::kIndexLeafChain, last, kNextLeaf);
 }
 
 TEST_F(CheckIndex, NoEndMark) {
@@ -208,8 +204,7 @@ TEST_F(CheckIndex, ATreeDeeperThanReadersGo) {
     set(node, 'L', keyAt(1), -1);
     set(node, 'L', pointerAt(1), node < kLevels ? node + 1 : -1);
   }
-  EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kIndexDepth, name, kLevels - 1,
-                        at(kLevels - 1, keyAt(1))));
+  expectDamage(store.checkQuick(), check::kind::kIndexDepth, kLevels - 1, keyAt(1));
 }
 
 TEST_F(CheckIndex, EntriesThatLeadToNoRecord) {
@@ -217,16 +212,12 @@ TEST_F(CheckIndex, EntriesThatLeadToNoRecord) {
   const std::int32_t capacity = store.locate("CUSTL").entry.LastRecord;
   for (const std::int32_t record : {0, -1, -5, capacity + 1}) {
     set(leaf, 'L', pointerAt(1), record);
-    EXPECT_TRUE(
-        hasDamage(store.checkQuick(), check::kind::kIndexPointer, name, leaf, at(leaf, keyAt(1))))
-        << record;
+    expectDamage(store.checkQuick(), check::kind::kIndexPointer, leaf, keyAt(1));
   }
   // The first is a free record, the second one that was never handed out.
   for (const std::int32_t record : {store.field("CUSTL", 0, 'L', 3), capacity}) {
     set(leaf, 'L', pointerAt(1), record);
-    EXPECT_TRUE(
-        hasDamage(store.check(), check::kind::kIndexFreeRecord, name, leaf, at(leaf, keyAt(1))))
-        << record;
+    expectDamage(store.check(), check::kind::kIndexFreeRecord, leaf, keyAt(1));
   }
 }
 
@@ -237,7 +228,7 @@ TEST_F(CheckIndex, ARecordInUseThatNoEntryLeadsTo) {
   const Findings findings = store.check();
   EXPECT_TRUE(hasDamage(findings, check::kind::kUnreached, "CUSTL", record,
                         store.recordOffset("CUSTL", record)));
-  EXPECT_TRUE(hasNote(findings, check::kind::kIndexRecordTwice, name, leaf, at(leaf, keyAt(2))));
+  expectNote(findings, check::kind::kIndexRecordTwice, leaf, keyAt(2));
   EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
   EXPECT_EQ(store.checkQuick().damageCount(), 0) << "a quick check reads no records";
 }

@@ -27,6 +27,15 @@ class CheckRecords : public ::testing::Test {
   void setRecordZero(std::int32_t position, std::int32_t value) {
     store.setField(name, 0, 'L', position, value);
   }
+  /// Expects a finding at a place of a block or record.
+  void expectDamage(const Findings& findings, std::string_view kind, std::int64_t number,
+                    std::int32_t position) {
+    EXPECT_TRUE(hasDamage(findings, kind, name, number, at(number, position)));
+  }
+  void expectNote(const Findings& findings, std::string_view kind, std::int64_t number,
+                  std::int32_t position) {
+    EXPECT_TRUE(hasNote(findings, kind, name, number, at(number, position)));
+  }
   std::int64_t at(std::int64_t record, std::int32_t position) {
     return store.recordOffset(name, record) + position - 1;
   }
@@ -44,39 +53,37 @@ class CheckRecords : public ::testing::Test {
 
 TEST_F(CheckRecords, AMarkerThatIsNotTheUsualOneIsNoted) {
   store.setField(name, 0, 'J', 1, 7);
-  EXPECT_TRUE(hasNote(store.checkQuick(), check::kind::kMarker, name, 0, at(0, 1)));
+  expectNote(store.checkQuick(), check::kind::kMarker, 0, 1);
 }
 
 TEST_F(CheckRecords, AFreeHeadOutOfRange) {
   for (const std::int32_t head : {recordZero(kHighUsed) + 1, 2'000'000'000}) {
     setRecordZero(kFreeHead, head);
-    EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kFreeHead, name, 0, at(0, kFreeHead)));
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kFreeHead, name, 0, at(0, kFreeHead)));
+    expectDamage(store.checkQuick(), check::kind::kFreeHead, 0, kFreeHead);
+    expectDamage(store.check(), check::kind::kFreeHead, 0, kFreeHead);
   }
 }
 
 TEST_F(CheckRecords, AHighestRecordBeyondTheCapacityOrBelowZero) {
   for (const std::int32_t highUsed : {store.locate(name).entry.LastRecord + 1, -1}) {
     setRecordZero(kHighUsed, highUsed);
-    EXPECT_TRUE(hasDamage(store.checkQuick(), check::kind::kHighUsed, name, 0, at(0, kHighUsed)));
+    expectDamage(store.checkQuick(), check::kind::kHighUsed, 0, kHighUsed);
   }
 }
 
 TEST_F(CheckRecords, ARecordInUseAboveTheHighest) {
   setRecordZero(kHighUsed, static_cast<std::int32_t>(store.used(name).back()) - 1);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kHighUsed, name, 0, at(0, kHighUsed)));
+  expectDamage(store.check(), check::kind::kHighUsed, 0, kHighUsed);
 }
 
 TEST_F(CheckRecords, ACountThatIsNotTheNumberOfRecordsInUse) {
   const std::int32_t count = recordZero(kActiveCount);
   for (const std::int32_t wrong : {count - 1, count + 1, -1}) {
     setRecordZero(kActiveCount, wrong);
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kActiveCount, name, 0, at(0, kActiveCount)))
-        << wrong;
+    expectDamage(store.check(), check::kind::kActiveCount, 0, kActiveCount);
   }
   setRecordZero(kActiveCount, recordZero(kHighUsed) + 1);
-  EXPECT_TRUE(
-      hasDamage(store.checkQuick(), check::kind::kActiveCount, name, 0, at(0, kActiveCount)));
+  expectDamage(store.checkQuick(), check::kind::kActiveCount, 0, kActiveCount);
 }
 
 TEST_F(CheckRecords, AnExtensionFileThatCountsOtherwiseIsNoted) {
@@ -91,8 +98,7 @@ TEST_F(CheckRecords, AFreeChainThatLoops) {
   const std::vector<std::int32_t> chain = freeChain();
   store.setField(name, chain.back(), 'L', kNextFree, chain[1]);
   const Findings findings = store.check();
-  EXPECT_TRUE(
-      hasDamage(findings, check::kind::kFreeLoop, name, chain.back(), at(chain.back(), kNextFree)));
+  expectDamage(findings, check::kind::kFreeLoop, chain.back(), kNextFree);
   EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
 }
 
@@ -100,14 +106,14 @@ TEST_F(CheckRecords, AFreeChainThatLeavesTheFile) {
   const std::int32_t last = freeChain().back();
   for (const std::int32_t beyond : {recordZero(kHighUsed) + 1, 2'000'000'000}) {
     store.setField(name, last, 'L', kNextFree, beyond);
-    EXPECT_TRUE(hasDamage(store.check(), check::kind::kFreeRange, name, last, at(last, kNextFree)));
+    expectDamage(store.check(), check::kind::kFreeRange, last, kNextFree);
   }
 }
 
 TEST_F(CheckRecords, ARecordInUseOnTheFreeChain) {
   const std::int64_t used = store.used(name)[5];
   store.setField(name, freeChain().back(), 'L', kNextFree, static_cast<std::int32_t>(used));
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kFreeUsed, name, used, at(used, kInUse)));
+  expectDamage(store.check(), check::kind::kFreeUsed, used, kInUse);
 }
 
 TEST_F(CheckRecords, FreedRecordsThatTheChainDoesNotReach) {
@@ -115,21 +121,21 @@ TEST_F(CheckRecords, FreedRecordsThatTheChainDoesNotReach) {
   store.setField(name, chain[0], 'L', kNextFree, -1);
   const std::int32_t firstLost = *std::min_element(chain.begin() + 1, chain.end());
   const Findings findings = store.check();
-  EXPECT_TRUE(hasDamage(findings, check::kind::kFreeLost, name, firstLost, at(firstLost, kInUse)));
+  expectDamage(findings, check::kind::kFreeLost, firstLost, kInUse);
   EXPECT_EQ(findings.damageCount(), 1) << damageText(findings);
 }
 
 TEST_F(CheckRecords, AFreeRecordThatWasNotClearedIsNoted) {
   const std::int32_t free = freeChain()[1];
   store.setField(name, free, 'L', 20, 12'345);
-  EXPECT_TRUE(hasNote(store.check(), check::kind::kFreeContent, name, free, at(free, kInUse)));
+  expectNote(store.check(), check::kind::kFreeContent, free, kInUse);
 }
 
 TEST_F(CheckRecords, ARecordThatLostItsMarkIsFoundByItsIndex) {
   const std::int64_t record = store.used(name)[7];
   store.setField(name, record, 'J', kInUse, 0);
   const Findings findings = store.check();
-  EXPECT_TRUE(hasNote(findings, check::kind::kNotMarked, name, record, at(record, kInUse)));
+  expectNote(findings, check::kind::kNotMarked, record, kInUse);
   ASSERT_EQ(ofKind(findings, check::kind::kIndexFreeRecord).size(), 1U);
   EXPECT_EQ(ofKind(findings, check::kind::kIndexFreeRecord)[0].place.file, "CUSTI");
 }
@@ -139,7 +145,7 @@ TEST_F(CheckRecords, ARecordThatTheExtensionFileCannotContinue) {
   const std::int64_t last = store.used(name).back();
   const CheckedStore::Located extension = store.locate("ECUSTL");
   store.setEntryField(extension, 'L', 17, static_cast<std::int32_t>(last) - 1);
-  EXPECT_TRUE(hasDamage(store.check(), check::kind::kExtensionShort, name, last, at(last, 1)));
+  expectDamage(store.check(), check::kind::kExtensionShort, last, 1);
   store.setEntryField(extension, 'L', 17, static_cast<std::int32_t>(last));
   EXPECT_TRUE(ofKind(store.check(), check::kind::kExtensionShort).empty());
 }

@@ -6,13 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/codec.h"
-#include "records/index_walk.h"
-#include "tests/support/engine_store.h"
-#include "tests/support/error_number.h"
 #include "tests/support/full_run.h"
 #include "tests/support/resident_memory.h"
-#include "tests/support/step_limit.h"
 #include "tools/sample/sample_store.h"
 
 namespace dg::test {
@@ -82,35 +77,6 @@ TEST_P(DamagedCopies, AreReadWithoutHarmAndFailuresAreTold) {
 }
 
 INSTANTIATE_TEST_SUITE_P(DamageTest, DamagedCopies, testing::Range(std::uint64_t{0}, kShards));
-
-/// An index of one leaf that is its own next leaf, in a directory that puts no bound to it.
-TEST(DamageTest, ALoopIsBoundedByTheFileWhenTheDirectoryTellsAnyCapacity) {
-  EngineStore store;
-  std::string image(2 * 512, '\0');
-  for (const auto& [position, value] : {std::pair{1, 8}, {3, 63}, {9, 1}, {513, 2}, {515, 1}})
-    Pack('C', image, value, position);
-  image.replace(516, 16, std::string("\0\0\0\5\0\0\0\1\0\0\0\6\0\0\0\2", 16));
-  store.place("LOOPI", 'I', 512, INT32_MAX, image);
-  store.engine();
-  auto inner = setFileSystem(nullptr);
-  auto counter = std::make_unique<StepLimitFileSystem>(std::move(inner));
-  counter->setLimit(5000);
-  setFileSystem(std::move(counter));
-
-  EXPECT_EQ(errorNumber([&] {
-              bool orb = true;
-              store.engine().KCount("LOOPI", orb);
-            }),
-            kOverflow);
-  EXPECT_EQ(errorNumber([&] {
-              bool orb = true;
-              std::string cursor;
-              std::string key("\x7f\0\0\0", 4);
-              std::int32_t record = 0;
-              store.engine().KFind("LOOPI", cursor, key, record, orb);
-            }),
-            kOverflow);
-}
 
 }  // namespace
 }  // namespace dg::test

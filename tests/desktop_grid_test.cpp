@@ -307,16 +307,6 @@ TEST_F(DesktopGridTest, ExportsTheRowsOnShow) {
   }
 }
 
-TEST_F(DesktopGridTest, GroupHeadingsStandOverTheirColumns) {
-  const auto* header = qobject_cast<GroupHeader*>(view().horizontalHeader());
-  ASSERT_NE(header, nullptr);
-  EXPECT_TRUE(header->hasGroups());
-  constexpr ColumnSpec kPlain[] = {{.name = "Name"}};
-  Grid plain("grdPlain", kPlain);
-  const GridView other(plain, "plain");
-  EXPECT_LT(other.horizontalHeader()->sizeHint().height(), header->sizeHint().height());
-}
-
 TEST_F(DesktopGridTest, AHundredThousandRowsCostNoWidgets) {
   for (int row = 0; row < 100'000; ++row)
     grid_.AddItem(std::to_string(row) + "\tName\t1\t\t");

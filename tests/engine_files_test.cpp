@@ -46,11 +46,6 @@ TEST_F(EngineFiles, AMissingFileIsNothingAndRaisesNothing) {
   EXPECT_EQ(OpenFiles->Count(), 0);
 }
 
-TEST_F(EngineFiles, AFileThatGrantsReadingOnlyLooksMissing) {
-  store_.files().setReadOnly(true);
-  EXPECT_EQ(engine_.OpenFile("FILE0"), nullptr);
-}
-
 TEST_F(EngineFiles, OpensOnceForAll) {
   const auto first = engine_.OpenFile("FILE0");
   const auto second = engine_.OpenFile("file0");

@@ -4,10 +4,8 @@
 
 #include "engine/codec.h"
 #include "engine/keyed_index.h"
-#include "engine/state.h"
 #include "tests/support/engine_store.h"
 #include "tests/support/error_number.h"
-#include "tests/support/faulty_file_system.h"
 #include "tests/support/raised.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/random.h"
@@ -489,111 +487,6 @@ TEST(EngineIndex, EqualKeysComeInTheirOrder) {
   EXPECT_EQ(index.last(), 200);
   for (std::int32_t record = 199; record > 0; --record)
     ASSERT_EQ(index.previous(), record);
-}
-
-TEST(EngineIndex, ABrokenLineShowsAsAnErrorAndPasses) {
-  const sample::IndexImage image =
-      sample::buildIndex(inOrder(randomEntries(300, 8, 4)), {.keyLength = 8});
-  ASSERT_EQ(image.levels, 2);
-  int withoutDirectory = 0;
-  int withoutBlock = 0;
-  bool broken = true;
-  for (std::uint64_t sound = 0; broken; ++sound) {
-    EngineStore store;
-    store.place("KEYI", 'I', 512, image.lastBlock, image.bytes);
-    auto line = std::make_unique<FaultyFileSystem>(setFileSystem(nullptr));
-    FaultyFileSystem& share = *line;
-    share.failAfter(sound);
-    setFileSystem(std::move(line));
-    const auto walk = [&] {
-      std::string cursor;
-      std::string key;
-      std::int32_t record = 0;
-      bool orb = false;
-      store.engine().KFind("KEYI", cursor, key, record, orb);
-      EXPECT_EQ(store.engine().KCount("KEYI", orb), 300);
-    };
-    const int error = errorNumber(walk);
-    broken = share.reads() > sound;
-    if (error == kDeviceIoError) ++withoutBlock;
-    // A directory that cannot be read is a name that it lacks: the blank file has no nodes.
-    if (error == 0 && broken) {
-      EXPECT_EQ(store.messages().size(), 1U);
-      ++withoutDirectory;
-    }
-    share.failAfter(1U << 20);
-    EXPECT_EQ(errorNumber(walk), 0) << sound;
-    EXPECT_EQ(store.messages().size(), error == 0 && broken ? 1U : 0U) << sound;
-  }
-  EXPECT_EQ(withoutDirectory, 1);
-  // The terminal table and the links count, too.
-  EXPECT_GE(withoutBlock, 3 + image.levels * 2);
-}
-
-/// The first field that a text does not reach is told, in the order of reading.
-TEST(EngineIndex, ATextThatIsNoCursorSaysWhichFieldItLacks) {
-  Index index(sample::buildIndex(inOrder(randomEntries(3, 6, 8)), {.keyLength = 6}).bytes);
-  const struct {
-    std::size_t length;
-    const char* field;
-  } kCases[] = {{0, "(\"B\", Data$, 17)"}, {17, "(\"B\", Data$, 18)"}, {33, "(\"C\", Data$, 33)"}};
-  for (const auto& [length, field] : kCases) {
-    std::string cursor(length, '\0');
-    std::string key;
-    std::int32_t record = 0;
-    bool orb = false;
-    const Raised error =
-        raised([&] { index.engine().KNext(index.file(), cursor, key, record, orb); });
-    EXPECT_EQ(error.number, 31);
-    EXPECT_NE(error.description.find(field), std::string::npos) << error.description;
-  }
-}
-
-TEST(EngineIndex, ADamagedTreeEndsInAnErrorOrAnAnswer) {
-  const auto entries = randomEntries(200, 6, 8);
-  const std::vector<sample::IndexEntry> list = inOrder(entries);
-  const std::string sound = sample::buildIndex(list, {.keyLength = 6, .fillPercent = 20}).bytes;
-  std::mt19937 random(12);
-  Index index(sound);
-  for (int round = 0; round < 300; ++round) {
-    std::string damaged = sound;
-    const std::size_t block = random() % (damaged.size() / 512) * 512;
-    for (int hit = 0; hit < 4; ++hit) {
-      const std::size_t within = random() % 2 == 0 ? random() % 20 : random() % 512;
-      damaged[block + within] = static_cast<char>(random());
-    }
-    bool orb = false;
-    index.engine().WriteFile(index.file()->OpenFile, damaged, 512, orb);
-    const auto attempt = [&](const auto& step) {
-      try {
-        step();
-      } catch (const RunTimeError& error) {
-        EXPECT_NE(error.number(), 0);
-      }
-    };
-    attempt([&] { index.count(); });
-    attempt([&] {
-      std::int32_t record = index.find("");
-      for (int step = 0; step < 400 && record != 0; ++step)
-        record = index.next();
-      for (int step = 0; step < 400; ++step)
-        index.previous();
-    });
-    attempt([&] {
-      index.last();
-      for (int step = 0; step < 400; ++step)
-        index.previous();
-    });
-    attempt([&] { index.find(list[random() % list.size()].key); });
-  }
-}
-
-TEST(EngineIndex, KeysCompareAsUnsignedBytes) {
-  EXPECT_LT(compareKeys("\x7F", "\x80"), 0);
-  EXPECT_GT(compareKeys("\xFF", "\x01"), 0);
-  EXPECT_EQ(compareKeys("ab", "ab"), 0);
-  EXPECT_LT(compareKeys("ab", "ab\0"s), 0);
-  EXPECT_GT(compareKeys("b", "ab"), 0);
 }
 
 }  // namespace

@@ -93,39 +93,6 @@ TEST_F(EngineLogical, ANameThatTheDirectoryLacksIsABlankFile) {
             (Raised{81, "iLreadFile", "Illegal Record Number for File:  and Record:  1"}));
 }
 
-TEST_F(EngineLogical, AMissingDirectoryIsNotCreated) {
-  store_.addLink(":LNK001:LOST", "LNK001:LOSTLK");
-  const auto file = engine().LogicalOpen("LOST");
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(file->LastRecord, 0);
-  EXPECT_EQ(file->OpenFile, nullptr);
-  EXPECT_FALSE(store_.files().fileExists(EngineStore::inStore("LOSTLK")));
-}
-
-TEST_F(EngineLogical, HostileResolutionNamesFindNothing) {
-  const std::string names[] = {"",
-                               "x",
-                               ":",
-                               "::",
-                               "..:..:etc:passwd",
-                               "C:\\",
-                               "\0\0x"s,
-                               ":LNK001::",
-                               "LNK001:..:DATALK",
-                               std::string(79, ':')};
-  int count = 0;
-  for (const std::string& name : names)
-    store_.addLink(":h:" + std::to_string(count++), name);
-  for (int i = 0; i < count; ++i) {
-    const auto file = engine().LogicalOpen(":h:" + std::to_string(i));
-    ASSERT_NE(file, nullptr) << i;
-    EXPECT_EQ(file->LastRecord, 0) << i;
-  }
-  EXPECT_EQ(dataFilePath("\\\\srv\\VLMRLNK\\a\\b\\cdLK"), "\\\\srv\\VLMRLNK\\a\\b\\cdDB");
-  EXPECT_EQ(directoryFilePath("a:b:cdLK"), "\\\\srv\\VLMRLNK\\a\\b\\cdLK");
-  EXPECT_EQ(errorNumber([] { dataFilePath("x"); }), kInvalidProcedureCall);
-}
-
 TEST_F(EngineLogical, ReadsTheDirectoryToItsRaggedEnd) {
   std::string directory;
   for (int i = 0; i < 300; ++i)

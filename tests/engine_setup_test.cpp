@@ -200,16 +200,6 @@ TEST(EngineCatalog, AMissingFileIsToldAndLeavesNoEngine) {
             "Workstation?");
 }
 
-TEST(EngineCatalog, AnUnreachableShareLeavesNoEngine) {
-  EngineStore store;
-  store.files().add(kCatalogPath, "[eZ-Lines]\nServer=gone\nDirectory=LNK001\n");
-  ReadCatalogConfiguration();
-  EXPECT_EQ(SharedEngine, nullptr);
-  ASSERT_EQ(store.messages().size(), 1U);
-  EXPECT_EQ(store.messages()[0].title, "Connection Error");
-  EXPECT_EQ(SystemInfo->mUNCDrive, "gone");
-}
-
 TEST(EngineCatalog, ACustomerNumberThatIsNoneRaises) {
   EngineStore store;
   store.files().add(kCatalogPath, "[eZ-Lines]\nServer=srv\nCustomerNumber=abc\n");

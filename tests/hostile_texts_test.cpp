@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "tests/support/dgtool_run.h"
-#include "tests/support/vendor_documents.h"
 #include "tools/sample/random.h"
 #include "tools/sample/sample_store.h"
 #include "views/view_catalogue.h"
@@ -96,20 +95,6 @@ TEST_P(HostileTextsTest, JsonIsValidForAnyBytes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Percent, HostileTextsTest, testing::Values(1, 10, 60));
-
-TEST(HostileSheetTest, TextsThatBeginLikeFormulasStayTexts) {
-  DgtoolRun tool;
-  tool.views = viewCatalogue();
-  addVendor(tool.store.builder, 7, "ELVERTON MARINA");
-  for (const char* number : {"=1+1", "@SUM(1)", "+1-1", "-1+1", " =2"}) {
-    const std::string name = "V0000" + std::to_string(tool.store.builder.index("PUTBI").count());
-    tool.store.builder.addFile(name, Document{.name = name, .number = number}.bytes());
-    tool.store.builder.index("PUTBI").add(documentKey(name, 20), 1);
-  }
-  tool.run({"report", "--csv", "grdPO"});
-  for (const char* cell : {"\n'=1+1,", "\n'@SUM(1),", "\n'+1-1,", "\n'-1+1,", "\n' =2,"})
-    EXPECT_NE(tool.out.find(cell), std::string::npos) << cell << " in " << tool.out;
-}
 
 }  // namespace
 }  // namespace dg::test

@@ -117,17 +117,6 @@ TEST(Convert, PlainTexts) {
   EXPECT_EQ(numberText(-HUGE_VAL), "-Infinity");
 }
 
-TEST(Convert, FifteenDigitsSurviveTextAndBack) {
-  std::mt19937_64 random(680101);
-  for (int i = 0; i < 20000; ++i) {
-    const std::string digits = std::to_string(random() % 1000000000000000U);
-    const std::string text = digits + 'e' + std::to_string(static_cast<int>(random() % 60) - 30);
-    const double value = CDbl(text);
-    ASSERT_EQ(CDbl(numberText(value)), value) << text;
-    ASSERT_EQ(CDbl(numberText(-value)), -value) << text;
-  }
-}
-
 TEST(Variant, PlainTextOfEveryKind) {
   EXPECT_EQ(toText({}), "");
   EXPECT_EQ(toText(std::int32_t{-7}), "-7");

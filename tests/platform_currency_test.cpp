@@ -1,6 +1,5 @@
 #include <cmath>
 #include <cstdint>
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -8,6 +7,7 @@
 #include "platform/values/convert.h"
 #include "platform/values/currency.h"
 #include "platform/values/run_time_error.h"
+#include "tests/support/error_number.h"
 
 namespace dg {
 namespace {
@@ -19,15 +19,6 @@ constexpr Currency raw(std::int64_t value) {
   return Currency::fromTenThousandths(value);
 }
 
-void expectOverflow(const std::function<void()>& action) {
-  try {
-    action();
-    ADD_FAILURE() << "no error";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number(), kOverflow);
-  }
-}
-
 TEST(Currency, SumsAreExactAndStayInRange) {
   Currency sum;
   for (int i = 0; i < 100000; ++i)
@@ -37,10 +28,10 @@ TEST(Currency, SumsAreExactAndStayInRange) {
   EXPECT_LT(raw(-1), Currency());
   EXPECT_EQ(raw(-5).abs(), raw(5));
   EXPECT_EQ(-raw(5), raw(-5));
-  expectOverflow([] { raw(Limits64::max()) + raw(1); });
-  expectOverflow([] { raw(Limits64::min()) - raw(1); });
-  expectOverflow([] { raw(Limits64::min()).abs(); });
-  expectOverflow([] { -raw(Limits64::min()); });
+  EXPECT_EQ(errorNumber([] { raw(Limits64::max()) + raw(1); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { raw(Limits64::min()) - raw(1); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { raw(Limits64::min()).abs(); }), kOverflow);
+  EXPECT_EQ(errorNumber([] { -raw(Limits64::min()); }), kOverflow);
 }
 
 TEST(Currency, ScaledIntegersComeBack) {
@@ -53,7 +44,7 @@ TEST(Currency, ScaledIntegersComeBack) {
   EXPECT_EQ(raw(12350).toScaled(100), 124);  // 123.5 goes to the even neighbour
   EXPECT_EQ(raw(12250).toScaled(100), 122);
   EXPECT_EQ(raw(-12250).toScaled(100), -122);
-  expectOverflow([] { Currency(Limits32::max()).toScaled(10); });
+  EXPECT_EQ(errorNumber([] { Currency(Limits32::max()).toScaled(10); }), kOverflow);
 }
 
 TEST(Currency, HalvesGoToTheEvenNeighbour) {
@@ -64,9 +55,9 @@ TEST(Currency, HalvesGoToTheEvenNeighbour) {
   EXPECT_EQ(raw(-25000).toLong(), -2);
   EXPECT_EQ(raw(-35000).toLong(), -4);
   EXPECT_EQ(raw(21474836474999).toLong(), Limits32::max());
-  expectOverflow([] { raw(21474836475000).toLong(); });
+  EXPECT_EQ(errorNumber([] { raw(21474836475000).toLong(); }), kOverflow);
   EXPECT_EQ(raw(-21474836485000).toLong(), Limits32::min());
-  expectOverflow([] { raw(-21474836485001).toLong(); });
+  EXPECT_EQ(errorNumber([] { raw(-21474836485001).toLong(); }), kOverflow);
 
   EXPECT_EQ(Currency::fromDouble(.03125), raw(312));  // both are halves in binary too
   EXPECT_EQ(Currency::fromDouble(.09375), raw(938));
@@ -76,7 +67,7 @@ TEST(Currency, HalvesGoToTheEvenNeighbour) {
 
 TEST(Currency, DoublesOutsideTheRangeOverflow) {
   for (const double value : {1e15, -1e15, 1e300, HUGE_VAL, -HUGE_VAL, std::nan("")}) {
-    expectOverflow([value] { Currency::fromDouble(value); });
+    EXPECT_EQ(errorNumber([value] { Currency::fromDouble(value); }), kOverflow);
   }
   EXPECT_EQ(Currency::fromDouble(-922337203685477.5808), raw(Limits64::min()));
 }

@@ -5,7 +5,6 @@
 
 #include "platform/file.h"
 #include "tests/support/error_number.h"
-#include "tests/support/faulty_file_system.h"
 #include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
@@ -57,16 +56,6 @@ TEST_P(Files, ReadsWhatIsThere) {
   EXPECT_EQ(file->read(10, buffer, 1), 0u);
   EXPECT_EQ(file->read(INT64_MAX / 2, buffer, 1), 0u);
   EXPECT_EQ(errorNumber([&] { file->read(-1, buffer, 1); }), 63);
-}
-
-TEST_P(Files, CountsReadsAndBytes) {
-  const auto file = fileSystem().open(kFile, FileAccess::kRead);
-  const ReadStatistics before = readStatistics();
-  char buffer[16] = {};
-  file->read(2, buffer, 5);
-  file->read(10, buffer, 5);
-  EXPECT_EQ(readStatistics().calls - before.calls, 2u);
-  EXPECT_EQ(readStatistics().bytes - before.bytes, 5u);
 }
 
 TEST_P(Files, SeesWhatOthersWriteMeanwhile) {
@@ -169,21 +158,6 @@ TEST(MemoryFiles, ADamagedOffsetDoesNotFillTheMemory) {
   const auto file = memory.open(kFile, FileAccess::kReadWrite);
   EXPECT_EQ(errorNumber([&] { file->write(INT64_MAX, "x"); }), 61);
   EXPECT_EQ(file->size(), 0);
-}
-
-TEST(FaultyFiles, OneReadFailsThenTheLineIsBack) {
-  auto memory = std::make_unique<MemoryFileSystem>();
-  memory->add(kFile, "0123");
-  FaultyFileSystem faulty(std::move(memory));
-  const auto file = faulty.open(kFile, FileAccess::kRead);
-  char buffer[4];
-  faulty.failAfter(1);
-  EXPECT_EQ(file->read(0, buffer, 4), 4u);
-  EXPECT_EQ(errorNumber([&] { file->read(0, buffer, 4); }), 57);
-  EXPECT_EQ(file->read(0, buffer, 4), 4u);
-  faulty.failAfter(0, true);
-  EXPECT_EQ(errorNumber([&] { file->read(0, buffer, 4); }), 57);
-  EXPECT_EQ(errorNumber([&] { file->read(0, buffer, 4); }), 57);
 }
 
 }  // namespace

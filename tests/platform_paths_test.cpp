@@ -158,15 +158,6 @@ TEST_F(SharePaths, WhatIsNoFileIsNotOpened) {
   }
 }
 
-TEST_F(SharePaths, AShareThatGrantsReadingOnlyRefusesWriters) {
-  if (::geteuid() == 0) GTEST_SKIP() << "permission bits do not bind the superuser";
-  ASSERT_EQ(::chmod(folder_.write("root/srv/VLMRLNK/FILE0", "x").c_str(), 0444), 0);
-  const std::string path = "\\\\srv\\VLMRLNK\\FILE0";
-  EXPECT_EQ(contentOf(path), "x");
-  EXPECT_TRUE(fileSystem().fileExists(path));
-  EXPECT_EQ(errorNumber([&] { fileSystem().open(path, FileAccess::kReadWrite); }), 70);
-}
-
 TEST_F(SharePaths, ABackslashSeparatesInALocalPath) {
   folder_.write("temp/sub/dgoperation.log", "log");
   EXPECT_EQ(contentOf(folder_.file("temp/sub") + "\\dgoperation.log"), "log");

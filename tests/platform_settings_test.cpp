@@ -146,13 +146,6 @@ TEST_F(Settings, SurviveInAFileOfTheUsersOwn) {
   EXPECT_EQ(folder_.names("home/.config"), std::vector<std::string>{"DealerGauge.ini"});
 }
 
-TEST_F(Settings, KeepWhatElseIsInTheFile) {
-  folder_.write("home/.config/DealerGauge.ini", "; mine\r\n[Window]\r\nwidth=3\r\n\xff\r\n");
-  ASSERT_EQ(save("011"), 0);
-  EXPECT_EQ(folder_.read("home/.config/DealerGauge.ini"),
-            "; mine\r\n[Window]\r\nwidth=3\r\n\xff\r\n[Asset]\r\nAccounts=011\r\n");
-}
-
 TEST_F(Settings, FailWhereTheFileCannotStand) {
   folder_.write("file", "kept");
   environment().settingsFile = folder_.file("file/DealerGauge.ini");
@@ -170,18 +163,6 @@ TEST_F(Settings, FailWhereTheFileCannotStand) {
   EXPECT_EQ(save("011"), 76);
   EXPECT_EQ(assets(), "default");
   EXPECT_EQ(folder_.names(), (std::vector<std::string>{"file", "folder"}));
-}
-
-TEST_F(Settings, StayAsTheyAreWhereTheUserMayNotWrite) {
-  if (::geteuid() == 0) GTEST_SKIP() << "permission bits do not bind the superuser";
-  folder_.write("home/.config/DealerGauge.ini", "[Asset]\nAccounts=011\n");
-  fs::permissions(folder_.file("home/.config/DealerGauge.ini"), fs::perms::owner_read);
-  EXPECT_EQ(save("022"), 70) << "a protected file";
-  fs::permissions(folder_.file("home/.config/DealerGauge.ini"), fs::perms::owner_all);
-  fs::permissions(folder_.file("home/.config"), fs::perms(0500));
-  EXPECT_EQ(save("022"), 70) << "a protected folder";
-  EXPECT_EQ(assets(), "011");
-  fs::permissions(folder_.file("home/.config"), fs::perms::owner_all);
 }
 
 }  // namespace

@@ -67,15 +67,6 @@ TEST(ReadWholeFile, ALengthThatNoTextCanHoldRaises) {
   EXPECT_EQ(errorNumber([&] { readWholeFile(folder.path().string() + "\\sparse"); }), 7);
 }
 
-TEST(AppendText, CreatesThenAppends) {
-  const TemporaryFolder folder;
-  const std::string log = folder.path().string() + "\\dgoperation.log";
-  appendText(log, "first\r\n");
-  appendText(log, "");
-  appendText(log, "second\r\n");
-  EXPECT_EQ(folder.read("dgoperation.log"), "first\r\nsecond\r\n");
-}
-
 TEST(AppendText, FailsWhereThereIsNoPlaceForTheFile) {
   const EnvironmentScope environmentScope;
   const TemporaryFolder folder;

@@ -63,16 +63,6 @@ TEST(Text, ControlsBecomeBlanks) {
   EXPECT_EQ(withoutControls("a\0\r\n\x1B[2J\x7F\xE9"s), "a    [2J \xE9");
 }
 
-TEST(MessageBox, GoesToTheHandler) {
-  std::vector<std::string> seen;
-  const MessageBoxHandler former = setMessageBoxHandler([&seen](const MessageBox& box) {
-    seen.push_back(box.title + '|' + box.text + '|' + std::to_string(box.style));
-  });
-  MsgBox("text", kCritical, "title");
-  setMessageBoxHandler(former);
-  EXPECT_EQ(seen, std::vector<std::string>{"title|text|16"});
-}
-
 TEST(MessageBox, WithoutAHandlerIsHarmlessToATerminal) {
   const MessageBoxHandler former = setMessageBoxHandler({});
   testing::internal::CaptureStderr();

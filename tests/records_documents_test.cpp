@@ -3,17 +3,10 @@
 #include <string>
 
 #include "engine/codec.h"
-#include "engine/logical_file.h"
 #include "engine/state.h"
-#include "records/clock.h"
-#include "records/customers.h"
-#include "records/floor_plan.h"
 #include "records/invoice_history.h"
 #include "records/invoice_history_detail.h"
-#include "records/parts.h"
 #include "records/shop.h"
-#include "records/units.h"
-#include "tests/support/engine_store.h"
 #include "tests/support/program_run.h"
 #include "tools/sample/record_writer.h"
 
@@ -32,31 +25,6 @@ clsInvoiceHistory unpacked(const RecordWriter& record) {
   clsInvoiceHistory result;
   result.Unpack(record.bytes());
   return result;
-}
-
-TEST(InvoiceRecords, TheTypeChoosesTheLayout) {
-  const auto with = [](std::int32_t type) {
-    return unpacked(header(type)
-                        .integer(3, 'D', 0x010203)
-                        .integer(54, 'B', 11)
-                        .integer(157, 'B', 22)
-                        .integer(145, 'B', 33));
-  };
-  for (const std::int32_t type : {1, 2, 3, 13, 17, 19, 99}) {
-    EXPECT_EQ(with(type).Account, 0x010203) << type;
-    EXPECT_EQ(with(type).Terminal, 11) << type;
-    EXPECT_EQ(with(type).IsOrderLayout, 0) << type;
-  }
-  for (const std::int32_t type : {80, 81}) {
-    EXPECT_EQ(with(type).Account, 0x01020300) << type;
-    EXPECT_EQ(with(type).Terminal, 22) << type;
-    EXPECT_EQ(with(type).IsOrderLayout, -1) << type;
-  }
-  for (const std::int32_t type : {0, 4, 50, -1}) {
-    EXPECT_EQ(with(type).Account, 0) << type;
-    EXPECT_EQ(with(type).Record_Status, type);
-    EXPECT_EQ(with(type).Department, 33) << "common to all";
-  }
 }
 
 TEST(InvoiceRecords, ATypeWithoutALayoutKeepsWhatTheLastOneLeft) {
@@ -119,25 +87,6 @@ TEST(InvoiceRecords, SalesOfPositiveAmountAreTypeOneOrTwo) {
   }
 }
 
-TEST(InvoiceRecords, FieldsOfAnOrderHaveTheirOddPlaces) {
-  const Date day = Date::fromText("2/3/26");
-  const auto read = unpacked(header(80)
-                                 .integer(100, 'B', 7)
-                                 .integer(124, 'B', 8)
-                                 .bit(116, 'B', 6)
-                                 .integer(117, 'C', 100)
-                                 .integer(97, 'C', 200)
-                                 .date(25, 'J', day)
-                                 .integer(122, 'B', 5)
-                                 .integer(14, 'D', 12'345));
-  EXPECT_EQ(read.Delivery_Code, 8) << "the common part comes last";
-  EXPECT_EQ(read.Rental, -1);
-  EXPECT_EQ(read.WarrVend, (std::array<std::int32_t, 2>{100, 200}));
-  EXPECT_EQ(read.CallDates[2], day);
-  EXPECT_EQ(read.CallStatus[2], 5);
-  EXPECT_EQ(read.Meter, Currency::fromScaled(12'345, 10));
-}
-
 TEST(InvoiceRecords, WritingPutsThisTerminalIntoTheRecord) {
   ProgramRun run;
   run.openEngine();
@@ -171,28 +120,6 @@ RecordWriter remark(std::string_view text) {
   RecordWriter record(60);
   record.packed(9, 2, "REM").packed(11, 24, text, " ,-.");
   return record;
-}
-
-TEST(InvoiceLineRecords, APartHasItsNumberWithAndWithoutDashes) {
-  MaskTable = kDefaultMaskTable;
-  const auto read = line(RecordWriter(60)
-                             .packed(9, 2, "K7")
-                             .packed(11, 12, "AB/CDE")
-                             .packed(23, 2, "3  ")
-                             .packed(25, 14, "5-GAL CAN", " ,-.")
-                             .integer(39, 'J', -3)
-                             .integer(41, 'D', 1'999)
-                             .integer(51, 'C', 0x8001));
-  EXPECT_EQ(read.Part_Number, "AB/CDE            ");
-  EXPECT_EQ(read.Part_w_Dash.substr(0, 7), "AB--CDE") << "the slash's code is the dash's now";
-  EXPECT_EQ(read.Description, "5-GAL CAN            ");
-  EXPECT_EQ(read.Quantity, Currency(-3));
-  EXPECT_EQ(read.Net_Each, Currency::fromScaled(1'999, 100));
-  EXPECT_EQ(read.Flag51Bit15, 1);
-  EXPECT_EQ(read.Flag51Bit14, 0);
-  EXPECT_EQ(read.Flag51Bit0, 1);
-  EXPECT_EQ(MaskTable.substr(0, 4), " ,-.") << "stays in force";
-  MaskTable = kDefaultMaskTable;
 }
 
 TEST(InvoiceLineRecords, ARemarksTextSaysWhatElseItHolds) {
@@ -282,84 +209,6 @@ TEST(ShopRecords, TwoMembersShareAByte) {
   read.Unpack(RecordWriter(96).bytes());
   EXPECT_EQ(read.WarrVend[1], 0) << "arrays are new with every record";
   EXPECT_EQ(read.LastRequest, 3) << "other members are not";
-}
-
-/// Places, widths, signs and scales of which a neighbour's would look as likely.
-TEST(RecordLayouts, FieldsAreReadFromTheirOwnBytes) {
-  clsShop job;
-  job.Unpack(RecordWriter(160).integer(14, 'D', 0xFFFFFF).integer(129, 'J', -5).bytes());
-  EXPECT_EQ(job.Meter, Currency::fromScaled(0xFFFFFF, 10));
-  EXPECT_EQ(job.Disc_Percentage, -5);
-
-  clsCustomers customer;
-  customer.Unpack(RecordWriter(320).integer(161, 'L', 6'000).integer(165, 'L', 9'000).bytes());
-  EXPECT_EQ(customer.Statement_60_days, Currency(60));
-  EXPECT_EQ(customer.Statement_90_days, Currency(90));
-
-  clsParts part;
-  part.Unpack(RecordWriter(320).integer(46, 'K', 12'345).integer(36, 'K', -15).bytes());
-  EXPECT_EQ(part.Level_1_Price, Currency::fromScaled(12'345, 100));
-  EXPECT_EQ(part.Quantity_On_Hand, Currency::fromScaled(-15, 10));
-
-  const DirectoryEntry entry =
-      DirectoryEntry::decode(test::directoryEntry("PARTL", 0x010002, 256, 'L', 9));
-  EXPECT_EQ(entry.Position, 0x010002) << "three bytes";
-}
-
-TEST(FloorPlanRecords, TextsBehindTheModelHaveDashes) {
-  MaskTable = kDefaultMaskTable;
-  clsFloorPlan read;
-  read.Unpack(RecordWriter(256)
-                  .packed(5, 12, "M/1")
-                  .packed(17, 12, "S-1", " ,-.")
-                  .packed(47, 4, "P/2")
-                  .bytes());
-  EXPECT_EQ(read.Part_Number.substr(0, 3), "M/1");
-  EXPECT_EQ(read.Serial_Number.substr(0, 3), "S-1");
-  EXPECT_EQ(read.Payment_Reference.substr(0, 3), "P-2");
-  EXPECT_EQ(MaskTable.substr(0, 4), " ,-.") << "stays in force";
-  MaskTable = kDefaultMaskTable;
-}
-
-TEST(FloorPlanRecords, ARemarkKeepsPartNumberAndText) {
-  clsFloorPlanExtent read;
-  read.Unpack(RecordWriter(32)
-                  .packed(3, 2, "REM")
-                  .packed(5, 24, "SEE THE DEALER AGREEMENT")
-                  .integer(29, 'D', 9)
-                  .bytes());
-  EXPECT_EQ(read.LongText.substr(0, 24), "SEE THE DEALER AGREEMENT");
-  EXPECT_EQ(read.PartNumber, "SEE THE DEALER AGR");
-  EXPECT_EQ(read.ExtentNext, 9);
-}
-
-TEST(UnitRecords, TheLastFieldIsReadFromItsWholeWidthOnly) {
-  RecordWriter record(512);
-  record.integer(509, 'L', 44).raw(106, 6, "LOT 12").integer(112, 'L', 0x41000000);
-  clsUnits read;
-  read.Unpack(record.bytes());
-  EXPECT_EQ(read.HistoryChain, 44);
-  EXPECT_EQ(read.Location_of_Unit, "LOT 12A") << "its last byte is the next field's first";
-  read.Unpack(record.integer(509, 'L', 55).bytes().substr(0, 511));
-  EXPECT_EQ(read.HistoryChain, 44);
-  EXPECT_EQ(read.SubLedgerChain, 0);
-}
-
-TEST(ClockRecords, TheKindChoosesTheLayout) {
-  RecordWriter record(40);
-  record.integer(3, 'C', 5).integer(7, 'C', 830).raw(13, 1, "I").integer(26, 'L', 77);
-  clsClock read;
-  read.Unpack(record.integer(1, 'J', 1).bytes());
-  EXPECT_EQ(read.enteredTime, 830);
-  EXPECT_EQ(read.InOut, "I");
-  EXPECT_EQ(read.Text11, "");
-  read.Unpack(record.integer(1, 'J', 2).integer(3, 'C', 6).packed(11, 12, "LUNCH").bytes());
-  EXPECT_EQ(read.Field3, 6);
-  EXPECT_EQ(read.Text11.substr(0, 5), "LUNCH");
-  EXPECT_EQ(read.InOut, "I") << "no field of this kind";
-  read.Unpack(record.integer(1, 'J', 3).integer(3, 'C', 9).bytes());
-  EXPECT_EQ(read.Kind, 3);
-  EXPECT_EQ(read.Field3, 6);
 }
 
 }  // namespace

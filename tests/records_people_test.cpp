@@ -55,32 +55,6 @@ TEST(CustomerRecords, NumbersThatCanBeNoTelephoneReadAsNone) {
   EXPECT_EQ(customer(RecordWriter(300).integer(201, 'L', 9'999'999)).Phone_Number_2, 9'999'999);
 }
 
-TEST(CustomerRecords, TheDateOfTheLastCloseIsReadAndWrittenInTwoForms) {
-  const Date day = Date::fromText("11/12/26");
-  const auto read =
-      customer(RecordWriter(300).date(194, 'R', day).date(112, 'D', Date::fromText("1/5/99")));
-  EXPECT_EQ(read.Date_of_Last_Close, day);
-  EXPECT_EQ(read.Date_SetUp, Date::fromText("1/5/99"));
-  std::string record(300, '\0');
-  read.Pack(record);
-  EXPECT_EQ(Unpack('D', record, 194), 111226);
-  EXPECT_EQ(Unpack('D', record, 112), 1599) << "written without the leading zeros";
-}
-
-TEST(CustomerRecords, FlagsAreZeroOrOneAndOtherBitsSurvive) {
-  const auto read = customer(RecordWriter(300).integer(92, 'B', 0xFA).integer(185, 'B', 0x81));
-  EXPECT_EQ(read.Part_Sales_Trackng, 0);
-  EXPECT_EQ(read.Partial_Ship, 1);
-  EXPECT_EQ(read.Line_Sales_Trackng, 1);
-  EXPECT_EQ(read.PO_Required, 1);
-  EXPECT_EQ(read.Prompt_Ship_To, 1);
-  EXPECT_EQ(read.Write_Off, 0);
-  std::string record(300, '\xff');
-  read.Pack(record);
-  EXPECT_EQ(Unpack('B', record, 92), 0xFA) << "the four upper bits are no member's";
-  EXPECT_EQ(Unpack('B', record, 185), 0x81);
-}
-
 TEST(CustomerRecords, ARecordWithoutItsExtensionKeepsWhatWasThere) {
   RecordWriter whole(300);
   whole.integer(3, 'D', 100).integer(186, 'L', 5).integer(197, 'L', 77).integer(297, 'L', 99);

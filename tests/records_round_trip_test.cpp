@@ -128,82 +128,8 @@ TEST(RecordRoundTrip, WhatAClassWritesItReadsBack) {
   MaskTable = kDefaultMaskTable;
 }
 
-TEST(RecordRoundTrip, ARecordCutAnywhereLeavesWhatItDoesNotReach) {
-  Random random(4, "cut records");
-  for (const Layout& layout : layouts()) {
-    const std::string whole = randomRecord(random, layout, 255);
-    const std::string other = randomRecord(random, layout, 255);
-    const auto reference = layout.record->make();
-    reference->Unpack(whole);
-    for (std::size_t length = 0; length <= 520; length += length < 60 ? 1 : 7) {
-      const auto record = layout.record->make();
-      record->Unpack(whole);
-      record->Unpack(other.substr(0, length));
-      if (length > 0) continue;
-      // An empty record reaches no number at all.
-      const std::set<std::string_view> derived = {"Transaction_Type", "SaleFlag", "ShipTo",
-                                                  "IsOrderLayout", "Field89Kind"};
-      const std::vector<MemberValue> before = reference->members();
-      const std::vector<MemberValue> after = record->members();
-      for (std::size_t i = 0; i < before.size(); ++i) {
-        const auto* value = std::get_if<MemberValue::Scalar>(&before[i].value);
-        if (value == nullptr || derived.contains(before[i].name)) continue;
-        if (std::holds_alternative<Date>(*value) || std::holds_alternative<std::string>(*value))
-          continue;
-        EXPECT_EQ(scalars(before[i]), scalars(after[i]))
-            << layout.record->name << "." << before[i].name;
-      }
-    }
-  }
-  MaskTable = kDefaultMaskTable;
-}
-
 /// Positions, first and last, at which a class writes other bytes than it read.
 using Differences = std::vector<std::pair<int, int>>;
-
-TEST(RecordRoundTrip, RecordsOfASampleStoreAreWrittenBackAsTheyWere) {
-  // Dates of the MMDDYY form lose their leading zeros; the others are the classes' own. Files whose
-  // records are pages of several layouts are left out.
-  const std::map<std::string_view, Differences> differences = {
-      {"clsCounterman", {{27, 29}}},
-      {"clsCustomers", {{112, 120}, {194, 196}}},
-      {"clsFloorPlan", {}},
-      {"clsFloorPlanExtent", {}},
-      {"clsLines", {{99, 106}, {142, 142}}},
-      {"clsParts", {{89, 89}, {141, 146}}},
-      {"clsUnits", {}},
-      {"clsUnitsLedger", {}},
-  };
-  ProgramRun run;
-  run.openEngine(composeSampleStore({.seed = 2}));
-  for (const auto& [name, exempt] : differences) {
-    const RecordClass& type = *findRecordClass(name);
-    const auto read = [&](const std::string& file, std::int32_t number) {
-      bool orb = false;
-      return file.empty() ? "" : sharedEngine().LreadFile(file, number, orb);
-    };
-    bool orb = false;
-    const auto main = sharedEngine().LogicalOpen(std::string(type.mainFile));
-    const std::int32_t last = main->HighUsedRecord(orb);
-    ASSERT_GT(last, 10) << name;
-    for (std::int32_t number = 1; number <= last; ++number) {
-      const std::string before =
-          read(std::string(type.mainFile), number) + read(std::string(type.extensionFile), number);
-      if (Unpack('J', before, 1) < 1) continue;  // freed
-      const auto record = type.make();
-      record->Unpack(before);
-      std::string after = before;
-      record->Pack(after);
-      for (const auto& [first, end] : exempt)
-        after.replace(
-            static_cast<std::size_t>(first) - 1, static_cast<std::size_t>(end - first) + 1, before,
-            static_cast<std::size_t>(first) - 1, static_cast<std::size_t>(end - first) + 1);
-      const auto different = std::mismatch(before.begin(), before.end(), after.begin());
-      ASSERT_TRUE(after == before)
-          << name << " " << number << " from position " << different.first - before.begin() + 1;
-    }
-  }
-}
 
 }  // namespace
 }  // namespace dg

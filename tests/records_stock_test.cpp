@@ -97,23 +97,6 @@ TEST_F(StockRecords, ALineIsReadFromBothItsFiles) {
     EXPECT_EQ(raised([&] { line.Read(number, lock); }), (Raised{81, "", "Illegal Record Number"}));
 }
 
-TEST_F(StockRecords, WritingALinePutsTheMonthIntoTheYear) {
-  run_.openEngine();
-  clsLines line;
-  line.Unpack(lineRecord(5, "AA")
-                  .integer(87, 'L', 100)
-                  .integer(91, 'L', 200)
-                  .integer(99, 'L', 300)
-                  .integer(103, 'L', 400)
-                  .bytes());
-  std::string record(224, '\x7f');
-  line.Pack(record);
-  EXPECT_EQ(Unpack('L', record, 99), 100);
-  EXPECT_EQ(Unpack('L', record, 103), 200);
-  EXPECT_EQ(Unpack('J', record, 1), 0x7f7f) << "nothing writes the status";
-  EXPECT_EQ(record[123], '\x7f') << "nor the flag";
-}
-
 TEST_F(StockRecords, AllLinesAreThoseInUseBelowAThousand) {
   for (const std::int32_t number : {12, 1000, 999})
     addLine(run_.builder, lineRecord(number, "AA"));
@@ -129,86 +112,6 @@ TEST_F(StockRecords, AllLinesAreThoseInUseBelowAThousand) {
   EXPECT_EQ(errorNumber([&] { lines.Remove("12"); }), kInvalidProcedureCall);
   lines.Remove("999");
   EXPECT_EQ(lines.Count(), 0);
-}
-
-TEST_F(StockRecords, APartShowsItsDashesAndItsCodes) {
-  run_.openEngine();
-  clsParts part;
-  part.Unpack(RecordWriter(320)
-                  .raw(3, 14, sample::partKey("K7", "ABCDEF"))
-                  .packed(17, 2, "36")
-                  .packed(21, 4, "AEYBCX")
-                  .raw(141, 6, std::string("AB\0\0EF", 6))
-                  .bytes());
-  EXPECT_EQ(part.Part_Number, "ABCDEF            ");
-  EXPECT_EQ(part.Part_w_Dash, "AB-CD-EF            ");
-  EXPECT_EQ(part.Comodity + part.Unit_of_Measure + part.Return_Flag + part.Mfg_Popularity +
-                part.Dlr_Popularity + part.Order_Code,
-            "AEYBCX");
-  EXPECT_EQ(part.Last_Tran_Codes, "AB  EF");
-
-  std::string record(320, '\xff');
-  part.Pack(record);
-  EXPECT_EQ(record.substr(4, 14),
-            sample::partKey("K7", "ABCDEF").substr(2) + RecordWriter(2).packed(1, 2, "36").bytes());
-  EXPECT_EQ(record.substr(20, 4), RecordWriter(4).packed(1, 4, "AEYBCX").bytes());
-}
-
-TEST_F(StockRecords, ASubstitutesDashesComeFromFarBehindIt) {
-  run_.openEngine();
-  clsParts part;
-  part.Unpack(RecordWriter(320)
-                  .packed(129, 10, "SUB12")
-                  .packed(139, 2, "2  ")
-                  .packed(179, 14, "GASKET")
-                  .packed(269, 2, "4  ")
-                  .bytes());
-  EXPECT_EQ(part.Sub_Part_Number, "SUB12          ");
-  EXPECT_EQ(part.Sub_Part_w_Dash.substr(0, 6), "SUB-12");
-  EXPECT_EQ(part.Sub_Part_w_Dash.size(), 142U / 2 * 3 - 3 + 1);
-  EXPECT_EQ(part.Sub_Part_w_Dash.substr(76, 6), "GASKET");
-}
-
-TEST_F(StockRecords, TheHigherOfTwoKindBitsWins) {
-  run_.openEngine();
-  struct Case {
-    std::int32_t flags;
-    std::int16_t kind;
-    std::int32_t written;
-  };
-  for (const Case& test :
-       {Case{0x00, 0, 0xC5}, {0x10, 1, 0xD5}, {0x20, 2, 0xE5}, {0x3A, 2, 0xEF}}) {
-    clsParts part;
-    part.Unpack(RecordWriter(320).integer(89, 'B', test.flags).bytes());
-    EXPECT_EQ(part.Field89Kind, test.kind);
-    std::string record(320, '\xff');
-    part.Pack(record);
-    EXPECT_EQ(Unpack('B', record, 89), test.written) << "bits of no member survive";
-  }
-}
-
-TEST_F(StockRecords, APartIsReadFromBothItsFiles) {
-  const int length = run_.builder.extended("PARTL", "EPARTL").recordLength();
-  run_.builder.extended("PARTL", "EPARTL")
-      .add(RecordWriter(length)
-               .integer(61, 'K', 250)
-               .integer(286, 'D', 12)
-               .date(277, 'J', Date::fromText("5/6/26"))
-               .date(70, 'R', Date::fromText("1/2/26"))
-               .bytes());
-  run_.openEngine();
-  clsParts part;
-  bool lock = false;
-  part.Read(1, lock);
-  EXPECT_EQ(part.Cost, Currency::fromScaled(250, 100));
-  EXPECT_EQ(part.Spring_Order_Qty, 12);
-  EXPECT_EQ(part.Date_Last_Recvd, Date::fromText("5/6/26"));
-  EXPECT_EQ(part.Date_Last_Change, Date::fromText("1/2/26"));
-  EXPECT_EQ(part.RecordNumber, 1);
-  const std::int32_t last = sharedEngine().LogicalOpen("PARTL")->LastRecord;
-  for (const std::int32_t number : {0, last + 1})
-    EXPECT_EQ(raised([&] { part.Read(number, lock); }),
-              (Raised{81, "", "Read - Illegal Record Number"}));
 }
 
 TEST_F(StockRecords, ADescriptionIsLookedUpInTheFloorPlanFile) {

@@ -146,35 +146,5 @@ TEST(SampleFamilies, ClaimsUnitsAndFinancedStockAreListedOrPassedOverForEveryRea
   EXPECT_THAT(financed, SizeIs(6));
 }
 
-TEST(SampleFamilies, LinesHaveStockAndSalesOfEverySign) {
-  const RawStore& store = sampleStore();
-  std::map<std::string, int> kinds;
-  for (const auto& [key, record] : store.entries("LINEI")) {
-    const std::string line = store.record("LINEL", record);
-    if (unsignedAt(key, 1, 2) >= 1000) {
-      ++kinds["reserved"];
-      continue;
-    }
-    ++kinds[std::string("type ") + line.at(141)];
-    const std::int64_t stock = signedAt(line, 75, 4);
-    ++kinds[stock == 0 ? "no stock" : stock < 0 ? "negative" : "stock"];
-    const std::int64_t sales = signedAt(line, 111, 4);
-    ++kinds[sales == 0 ? "no sales" : signedAt(line, 115, 4) > sales ? "at loss" : "profit"];
-  }
-  for (const char* kind : {"reserved", "type P", "type U", "type R", "no stock", "negative",
-                           "stock", "no sales", "at loss", "profit"})
-    EXPECT_GT(kinds[kind], 0) << kind;
-}
-
-TEST(SampleFamilies, TheScaleMultipliesThem) {
-  SampleOptions options;
-  options.scale = 3;
-  const RawStore store(composeSampleStore(options));
-  for (const char* index : {"CUSTI", "TICKI", "WARRI", "UNITI", "LUNITI", "FPLNI"})
-    EXPECT_EQ(store.entries(index).size(), 3 * sampleStore().entries(index).size()) << index;
-  EXPECT_EQ(slots(store, 301, 325).size(), 90U);
-  EXPECT_EQ(slots(store, 451, 458).size() + slots(store, 501, 571).size(), 300U);
-}
-
 }  // namespace
 }  // namespace dg::test

@@ -30,16 +30,6 @@ TEST(SampleRecordWriter, RefusesWhatDoesNotFit) {
   EXPECT_EQ(record.bytes(), std::string(4, '\0'));
 }
 
-TEST(SampleRecordFile, RefusesWhatItHasNoPlaceFor) {
-  RecordFile file(20);
-  file.add("first");
-  EXPECT_EQ(errorNumber([&] { file.add(std::string(21, 'x')); }), 36);
-  for (const std::int32_t number : {0, 2}) {
-    EXPECT_EQ(errorNumber([&] { file.replace(number, ""); }), 81);
-    EXPECT_EQ(errorNumber([&] { file.free(number); }), 81);
-  }
-}
-
 TEST(SampleControlFile, HasSlotsForAllJobsAndTheSavedInvoicesOfItsBlocks) {
   Random random(3, "slots");
   ControlFile file;

@@ -43,16 +43,6 @@ TEST(SampleStore, RefusesOptionsThatMakeNoStore) {
     EXPECT_THROW(composeSampleStore(options), RunTimeError);
 }
 
-TEST(SampleStore, WarrantySegmentsSetBothOptions) {
-  for (const bool segments : {false, true}) {
-    const std::string control =
-        byPath({.warrantySegments = segments}).at(kStoreFolder + std::string("FILE0"));
-    const std::string options = control.substr(401 * 512, 512);
-    EXPECT_EQ(options[317 - 1], segments ? 'Y' : 'N');
-    EXPECT_EQ(options[320 - 1], segments ? 'Y' : 'N');
-  }
-}
-
 TEST(SampleFolder, ReplacesAStoreAsAWhole) {
   const TemporaryFolder root;
   writeSampleStore(root.file("store"), {.seed = 1});

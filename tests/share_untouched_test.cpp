@@ -121,17 +121,6 @@ TEST_F(ShareUntouchedTest, ClosedStandardStreamsDoNotLeadIntoAFile) {
   }
 }
 
-/// Who may write everywhere still leaves write-protected files alone.
-TEST_F(ShareUntouchedTest, WriteProtectedFilesKeepModeAndContent) {
-  for (const auto& entry : fs::recursive_directory_iterator(share())) {
-    if (entry.is_regular_file()) fs::permissions(entry.path(), fs::perms(0444));
-  }
-  const auto before = listing(share());
-  const FullRun run = this->run();
-  EXPECT_TRUE(run.faults.empty()) << testing::PrintToString(run.faults);
-  EXPECT_EQ(listing(share()), before);
-}
-
 /// The suite's terminals open their files for reading and writing, and so does this program. A
 /// share that grants reading only refuses that: the files count as missing, and every view that
 /// needs one says so. What is read as plain text still shows.

@@ -8,11 +8,9 @@
 #include "engine/codec.h"
 #include "platform/file.h"
 #include "platform/settings.h"
-#include "records/index_walk.h"
 #include "shell/about.h"
 #include "shell/setup.h"
 #include "shell/sort_grid.h"
-#include "shell/splash.h"
 #include "shell/view_log.h"
 #include "shell/write_log.h"
 #include "tests/support/program_run.h"
@@ -143,15 +141,6 @@ TEST_F(SetupTest, ListsSortByTheirHeadsAndADoubleClickMoves) {
   EXPECT_EQ(dialog_.grdA(0).Rows(), 2);
 }
 
-TEST_F(SetupTest, CancelLeavesTheStoredList) {
-  SaveSetting("DealerGauge", "Asset", "Accounts", "0112345");
-  open("A");
-  dialog_.cmdMove(1).click();
-  dialog_.cmdCancel.click();
-  EXPECT_EQ(saved("Asset"), "0112345");
-  EXPECT_NE(SetupCancelled, 0);
-}
-
 TEST_F(SetupTest, SettingsThatCannotBeWrittenKeepTheDialogOpen) {
   open("A");
   dialog_.cmdMove(1).click();
@@ -188,15 +177,6 @@ TEST_F(SetupTest, AChartThatCannotBeReadKeepsTheRowsSoFar) {
   EXPECT_EQ(saved("Asset"), "011");
 }
 
-TEST_F(SetupTest, TheDialogIsShownModallyByTheViews) {
-  run_.onModal = [](Form& form) { form.get<Button>("cmdCancel").click(); };
-  run_.openEngine();
-  SetupKind = "A";
-  showSetup();
-  EXPECT_NE(SetupCancelled, 0);
-  EXPECT_EQ(run_.shown, (std::vector<std::string>{"modal frmSetup", "unload frmSetup"}));
-}
-
 TEST(ViewLogTest, ItShowsTheLogOfThisRun) {
   ProgramRun run;
   setFileSystem(nullptr);
@@ -219,18 +199,6 @@ TEST(ViewLogTest, ItShowsTheLogOfThisRun) {
   EXPECT_TRUE(run.messages.empty());
   viewer.cmdExit.click();
   EXPECT_EQ(run.shown, (std::vector<std::string>{"unload frmViewLog"}));
-}
-
-TEST(AboutTest, ItTellsNameAndVersion) {
-  ProgramRun run;
-  frmAbout dialog;
-  dialog.Form_Load();
-  EXPECT_EQ(dialog.caption(), "About Dealer Gauge 2");
-  EXPECT_EQ(dialog.lblTitle.caption(), "Dealer Gauge 2");
-  EXPECT_EQ(dialog.lblVersion.caption(), "Version 2.5.3");
-  EXPECT_FALSE(dialog.lblDisclaimer.caption().empty());
-  dialog.cmdOk.click();
-  EXPECT_EQ(run.shown, (std::vector<std::string>{"unload frmAbout"}));
 }
 
 /// A registry of one value, and what was started.

@@ -70,14 +70,6 @@ TEST(LogTest, StandsInTheFolderOfItsVariableWhateverThatHolds) {
   EXPECT_EQ(gsLogFile, "\\dgoperation.log");
 }
 
-TEST(LogTest, ASilencedLogIsStillObserved) {
-  ProgramRun run;
-  setLogEnabled(false);
-  logLine("*one");
-  EXPECT_EQ(run.log(), "");
-  EXPECT_EQ(run.logged, (std::vector<std::string>{"*one"}));
-}
-
 TEST(LogTest, FailuresAreToldInTheFormOfTheirLayer) {
   ProgramRun run;
   const RunTimeError error(kTypeMismatch);
@@ -184,29 +176,6 @@ TEST(OptionTest, AnOptionIsACapitalYAtItsPlace) {
   EXPECT_FALSE(GetOption(0));
   EXPECT_EQ(run.logged, (std::vector<std::string>{"*Error in GetOption function error # :5\r\n"
                                                   "Invalid procedure call or argument"}));
-}
-
-TEST(OptionTest, WithoutAControlFileEveryOptionIsOffAndLogged) {
-  ProgramRun run;
-  run.missing = {"FILE0"};
-  run.openEngine();
-  EXPECT_FALSE(GetOption(320));
-  EXPECT_EQ(run.log(),
-            "*Error in GetOption function error # :91\r\n"
-            "Object variable or With block variable not set\r\n");
-  EXPECT_TRUE(run.messages.empty());
-}
-
-TEST(PartNumberTest, DashesStandWhereTheMaskNamesThem) {
-  const auto formatted = [](std::string part, const std::string& mask) {
-    const std::string result = FormatPartNumber(part, mask);
-    EXPECT_EQ(part, result) << "the argument is changed as well";
-    return result;
-  };
-  EXPECT_EQ(formatted("ABCDEF", ""), "ABCDEF");
-  EXPECT_EQ(formatted("ABCDEF", "3  "), "AB-CDEF");
-  EXPECT_EQ(formatted("ABCDEF", "36"), "AB-CD-EF");
-  EXPECT_EQ(formatted("ABCDEFGHIJKLMNOPQRSTUV", "IJ"), "ABCDEFGHIJKLMNOPQ-RSTUV");
 }
 
 }  // namespace

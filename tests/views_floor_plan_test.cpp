@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "engine/codec.h"
 #include "engine/state.h"
-#include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "tests/support/line_records.h"
 #include "tests/support/paged_records.h"
@@ -28,7 +25,7 @@ RecordWriter entry(std::int32_t line, int cost) {
   return record;
 }
 
-class FloorPlanTest : public testing::Test {
+class FloorPlanTest : public ViewTest {
  protected:
   void add(std::int32_t line, const RecordWriter& record) {
     const std::int32_t at = run.builder.records("FPLNL").add(record.bytes());
@@ -62,8 +59,6 @@ class FloorPlanTest : public testing::Test {
     };
     run.click(run.load<frmFp>().grdFp);
   }
-
-  ViewRun run;
 };
 
 std::string key(std::string_view text, std::string_view head = " ,/.") {
@@ -117,34 +112,6 @@ TEST_F(FloorPlanTest, AnEntryWithoutACostHasThatOfItsPart) {
     costs.push_back(row.at(13));
   EXPECT_THAT(costs, ElementsAre("167,772.15", ".00", "5.00", ".00", ".01"));
   EXPECT_EQ(run.recap(11), "$167,777.16");
-}
-
-TEST_F(FloorPlanTest, TheDetailShowsTheEntries) {
-  addLine(run.builder, 7, "MOWERS", "U");
-  RecordWriter full = entry(7, 1'234'500);
-  full.packed(5, 12, "A/B 1")
-      .packed(17, 12, "C/D 2")
-      .packed(29, 6, "REF1")
-      .packed(35, 4, "REF2")
-      .date(39, 'J', *Date::fromCalendar(2026, 1, 5))
-      .date(43, 'J', *Date::fromCalendar(2026, 7, 5))
-      .date(45, 'J', *Date::fromCalendar(2026, 6, 30))
-      .packed(47, 4, "PMT")
-      .integer(54, 'K', 1'500'000)
-      .integer(57, 'D', 501)
-      .integer(94, 'D', 12);
-  add(7, full);
-  add(7, entry(7, 5).integer(39, 'C', 1));
-  const ShownWindow window = run.click(run.load<frmFp>().grdFp);
-  EXPECT_EQ(window.name, "frmFpdtl");
-  EXPECT_EQ(window.labels.at("Label1"), "Line  7 - MOWERS");
-  // Model and serial number are read with different tables: the same bytes, and not the same text.
-  EXPECT_THAT(
-      window.grids.at("grdFpdtl"),
-      ElementsAre(
-          ElementsAre("A/B 1", "C-D 2", "Yes", "", "501", "0", "15,000.00", "1/5/26", "7/5/26",
-                      "REF1", "REF2", "6/30/26", "PMT", "12,345.00", "12"),
-          ElementsAre("", "", "No", "", "0", "0", ".00", "", "", "", "", "", "", ".05", "0")));
 }
 
 TEST_F(FloorPlanTest, ThePackedTextTableStaysChangedForLaterViews) {
@@ -201,20 +168,6 @@ TEST_F(FloorPlanTest, ExtentsThatLoopOrLeaveTheFileOpenNoWindow) {
   EXPECT_THAT(run.messages[1].text, testing::StartsWith("Run-time error '81':"));
 }
 
-TEST_F(FloorPlanTest, AMissingEntryEndsTheLoad) {
-  addLine(run.builder, 7, "MOWERS", "U");
-  addLine(run.builder, 8, "BOATS", "U");
-  add(7, entry(7, 100));
-  run.builder.index("FPLNI").add(integerKey('C', 8, 2) + integerKey('L', 1, 4), 4'711);
-  const frmFp& view = run.load<frmFp>();
-  EXPECT_THAT(column(view.grdFp, "Line"), ElementsAre("7"));
-  EXPECT_EQ(run.recap(11), "! Data Error !");
-  EXPECT_EQ(view.lblFpTot.caption(), "");
-  EXPECT_THAT(run.logged,
-              ElementsAre("*Error in frmFp GetFpData routine error # :  81  Illegal Record "
-                          "Number for File: FPLNL and Record:  4711"));
-}
-
 TEST_F(FloorPlanTest, ALineOfANegativePointerCountsByItsMagnitude) {
   addLine(run.builder, 7, "MOWERS", "U");
   const std::int32_t record =
@@ -223,50 +176,6 @@ TEST_F(FloorPlanTest, ALineOfANegativePointerCountsByItsMagnitude) {
   add(7, entry(7, 100));
   add(8, entry(8, 200));
   EXPECT_THAT(column(run.load<frmFp>().grdFp, "Name"), ElementsAre("MOWERS", "SAWS"));
-}
-
-TEST_F(FloorPlanTest, TheListSortsByItsFirstThreeColumnsOnly) {
-  addLine(run.builder, 10, "B", "U");
-  addLine(run.builder, 9, "C", "U");
-  addLine(run.builder, 200, "A", "U");
-  add(10, entry(10, 99'900));
-  add(9, entry(9, 50'000));
-  add(200, entry(200, 100'000));
-  frmFp& view = run.load<frmFp>();
-  const auto sorted = [&view](int head) { return sortedBy(view.grdFp, head, "Line"); };
-  EXPECT_THAT(sorted(1), ElementsAre("200", "10", "9"));
-  EXPECT_THAT(sorted(3), ElementsAre("200", "10", "9"));
-  EXPECT_THAT(sorted(4), ElementsAre("200", "10", "9")) << "Total has no sort";
-  EXPECT_EQ(gSortDirection, 0);
-  EXPECT_THAT(sorted(2), ElementsAre("9", "10", "200"));
-  EXPECT_THAT(sorted(0), ElementsAre("9", "10", "200"));
-}
-
-TEST_F(FloorPlanTest, TheDetailSortsDatesAndInvoicesAsTexts) {
-  addLine(run.builder, 7, "MOWERS", "U");
-  const struct {
-    int cost, account, amount;
-    Date received;
-  } entries[] = {{100'000, 9, 5'000, *Date::fromCalendar(2026, 9, 1)},
-                 {99'900, 10, 40'000, *Date::fromCalendar(2026, 10, 1)},
-                 {1'000'000, 1, 300'000, *Date::fromCalendar(2026, 1, 15)}};
-  for (const auto& item : entries) {
-    add(7, entry(7, item.cost)
-               .date(39, 'J', item.received)
-               .integer(54, 'K', item.amount)
-               .integer(57, 'D', item.account));
-  }
-  run.onModal = [](Form& form) {
-    Grid& grid = dynamic_cast<frmFpdtl&>(form).grdFpdtl;
-    const auto sorted = [&grid](int head) { return sortedBy(grid, head, "Cust #"); };
-    EXPECT_THAT(sorted(13), ElementsAre("10", "9", "1")) << "999.00, 1,000.00, 10,000.00";
-    EXPECT_THAT(sorted(4), ElementsAre("1", "9", "10"));
-    EXPECT_THAT(sorted(7), ElementsAre("1", "10", "9")) << "1/15/26, 10/1/26, 9/1/26";
-    EXPECT_THAT(sorted(6), ElementsAre("9", "10", "1"));
-    EXPECT_THAT(sorted(14), ElementsAre("9", "10", "1")) << "the hidden column has no sort";
-  };
-  run.click(run.load<frmFp>().grdFp);
-  EXPECT_THAT(run.messages, IsEmpty());
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "platform/text.h"
 #include "records/index_walk.h"
 #include "records/invoice_lines.h"
@@ -43,7 +41,7 @@ Cells parts(const Builder& builder) {
   return result;
 }
 
-class DetailBuilderTest : public testing::Test {
+class DetailBuilderTest : public ViewTest {
  protected:
   /// Adds a page of an order or job; returns its record.
   std::int32_t addPage(const PageFields& fields) {
@@ -76,8 +74,6 @@ class DetailBuilderTest : public testing::Test {
     detail.GetDetail();
     return detail;
   }
-
-  ViewRun run;
 };
 
 TEST_F(DetailBuilderTest, PagesStandInTheirOrderHoweverTheWalkMeetsThem) {
@@ -102,25 +98,6 @@ TEST_F(DetailBuilderTest, PagesStandInTheirOrderHoweverTheWalkMeetsThem) {
               ElementsAre("FIRST", "SECOND A", "SECOND B", "THIRD", "FOURTH"));
   EXPECT_FALSE(shop.DetailError());
   EXPECT_THAT(run.logged, IsEmpty());
-}
-
-TEST_F(DetailBuilderTest, APageWithoutLinesGivesNone) {
-  addPage({});
-  const clsShopDetail shop = shopDetail(1);
-  EXPECT_THAT(*shop.DetailReturn(), IsEmpty());
-  EXPECT_EQ(shop.ShopPartTotal() + shop.ShopLabTotal() + shop.ShopMiscTotal(), 0);
-  EXPECT_FALSE(shop.DetailError());
-}
-
-TEST_F(DetailBuilderTest, LinesAreDecoded) {
-  addPage(
-      {.request = 3,
-       .lines = {pricedLine("ABC", "12345678", 25, -1999, 16'777'215, "HYDRAULIC FILTER", "36")}});
-  const std::vector<Cells> lines = linesOf(shopDetail(1));
-  // The dash mask stands in the last three of the part number's 21 characters. A later dash counts
-  // in the number as the earlier one left it.
-  EXPECT_THAT(lines, ElementsAre(ElementsAre("ABC", "12-34-5678          36", "HYDRAULIC FILTER",
-                                             "2", "-1999", "16777215", "3")));
 }
 
 TEST_F(DetailBuilderTest, QuantitiesAreCutToWholeUnitsBeforeTheyAreMultiplied) {
@@ -254,16 +231,6 @@ TEST_F(DetailBuilderTest, ARecordNumberAboveTwoHundredIsNoHighestPage) {
   EXPECT_THAT(run.logged,
               ElementsAre("11/24/26 : 10:30:00 AM : clsShopDetail : BuildDetail9  Subscript out of "
                           "range  "));
-}
-
-TEST_F(DetailBuilderTest, AGapInThePagesKeepsThoseBeforeIt) {
-  addPage({.page = 3, .link = 2, .lines = {pricedLine("AB", "THIRD", 10, 100)}});
-  addPage({.page = 1, .lines = {pricedLine("AB", "FIRST", 10, 7)}});
-  const clsShopDetail shop = shopDetail(1);
-  EXPECT_THAT(parts(shop), ElementsAre("FIRST"));
-  EXPECT_EQ(shop.ShopPartTotal(), 7);
-  EXPECT_TRUE(shop.DetailError());
-  EXPECT_EQ(run.logged.size(), 1U);
 }
 
 TEST_F(DetailBuilderTest, OfTwoPagesOfOneNumberTheLaterOneCounts) {

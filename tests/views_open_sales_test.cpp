@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "tests/support/paged_records.h"
 #include "tests/support/people.h"
@@ -36,7 +34,7 @@ RecordWriter order(std::int32_t account, int subTotal, int type = 80) {
   return record;
 }
 
-class OpenSalesTest : public testing::Test {
+class OpenSalesTest : public ViewTest {
  protected:
   std::int32_t addRecord(const RecordWriter& header, const PageFields& fields) {
     return run.builder.records("INVOL").add(pageRecord(fields, header.bytes()));
@@ -57,8 +55,6 @@ class OpenSalesTest : public testing::Test {
     bytes.integer(group * 128 + 5 + slot * 4, 'L', record);
     run.builder.controlFile().setBlock(block, bytes.bytes());
   }
-
-  ViewRun run;
 };
 
 TEST_F(OpenSalesTest, TicketsStandInTheOrderOfTheirIndex) {
@@ -199,76 +195,6 @@ TEST_F(OpenSalesTest, ASlotOfANegativeRecordEndsTheLoad) {
   const frmOpenSales& view = run.load<frmOpenSales>();
   EXPECT_EQ(view.grdSaved.Rows(), 1);
   EXPECT_EQ(run.recap(2), "! Data Error !");
-}
-
-TEST_F(OpenSalesTest, TheTwoGridsSortDifferently) {
-  const struct {
-    std::int32_t account, ticket;
-    const char* purchaseOrder;
-    std::int32_t date;
-  } orders[] = {{30, 9, "9", 100126}, {200, 10, "10", 90126}, {4, 8, "100", 11526}};
-  for (const auto& entry : orders) {
-    RecordWriter header = sale(entry.account, entry.ticket, entry.account * 100);
-    header.packed(117, 6, entry.purchaseOrder);
-    const std::int32_t record = addRecord(header, {.link = entry.date});
-    addTicket(entry.ticket, record);
-    save(301, 0, record, record);
-  }
-  frmOpenSales& view = run.load<frmOpenSales>();
-  const auto tickets = [&view](int head) { return sortedBy(view.grdTickets, head, "Account"); };
-  const auto saved = [&view](int head) { return sortedBy(view.grdSaved, head, "Account"); };
-  EXPECT_THAT(tickets(7), ElementsAre("30", "200", "4")) << "9, 10, 100";
-  EXPECT_THAT(saved(7), ElementsAre("200", "4", "30")) << "texts: 10, 100, 9";
-  EXPECT_THAT(tickets(1), ElementsAre("4", "30", "200"));
-  EXPECT_THAT(saved(1), ElementsAre("200", "4", "30")) << "texts: 10, 8, 9";
-  EXPECT_THAT(tickets(8), ElementsAre("4", "30", "200"));
-  EXPECT_THAT(saved(3), ElementsAre("4", "30", "200"));
-  EXPECT_THAT(saved(2), ElementsAre("4", "30", "200")) << "texts: 1/15/26, 10/01/26, 9/01/26";
-  EXPECT_THAT(run.messages, IsEmpty());
-  EXPECT_THAT(tickets(2), ElementsAre("4", "30", "200")) << "a date is no number: left as it was";
-  ASSERT_THAT(run.messages, SizeIs(1));
-  EXPECT_THAT(run.messages[0].text, testing::StartsWith("Run-time error '13':"));
-  EXPECT_TRUE(view.grdTickets.Redraw());
-  EXPECT_THAT(tickets(9), ElementsAre("4", "30", "200"));
-  EXPECT_EQ(gSortDirection, 0);
-}
-
-TEST_F(OpenSalesTest, TheDetailShowsTheOrder) {
-  RecordWriter customer = customerRecord(501, "SMITH-JONES ADA");
-  customer.packed(26, 20, "1 MILL RD", " ,-.")
-      .packed(66, 20, "DUNMERE OH 43210", " ,-.")
-      .raw(96, 1, "G")
-      .integer(103, 'L', 1'000)
-      .integer(149, 'L', 1'025)
-      .integer(169, 'L', 1'025);
-  addCustomer(run.builder, 501, customer);
-  addCustomer(run.builder, 502, "THE OTHER");
-  RecordWriter header = sale(501, 41, 100);
-  header.integer(113, 'B', 12)
-      .integer(114, 'B', 34)
-      .packed(117, 6, "PO 77")
-      .integer(124, 'B', 5)
-      .integer(141, 'K', 502);
-  addPage({.page = 2, .link = 2, .lines = {remarkLine("1/2 INCH")}});
-  addRecord(header, {.page = 1,
-                     .link = 90'126,
-                     .lines = {pricedLine("AB", "12345", -15, 12'345, 50, "BELT", "3")}});
-  addTicket(41, 1);
-
-  const ShownWindow window = run.click(run.load<frmOpenSales>().grdTickets);
-  EXPECT_EQ(window.name, "frmPTSDetail");
-  EXPECT_EQ(window.caption, "Pick-Ticket # 41         Sales type : Cash");
-  Cells details;
-  for (int i = 0; i < 6; ++i)
-    details.push_back(window.labels.at(elementName("lblDtl", i)));
-  // 979.50 left to buy for, rounded to the even neighbour.
-  EXPECT_THAT(details, ElementsAre("980.00", "9/01/26", "12", "34", "PO 77", "5"));
-  EXPECT_EQ(window.labels.at("lblCust"),
-            "501\r\nSMITH-JONES ADA\r\n1 MILL RD\r\n\r\nDUNMERE OH 43210");
-  EXPECT_EQ(window.labels.at("lblShipto"), "502\r\nTHE OTHER\r\n\r\n\r\n");
-  EXPECT_THAT(window.grids.at("grdPTS"),
-              ElementsAre(ElementsAre("AB", "12-345             3", "BELT", "-1", "123.45", ".50"),
-                          ElementsAre("REM", "1-2 INCH", "", "0", ".00", ".00")));
 }
 
 TEST_F(OpenSalesTest, AvailableCreditIsRoundedToTheEvenNeighbour) {

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "tests/support/view_test.h"
+#include "tests/support/view_run.h"
 #include "views/financial/receivables.h"
 
 namespace dg::test {
@@ -18,72 +18,71 @@ class Receivables : public ViewTest {
     }
     return content;
   }
-  std::unique_ptr<frmAR> loadWith(const std::string& content) {
-    run_.builder.addFile("DARR.TRVN", content);
-    return load<frmAR>();
+  frmAR& loadWith(const std::string& content) {
+    run.builder.addFile("DARR.TRVN", content);
+    return run.load<frmAR>();
   }
 };
 
 TEST_F(Receivables, LineThirtyIsTheTotalAndTheFuturesFollowIt) {
-  const auto view = loadWith(summary(33));
-  EXPECT_EQ(view->grdARCur.Rows(), 29);
-  EXPECT_EQ(view->grdARCur.rows().front(), (Cells{"L2", "$2.00"}));
-  EXPECT_EQ(view->grdARCur.rows().back(), (Cells{"L30", "$30.00"}));
-  EXPECT_EQ(view->grdFuture.rows(),
+  auto& view = loadWith(summary(33));
+  EXPECT_EQ(view.grdARCur.Rows(), 29);
+  EXPECT_EQ(view.grdARCur.rows().front(), (Cells{"L2", "$2.00"}));
+  EXPECT_EQ(view.grdARCur.rows().back(), (Cells{"L30", "$30.00"}));
+  EXPECT_EQ(view.grdFuture.rows(),
             (std::vector<Cells>{{"L31", "$31.00"}, {"L32", "$32.00"}, {"L33", "$33.00"}}));
-  EXPECT_EQ(recap(0), "$30.00");
-  EXPECT_EQ(view->grdARCur.Bookmark(), 0);
-  EXPECT_TRUE(run_.logged.empty());
+  EXPECT_EQ(run.recap(0), "$30.00");
+  EXPECT_EQ(view.grdARCur.Bookmark(), 0);
+  EXPECT_TRUE(run.logged.empty());
 }
 
 TEST_F(Receivables, WithoutLineThirtyThereIsNoTotal) {
-  const auto view = loadWith(summary(29));
-  EXPECT_EQ(view->grdARCur.Rows(), 28);
-  EXPECT_EQ(view->grdFuture.Rows(), 0);
-  EXPECT_EQ(recap(0), "");
-  EXPECT_TRUE(run_.logged.empty());
+  auto& view = loadWith(summary(29));
+  EXPECT_EQ(view.grdARCur.Rows(), 28);
+  EXPECT_EQ(view.grdFuture.Rows(), 0);
+  EXPECT_EQ(run.recap(0), "");
+  EXPECT_TRUE(run.logged.empty());
 }
 
 TEST_F(Receivables, ExactlyThirtyLinesHaveNoFutures) {
-  const auto view = loadWith(summary(30));
-  EXPECT_EQ(view->grdARCur.Rows(), 29);
-  EXPECT_EQ(view->grdFuture.Rows(), 0);
-  EXPECT_EQ(recap(0), "$30.00");
+  auto& view = loadWith(summary(30));
+  EXPECT_EQ(view.grdARCur.Rows(), 29);
+  EXPECT_EQ(view.grdFuture.Rows(), 0);
+  EXPECT_EQ(run.recap(0), "$30.00");
 }
 
 TEST_F(Receivables, AmountsShowTheirSignAndTheirCents) {
-  const auto view = loadWith(summary(30, 30, "Total,-123456789") + "P,5\r\nQ,-1\r\nR,0");
-  EXPECT_EQ(recap(0), "-$1,234,567.89");
-  EXPECT_EQ(view->grdARCur.rows().back(), (Cells{"Total", "-$1,234,567.89"}));
-  EXPECT_EQ(column(view->grdFuture, "Balance"), (Cells{"$.05", "-$.01", "$.00"}));
+  auto& view = loadWith(summary(30, 30, "Total,-123456789") + "P,5\r\nQ,-1\r\nR,0");
+  EXPECT_EQ(run.recap(0), "-$1,234,567.89");
+  EXPECT_EQ(view.grdARCur.rows().back(), (Cells{"Total", "-$1,234,567.89"}));
+  EXPECT_EQ(column(view.grdFuture, "Balance"), (Cells{"$.05", "-$.01", "$.00"}));
 }
 
 TEST_F(Receivables, EmptyFieldsCloseUpAndFurtherOnesAreIgnored) {
-  const auto view = loadWith(summary(30, 4, ",Open,,450,77,x"));
-  EXPECT_EQ(view->grdARCur.rows()[2], (Cells{"Open", "$4.50"}));
+  auto& view = loadWith(summary(30, 4, ",Open,,450,77,x"));
+  EXPECT_EQ(view.grdARCur.rows()[2], (Cells{"Open", "$4.50"}));
 }
 
 TEST_F(Receivables, WithoutAFileTheGridsAreHiddenAndNothingIsSaid) {
-  const auto view = load<frmAR>();
-  EXPECT_FALSE(view->grdARCur.visible());
-  EXPECT_FALSE(view->grdFuture.visible());
-  EXPECT_EQ(recap(0), "");
-  EXPECT_FALSE(recapIsRed(0));
-  EXPECT_TRUE(run_.logged.empty());
-  EXPECT_TRUE(run_.messages.empty());
+  auto& view = run.load<frmAR>();
+  EXPECT_FALSE(view.grdARCur.visible());
+  EXPECT_FALSE(view.grdFuture.visible());
+  EXPECT_EQ(run.recap(0), "");
+  EXPECT_TRUE(run.logged.empty());
+  EXPECT_TRUE(run.messages.empty());
 }
 
 TEST_F(Receivables, AFieldThatIsNoNumberEndsTheLoadThere) {
-  const auto view = loadWith(summary(30, 5, "Bad,12x"));
-  EXPECT_EQ(column(view->grdARCur, "Description"), (Cells{"L2", "L3", "L4", "Bad"}));
-  EXPECT_EQ(column(view->grdARCur, "Balance"), (Cells{"$2.00", "$3.00", "$4.00", ""}));
-  expectFailure(0, "*Error in frmAr GetAR routine error # :  13  Type mismatch");
+  auto& view = loadWith(summary(30, 5, "Bad,12x"));
+  EXPECT_EQ(column(view.grdARCur, "Description"), (Cells{"L2", "L3", "L4", "Bad"}));
+  EXPECT_EQ(column(view.grdARCur, "Balance"), (Cells{"$2.00", "$3.00", "$4.00", ""}));
+  run.expectFailure(0, "*Error in frmAr GetAR routine error # :  13  Type mismatch");
 }
 
 TEST_F(Receivables, AnEmptyLastLineFailsAndTheTotalGoes) {
-  const auto view = loadWith(summary(31) + "\r\n");
-  EXPECT_EQ(view->grdARCur.Rows(), 29);
-  expectFailure(0, "*Error in frmAr GetAR routine error # :  9  Subscript out of range");
+  auto& view = loadWith(summary(31) + "\r\n");
+  EXPECT_EQ(view.grdARCur.Rows(), 29);
+  run.expectFailure(0, "*Error in frmAr GetAR routine error # :  9  Subscript out of range");
 }
 
 }  // namespace

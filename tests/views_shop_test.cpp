@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -6,7 +5,6 @@
 #include "engine/state.h"
 #include "records/open/shop_jobs.h"
 #include "shell/main_window.h"
-#include "shell/sort_grid.h"
 #include "shell/splash.h"
 #include "tests/support/paged_records.h"
 #include "tests/support/people.h"
@@ -29,7 +27,7 @@ RecordWriter jobHeader(int job, std::string_view status, int subTotal = 0) {
   return record;
 }
 
-class ShopTest : public testing::Test {
+class ShopTest : public ViewTest {
  protected:
   /// Adds a job's record without entering it in the table.
   std::int32_t addRecord(const RecordWriter& header, const PageFields& fields = {}) {
@@ -39,8 +37,6 @@ class ShopTest : public testing::Test {
   void addJob(int job, const RecordWriter& header, const PageFields& fields = {}) {
     run.builder.controlFile().setJob(job, addRecord(header, fields));
   }
-
-  ViewRun run;
 };
 
 TEST_F(ShopTest, JobsStandInTheOrderOfTheTable) {
@@ -59,33 +55,6 @@ TEST_F(ShopTest, JobsStandInTheOrderOfTheTable) {
   EXPECT_EQ(view.grdShop.Bookmark(), 0);
   EXPECT_EQ(splash().lblProgress.caption(), "Loading Open Shop Jobs...");
   EXPECT_THAT(run.logged, IsEmpty());
-}
-
-TEST_F(ShopTest, ARowShowsTheJob) {
-  addCustomer(run.builder, 777'001, "NORTH-EAST FARMS");
-  RecordWriter header = jobHeader(12, "C", 1'234'567);
-  header.integer(3, 'L', 777'001)
-      .packed(27, 10, "BRAND/X")
-      .integer(75, 'L', 60'001)
-      .date(93, 'J', *Date::fromCalendar(2026, 11, 3))
-      .date(95, 'J', *Date::fromCalendar(2026, 10, 30))
-      .integer(113, 'B', 255)
-      .raw(119, 1, "Y");
-  addJob(12, header, {.request = 4});
-  RecordWriter bare = jobHeader(13, "O", -550);
-  bare.date(93, 'J', *Date::fromCalendar(2026, 11, 3)).integer(3, 'L', 1).raw(119, 1, "y");
-  addJob(13, bare);
-
-  const frmShop& view = run.load<frmShop>();
-  // The list reads a name with a slash where its own record has a dash.
-  EXPECT_THAT(view.grdShop.rows(),
-              ElementsAre(ElementsAre("12", "Complete", "60001", "5", "777001", "NORTH/EAST FARMS",
-                                      "255", "10/30/26", "11/3/26", "$12,345.67", "Y", "BRAND/X",
-                                      "21488", "21492"),
-                          // Not completed, whatever its record says, and of no known customer.
-                          ElementsAre("13", "Open", "0", "", "1", "", "0", "1/1/68", "", "-$5.50",
-                                      "", "", "0", "0")));
-  EXPECT_EQ(run.recap(3), "$12,340.17");
 }
 
 TEST_F(ShopTest, TheStatusByteIsShownInWords) {
@@ -130,14 +99,6 @@ TEST_F(ShopTest, AFailureKeepsTheRowsSoFar) {
   EXPECT_THAT(run.messages, IsEmpty());
 }
 
-TEST_F(ShopTest, AMissingControlFileIsAFailure) {
-  run.missing = {"FILE0"};
-  run.load<frmShop>();
-  EXPECT_EQ(run.recap(3), "! Data Error !");
-  ASSERT_FALSE(run.logged.empty());
-  EXPECT_TRUE(run.logged.back().starts_with("*Error in frmShop GetShopData routine error # :  "));
-}
-
 TEST_F(ShopTest, DecidesWhetherWarrantiesGoBySegments) {
   for (const bool segments : {true, false}) {
     ViewRun other;
@@ -149,101 +110,6 @@ TEST_F(ShopTest, DecidesWhetherWarrantiesGoBySegments) {
     EXPECT_EQ(WarrantySegments, segments);
   }
   WarrantySegments = false;
-}
-
-TEST_F(ShopTest, HeadsSortByTheColumnToTheirLeftFromRequestOn) {
-  const struct {
-    int job, account, counterman;
-    const char* status;
-    int request;
-    const char* brand;
-    int subTotal;
-    const char* warranty;
-  } jobs[] = {{1, 300, 9, "S", 1, "C", 300, "Y"},
-              {2, 20, 10, "C", 3, "B", 200, ""},
-              {3, 100, 8, "O", 2, "A", 1'000, "Y"}};
-  for (const auto& job : jobs) {
-    RecordWriter header = jobHeader(job.job, job.status, job.subTotal);
-    header.integer(3, 'L', job.account)
-        .packed(27, 10, job.brand)
-        .integer(75, 'L', 50 - job.job)
-        .integer(113, 'B', job.counterman)
-        .date(95, 'J', Date(46'300 + job.counterman))
-        .raw(119, 1, job.warranty);
-    addJob(job.job, header, {.request = job.request});
-    addCustomer(run.builder, job.account, job.brand);
-  }
-  frmShop& view = run.load<frmShop>();
-  const auto sorted = [&view](int head) { return sortedBy(view.grdShop, head, "Job #"); };
-  EXPECT_THAT(sorted(1), ElementsAre("2", "3", "1")) << "Complete, Open, Scratch";
-  EXPECT_THAT(sorted(2), ElementsAre("3", "2", "1")) << "Shop Ref #";
-  EXPECT_THAT(sorted(3), ElementsAre("2", "3", "1")) << "Request sorts by Cust #";
-  EXPECT_THAT(sorted(4), ElementsAre("3", "2", "1")) << "Cust # sorts by Name";
-  EXPECT_THAT(sorted(5), ElementsAre("3", "1", "2")) << "Name sorts by CM, as numbers";
-  EXPECT_THAT(sorted(0), ElementsAre("1", "2", "3"));
-  EXPECT_THAT(sorted(6), ElementsAre("3", "1", "2")) << "CM sorts by the day in";
-  EXPECT_THAT(sorted(8), ElementsAre("2", "1", "3")) << "Date Comp sorts by Sub-Total";
-  EXPECT_THAT(sorted(9), ElementsAre("2", "1", "3")) << "Sub-Total sorts by Warranty";
-  EXPECT_THAT(sorted(10), ElementsAre("3", "2", "1")) << "Warranty sorts by Brand";
-  EXPECT_THAT(sorted(11), ElementsAre("3", "2", "1")) << "Brand has no sort";
-  EXPECT_EQ(gSortDirection, 0) << "and yet turns the direction";
-  EXPECT_THAT(run.messages, IsEmpty());
-}
-
-TEST_F(ShopTest, TheDetailShowsCustomerEquipmentAndPeople) {
-  RecordWriter customer = customerRecord(501, "SMITH-JONES ADA");
-  customer.packed(26, 20, "1 MILL RD", " ,-.")
-      .packed(46, 20, "SUITE 3", " ,-.")
-      .packed(66, 20, "DUNMERE OH 43210", " ,-.")
-      .integer(86, 'C', 614)
-      .integer(88, 'L', 5'550'123)
-      .integer(201, 'L', 5'550'199)
-      .integer(285, 'C', 740)
-      .packed(205, 12, "ADA")
-      .packed(217, 12, "OFFICE")
-      .integer(287, 'C', 1'000)
-      .integer(289, 'L', 10'000'000);
-  addCustomer(run.builder, 501, customer);
-  addCounterman(run.builder, 7, "QUILLER BRAM");
-  RecordWriter header = jobHeader(1000, "O");
-  header.integer(3, 'L', 501)
-      .integer(14, 'D', 123'456)
-      .packed(27, 10, "BRAND")
-      .packed(37, 14, "ROTARY MOWER")
-      .packed(51, 12, "SN 1")
-      .packed(63, 12, "SN 2")
-      .integer(79, 'B', 7)
-      .integer(113, 'B', 8)
-      .integer(117, 'C', 65'535)
-      .raw(119, 1, "Y");
-  addJob(1000, header);
-
-  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
-  EXPECT_EQ(window.name, "frmShopDetail");
-  EXPECT_EQ(window.caption, "Shop Job Detail ...   Shop Job : 1000     Job Status : Open");
-  const auto label = [&window](const std::string& name) { return window.labels.at(name); };
-  EXPECT_EQ(label("lblCDisp(0)"), "501");
-  EXPECT_EQ(label("lblCDisp(1)"), "SMITH-JONES ADA");
-  EXPECT_EQ(label("lblCDisp(2)"), "1 MILL RD");
-  EXPECT_EQ(label("lblCDisp(3)"), "SUITE 3");
-  EXPECT_EQ(label("lblCDisp(4)"), "614-555-0123");
-  EXPECT_EQ(label("lblCDisp(5)"), "740-555-0199");
-  EXPECT_EQ(label("lblCDisp(6)"), "--") << "neither can be a number";
-  EXPECT_EQ(label("lblCDisp(7)"), "ADA");
-  EXPECT_EQ(label("lblCDisp(8)"), "OFFICE");
-  EXPECT_EQ(label("lblMan(0)"), "7 - QUILLER BRAM");
-  EXPECT_EQ(label("lblMan(1)"), "") << "nobody has number 8";
-  EXPECT_EQ(label("lblEquip(0)"), "BRAND");
-  EXPECT_EQ(label("lblEquip(1)"), "ROTARY MOWER");
-  EXPECT_EQ(label("lblEquip(2)"), "SN 1");
-  EXPECT_EQ(label("lblEquip(3)"), "SN 2");
-  EXPECT_EQ(label("lblEquip(4)"), "12345.6");
-  EXPECT_EQ(label("lblWarr(0)"), "Yes");
-  EXPECT_EQ(label("lblWarr(1)"), "65535");
-  EXPECT_FALSE(window.visible.at("lblRequest"));
-  EXPECT_FALSE(window.visible.at("cmbRequest"));
-  EXPECT_FALSE(window.visible.at("Frame5"));
-  EXPECT_THAT(run.logged, IsEmpty());
 }
 
 TEST_F(ShopTest, AnUnknownCustomerLeavesAnEmptyOne) {
@@ -294,21 +160,6 @@ TEST_F(ShopTest, OnlyACompleteJobShowsItsTotals) {
   const ShownWindow open2 = run.click(view.grdShop, 1);
   EXPECT_FALSE(open2.visible.at("Frame5"));
   EXPECT_EQ(open2.labels.at("lblRecap(0)"), "");
-}
-
-TEST_F(ShopTest, LinesStandWithTheirRequests) {
-  addJob(
-      1, jobHeader(1, "O"),
-      {.lines = {remarkLine("CUSTOMER WAITING"),
-                 pricedLine("AB", "12345", 35, 10'050, 5, "BELT", "3"), remarkLine("AND MORE")}});
-  const ShownWindow window = run.click(run.load<frmShop>().grdShop);
-  EXPECT_THAT(
-      window.grids.at("grdShopDetail"),
-      ElementsAre(ElementsAre("1", "REM", "CUSTOMER WAITING", "", "", ".00", ".00", ""),
-                  ElementsAre("1", "AB", "12-345             3", "BELT", "3", "100.50", ".05", ""),
-                  ElementsAre("1", "REM", "AND MORE", "BELT", "3", "100.50", ".05", "")));
-  EXPECT_THAT(window.combos.at("cmbRequest"),
-              ElementsAre("All Requests", "  1 - CUSTOMER WAITING"));
 }
 
 class RequestTest : public ShopTest {

@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "shell/sort_grid.h"
-#include "shell/splash.h"
 #include "tests/support/paged_records.h"
 #include "tests/support/people.h"
 #include "tests/support/view_run.h"
@@ -25,7 +22,7 @@ RecordWriter claim(std::int32_t reference, std::int32_t billed = kBilled) {
   return record;
 }
 
-class WarrantyTest : public testing::Test {
+class WarrantyTest : public ViewTest {
  protected:
   /// Adds a claim under a number of the index.
   void add(std::int32_t number, const RecordWriter& header, const PageFields& fields = {}) {
@@ -35,30 +32,7 @@ class WarrantyTest : public testing::Test {
                        const RecordWriter& header = RecordWriter(kPageLength)) {
     return run.builder.records("WARRL").add(pageRecord(fields, header.bytes()));
   }
-
-  ViewRun run;
 };
-
-TEST_F(WarrantyTest, ARowShowsTheClaimAndItsTotals) {
-  RecordWriter header = claim(4'000);
-  header.integer(3, 'C', 65'000)
-      .integer(409, 'L', 777)
-      .packed(413, 20, "SMITH ADA")
-      .packed(433, 10, "BRAND")
-      .packed(443, 14, "CHAIN SAW")
-      .integer(481, 'L', 9'999);
-  // The lines of the claim's own record lie over texts that are not shown here.
-  add(4'000, header, {.page = 2, .link = 2, .lines = {pricedLine("500", "", 19, 2'550)}});
-  addPage({.lines = {pricedLine("AB", "1", -25, 10'000), pricedLine("550", "", 30, 123'456)}});
-  const frmWarranty& view = run.load<frmWarranty>();
-  EXPECT_THAT(view.grdWarr.rows(),
-              ElementsAre(ElementsAre("4000", "9999", "777", "SMITH ADA", "BRAND - CHAIN SAW",
-                                      "9/1/26", "65000", "$3503.68", "$25.50", "21429")));
-  EXPECT_EQ(run.recap(6), "$3,529.18");
-  EXPECT_EQ(view.grdWarr.Bookmark(), 0);
-  EXPECT_EQ(splash().lblProgress.caption(), "Loading Billed Warranties...");
-  EXPECT_THAT(run.logged, IsEmpty());
-}
 
 TEST_F(WarrantyTest, OnlyBilledClaimsThatAreNotSettledAreListed) {
   const Cells lines = {pricedLine("AB", "1", 10, 100)};
@@ -126,108 +100,6 @@ TEST_F(WarrantyTest, DigitsThatAreNoDateEndTheLoad) {
   EXPECT_EQ(run.recap(6), "! Data Error !");
   EXPECT_THAT(run.logged,
               ElementsAre("*Error in frmWarranty.form load routine error # :  13  Type mismatch"));
-}
-
-TEST_F(WarrantyTest, AnEntryWithoutARecordEndsTheLoad) {
-  add(1, claim(1));
-  run.builder.index("WARRI").add(integerKey('L', 2, 4), 99);
-  run.load<frmWarranty>();
-  EXPECT_EQ(run.recap(6), "! Data Error !");
-  EXPECT_THAT(run.logged,
-              ElementsAre("*Error in frmWarranty.form load routine error # :  81  Illegal "
-                          "Record Number for File: WARRL and Record:  99"));
-}
-
-TEST_F(WarrantyTest, TheDetailShowsTheClaim) {
-  RecordWriter header = claim(4'000);
-  header.integer(276, 'C', 614)
-      .integer(278, 'L', 123)
-      .packed(304, 20, "SOLD BY")
-      .packed(324, 20, "SOMEBODY")
-      .integer(409, 'L', 777)
-      .packed(413, 20, "SMITH ADA")
-      .packed(457, 12, "SN1")
-      .packed(469, 12, "SN2");
-  add(4'000, header,
-      {.lines = {pricedLine("AB", "12345", 15, 2'550, 7, "BELT", "3"),
-                 remarkLine("AND A REMARK")}});
-  const ShownWindow window = run.click(run.load<frmWarranty>().grdWarr);
-  EXPECT_EQ(window.name, "frmWarrDetail");
-  EXPECT_EQ(window.caption, "Warranty Detail ...   Shop reference : 4000");
-  EXPECT_EQ(window.labels.at("lblCust"), "777\r\nSMITH ADA\r\n614-000-0123");
-  EXPECT_EQ(window.labels.at("lblSn1"), "SN1");
-  EXPECT_EQ(window.labels.at("lblSn2"), "SN2");
-  EXPECT_EQ(window.labels.at("lblMisc"), "SOLD BY\r\nSOMEBODY");
-  EXPECT_THAT(window.grids.at("grdwd"),
-              ElementsAre(ElementsAre("AB", "12-345             3", "BELT", "1", "25.50", ".07"),
-                          ElementsAre("REM", "AND A REMARK", "", "", "", "")));
-}
-
-/// Three claims whose columns all sort differently.
-class WarrantySortTest : public WarrantyTest {
- protected:
-  void addClaims() {
-    const struct {
-      std::int32_t reference, invoice, customer;
-      const char* name;
-      const char* brand;
-      std::int32_t billed;
-      int distributor, parts, labor;
-    } claims[] = {{101, 30, 2, "C", "B", 101'026, 3, 100'000, 60},
-                  {202, 10, 3, "A", "C", 90'126, 1, 2'040, 40'000},
-                  {303, 20, 1, "B", "A", 11'527, 2, 30'000, 900'000}};
-    for (const auto& entry : claims) {
-      RecordWriter header = claim(entry.reference, entry.billed);
-      header.integer(3, 'C', entry.distributor)
-          .integer(409, 'L', entry.customer)
-          .packed(413, 20, entry.name)
-          .packed(433, 10, entry.brand)
-          .integer(481, 'L', entry.invoice);
-      add(entry.reference, header,
-          {.lines = {pricedLine("AB", "", 10, entry.parts),
-                     pricedLine("500", "", 10, entry.labor)}});
-      addCustomer(run.builder, entry.customer, entry.name);
-    }
-  }
-};
-
-TEST_F(WarrantySortTest, HeadsSortByTheirColumns) {
-  addClaims();
-  Grid& grid = run.load<frmWarranty>().grdWarr;
-  EXPECT_THAT(sortedBy(grid, 1, "Invoice #"), ElementsAre("10", "20", "30"));
-  EXPECT_THAT(sortedBy(grid, 0, "Invoice #"), ElementsAre("30", "10", "20"));
-  EXPECT_THAT(sortedBy(grid, 2, "Invoice #"), ElementsAre("20", "30", "10"));
-  EXPECT_THAT(sortedBy(grid, 3, "Invoice #"), ElementsAre("10", "20", "30"));
-  EXPECT_THAT(sortedBy(grid, 4, "Invoice #"), ElementsAre("20", "30", "10"));
-  EXPECT_THAT(sortedBy(grid, 5, "Invoice #"), ElementsAre("10", "30", "20"))
-      << "by the day, not its text";
-  EXPECT_THAT(sortedBy(grid, 6, "Invoice #"), ElementsAre("10", "20", "30"));
-  EXPECT_THAT(sortedBy(grid, 7, "Invoice #"), ElementsAre("10", "20", "30"))
-      << "$20.40, $300.00, $1000.00";
-  EXPECT_THAT(sortedBy(grid, 8, "Invoice #"), ElementsAre("30", "10", "20"));
-  EXPECT_THAT(sortedBy(grid, 9, "Invoice #"), ElementsAre("30", "10", "20"));
-  EXPECT_THAT(run.messages, IsEmpty());
-}
-
-TEST_F(WarrantySortTest, WithSegmentsHeadsSortByTheColumnToTheirRight) {
-  addClaims();
-  Grid& grid = run.load<frmWarSeg>().grdWarr;
-  EXPECT_THAT(sortedBy(grid, 1, "Invoice #"), ElementsAre("10", "20", "30"))
-      << "Req sorts by Invoice #";
-  EXPECT_THAT(sortedBy(grid, 2, "Invoice #"), ElementsAre("20", "30", "10"))
-      << "Invoice # sorts by Cust #";
-  EXPECT_THAT(sortedBy(grid, 3, "Invoice #"), ElementsAre("10", "20", "30"))
-      << "Cust # sorts by Name";
-  EXPECT_THAT(sortedBy(grid, 0, "Invoice #"), ElementsAre("30", "10", "20"));
-  EXPECT_THAT(sortedBy(grid, 8, "Invoice #"), ElementsAre("30", "10", "20"))
-      << "Parts sorts by Labor";
-  EXPECT_THAT(sortedBy(grid, 7, "Invoice #"), ElementsAre("10", "20", "30"))
-      << "Dist sorts by Parts";
-  for (const int head : {9, 10}) {
-    EXPECT_THAT(sortedBy(grid, head, "Invoice #"), ElementsAre("10", "20", "30"));
-    EXPECT_EQ(gSortDirection, 0);
-  }
-  EXPECT_THAT(run.messages, IsEmpty());
 }
 
 TEST_F(WarrantyTest, SegmentsStandBehindTheReferenceInTheIndex) {

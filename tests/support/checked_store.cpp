@@ -29,12 +29,12 @@ CheckedStore::CheckedStore() {
   files_ = made.files_;
 }
 
-CheckedStore::CheckedStore(const SampleOptions& options) {
-  for (SampleFile& file : composeSampleStore(options)) {
+CheckedStore::CheckedStore(const std::vector<SampleFile>& files) {
+  for (const SampleFile& file : files) {
     if (!file.path.starts_with(kShareFolder)) continue;
     std::string path = file.path.substr(kShareFolder.size());
     std::replace(path.begin(), path.end(), '/', '\\');
-    files_.emplace(std::move(path), std::move(file.content));
+    files_.emplace(std::move(path), file.content);
   }
 }
 

@@ -22,7 +22,8 @@ class CheckedStore {
  public:
   /// The store of default options; quick, for it is made once.
   CheckedStore();
-  explicit CheckedStore(const SampleOptions& options);
+  explicit CheckedStore(const SampleOptions& options) : CheckedStore(composeSampleStore(options)) {}
+  explicit CheckedStore(const std::vector<SampleFile>& files);
 
   /// A file by its path below the link share: "LNK001\\PARTDB", "LINKSFILE".
   std::string& file(const std::string& path);

@@ -1,7 +1,5 @@
 #include "tests/support/raw_store.h"
 
-#include <cstdlib>
-
 namespace dg::test {
 
 namespace {
@@ -88,16 +86,6 @@ std::vector<std::pair<std::string, std::int32_t>> RawStore::entries(
     if (next == kLastLeaf) return found;
     node = block(next);
   }
-}
-
-std::string dollars(std::int64_t cents, bool leadingZero) {
-  const std::int64_t amount = std::abs(cents);
-  std::string whole = std::to_string(amount / 100);
-  if (whole == "0" && !leadingZero) whole.clear();
-  for (std::size_t end = whole.size(); end > 3; end -= 3)
-    whole.insert(end - 3, ",");
-  const std::string rest = std::to_string(100 + amount % 100).substr(1);
-  return (cents < 0 ? "-$" : "$") + whole + "." + rest;
 }
 
 }  // namespace dg::test

@@ -39,8 +39,4 @@ class RawStore {
 std::int64_t unsignedAt(const std::string& bytes, std::size_t position, std::size_t width);
 std::int64_t signedAt(const std::string& bytes, std::size_t position, std::size_t width);
 
-/// Hundredths as the program shows dollars: "$1,234.50", "-$.05", and "$0.05" where a mask has a
-/// zero before the point.
-std::string dollars(std::int64_t cents, bool leadingZero = false);
-
 }  // namespace dg::test

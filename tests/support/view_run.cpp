@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "shell/main.h"
-#include "shell/sort_grid.h"
 
 namespace dg::test {
 
@@ -35,12 +34,6 @@ Cells column(const Grid& grid, std::string_view name) {
   return cells;
 }
 
-Cells sortedBy(Grid& grid, int head, std::string_view name) {
-  gSortDirection = 1;  // the click turns it
-  grid.headClick(head);
-  return column(grid, name);
-}
-
 void ViewRun::open() {
   if (!opened_) open(builder.finish());
 }
@@ -54,6 +47,12 @@ void ViewRun::open(std::vector<SampleFile> files) {
 std::string ViewRun::recap(int index) {
   const Label& label = recapSheet.lblRecap(index);
   return (label.foreColor() == kRed ? "! " : "") + label.caption();
+}
+
+void ViewRun::expectFailure(int recapLabel, const std::string& line) {
+  EXPECT_EQ(recap(recapLabel), "! Data Error !");
+  EXPECT_THAT(logged, ElementsAre(line));
+  EXPECT_THAT(messages, IsEmpty());
 }
 
 ShownWindow ViewRun::click(Grid& grid, int row) {

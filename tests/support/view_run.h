@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,9 +26,6 @@ using Rows = std::vector<Grid::Row>;
 
 /// The cells of a column, by name or caption, from the first row to the last.
 Cells column(const Grid& grid, std::string_view name);
-
-/// The cells of a column after a click on a head, sorted up.
-Cells sortedBy(Grid& grid, int head, std::string_view name);
 
 /// What a window showed when it opened.
 struct ShownWindow {
@@ -60,6 +58,8 @@ class ViewRun : public ProgramRun {
 
   /// What a recap label shows, behind "! " when it stands there in red.
   std::string recap(int index);
+  /// Expects "Data Error !" in red on a recap label and `line` as all that was logged.
+  void expectFailure(int recapLabel, const std::string& line);
 
   /// The window that a click on a row opens, and only it unless `onModal` opens more from there.
   ShownWindow click(Grid& grid, int row = 0);
@@ -72,6 +72,11 @@ class ViewRun : public ProgramRun {
  private:
   std::vector<std::unique_ptr<View>> views_;
   bool opened_ = false;
+};
+
+class ViewTest : public testing::Test {
+ protected:
+  ViewRun run;
 };
 
 }  // namespace dg::test
