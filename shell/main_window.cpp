@@ -21,6 +21,7 @@
 #include "shell/splash.h"
 #include "shell/trap.h"
 #include "shell/view_log.h"
+#include "shell/view_orders.h"
 #include "shell/write_log.h"
 
 namespace dg {
@@ -33,40 +34,6 @@ constexpr std::string_view kRecap = "frmRecap";
 constexpr std::string_view kShop = "frmShop";
 constexpr std::string_view kWarranties = "frmWarranty";
 constexpr std::string_view kWarrantySegments = "frmWarSeg";
-
-// In the load orders "frmWarranty" stands for the billed warranty view that WarrantySegments
-// selects; it comes behind frmShop, whose load has the last word on that.
-constexpr std::string_view kStartOrder[] = {
-    "frmAR",     "frmFp",     "frmGLA",   "frmGLL",  "frmInv",   "frmOpenSales", "frmPo",
-    "frmProfit", "frmReturn", "frmSales", "frmShop", "frmUnits", "frmWarranty",
-};
-constexpr std::string_view kRefreshOrder[] = {
-    "frmInv", "frmAR",  "frmShop",  "frmWarranty", "frmGLA", "frmOpenSales", "frmReturn",
-    "frmPo",  "frmGLL", "frmSales", "frmProfit",   "frmFp",  "frmUnits",
-};
-
-// frmProfit is in neither of a refresh's lists. It stays loaded, so its figures are those of the
-// start, and nothing writes its part of the new recap: owners know the empty block as the sign of a
-// refreshed sheet.
-constexpr std::string_view kRefreshUnloads[] = {
-    "frmUnits", "frmFp",       "frmSales", "frmGLL", "frmPo",    "frmReturn", "frmOpenSales",
-    "frmGLA",   "frmWarranty", "frmShop",  "frmAR",  "frmRecap", "frmInv",    "frmWarSeg",
-};
-constexpr std::string_view kRefreshReleases[] = {
-    "frmRecap",  "frmInv", "frmAR",  "frmShop",  "frmWarranty", "frmGLA",   "frmOpenSales",
-    "frmReturn", "frmPo",  "frmGLL", "frmSales", "frmFp",       "frmUnits", "frmWarSeg",
-};
-
-constexpr std::string_view kEndUnloads[] = {
-    "frmUnits", "frmFp",     "frmProfit",    "frmSales", "frmGLL",
-    "frmPo",    "frmReturn", "frmOpenSales", "frmGLA",   "frmWarranty",
-    "frmShop",  "frmAR",     "frmRecap",     "frmInv",   "frmWarSeg",
-};
-constexpr std::string_view kEndReleases[] = {
-    "frmRecap", "frmInv",       "frmAR",     "frmShop",  "frmWarranty",
-    "frmGLA",   "frmOpenSales", "frmReturn", "frmPo",    "frmGLL",
-    "frmSales", "frmProfit",    "frmFp",     "frmUnits", "frmWarSeg",
-};
 
 /// Every view has the same place and size.
 constexpr Bounds kViewBounds{.left = 110, .top = 110, .width = 10905, .height = 8445};
@@ -179,7 +146,7 @@ void frmTRVN::loadSteps() {
   settree();
   loadRecap();
   WarrantySegments = GetOption(kFirstWarrantyOption);
-  loadViews(kStartOrder);
+  loadViews(view_orders::kStart);
   showCurrent();
   SetFocus();
 }
@@ -274,10 +241,10 @@ void frmTRVN::refreshSteps() {
   currentView_->Hide();
   splash().Show();
   expectStore();
-  unloadViews(kRefreshUnloads);
-  releaseViews(kRefreshReleases);
+  unloadViews(view_orders::kRefreshUnloads);
+  releaseViews(view_orders::kRefreshReleases);
   loadRecap();
-  loadViews(kRefreshOrder);
+  loadViews(view_orders::kRefresh);
   splash().Hide();
   showCurrent();
 }
@@ -394,8 +361,8 @@ void frmTRVN::pickFromMenu(std::string_view menu, int index) {
 void frmTRVN::Form_Unload() {
   if (loading_ || std::exchange(ended_, true)) return;
   dispatchEvent([this] {
-    unloadViews(kEndUnloads);
-    releaseViews(kEndReleases);
+    unloadViews(view_orders::kEndUnloads);
+    releaseViews(view_orders::kEndReleases);
     SystemInfo.reset();
     mainEngine_.reset();
     SharedEngine.reset();
@@ -415,7 +382,7 @@ std::vector<View*> frmTRVN::loadedViews() const {
     if (View* found = view(name)) loaded.push_back(found);
   };
   append(kRecap);
-  for (const std::string_view name : kStartOrder)
+  for (const std::string_view name : view_orders::kStart)
     append(chosen(name));
   return loaded;
 }

@@ -1,7 +1,9 @@
 #include "views/view_catalogue.h"
 
+#include <algorithm>
 #include <memory>
 
+#include "shell/view_orders.h"
 #include "views/financial/inventory.h"
 #include "views/financial/ledger_accounts.h"
 #include "views/financial/profit.h"
@@ -25,26 +27,36 @@ std::unique_ptr<View> make() {
   return std::make_unique<V>();
 }
 
+struct Entry {
+  std::string_view form;
+  std::unique_ptr<View> (*make)();
+};
+constexpr Entry kEntries[] = {
+    {"frmAR", &make<frmAR>},
+    {"frmFp", &make<frmFp>},
+    {"frmGLA", &make<frmGLA>},
+    {"frmGLL", &make<frmGLL>},
+    {"frmInv", &make<frmInv>},
+    {"frmOpenSales", &make<frmOpenSales>},
+    {"frmPo", &make<frmPo>},
+    {"frmProfit", &make<frmProfit>},
+    {"frmRecap", &make<frmRecap>},
+    {"frmReturn", &make<frmReturn>},
+    {"frmSales", &make<frmSales>},
+    {"frmShop", &make<frmShop>},
+    {"frmUnits", &make<frmUnits>},
+    {"frmWarSeg", &make<frmWarSeg>},
+    {"frmWarranty", &make<frmWarranty>},
+};
+static_assert(std::ranges::equal(kEntries, kViews, {}, &Entry::form, &ListedView::form));
+
 }  // namespace
 
 const ViewCatalogue& viewCatalogue() {
   static const ViewCatalogue catalogue = [] {
     ViewCatalogue views;
-    views.add("frmAR", &make<frmAR>);
-    views.add("frmFp", &make<frmFp>);
-    views.add("frmGLA", &make<frmGLA>);
-    views.add("frmGLL", &make<frmGLL>);
-    views.add("frmInv", &make<frmInv>);
-    views.add("frmOpenSales", &make<frmOpenSales>);
-    views.add("frmPo", &make<frmPo>);
-    views.add("frmProfit", &make<frmProfit>);
-    views.add("frmRecap", &make<frmRecap>);
-    views.add("frmReturn", &make<frmReturn>);
-    views.add("frmSales", &make<frmSales>);
-    views.add("frmShop", &make<frmShop>);
-    views.add("frmUnits", &make<frmUnits>);
-    views.add("frmWarSeg", &make<frmWarSeg>);
-    views.add("frmWarranty", &make<frmWarranty>);
+    for (const Entry& entry : kEntries)
+      views.add(std::string(entry.form), entry.make);
     return views;
   }();
   return catalogue;

@@ -12,10 +12,12 @@
 #include <QTextTable>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/window/theme.h"
 #include "desktop/window/user_settings.h"
+#include "shell/view_orders.h"
 
 namespace dg {
 
@@ -23,42 +25,51 @@ namespace {
 
 constexpr QSize kSize{940, 680};
 
-/// The guide's pages in their order, and the view that each is about.
+/// The guide's pages in their order, and the page of the window, if any, that each is about. Those
+/// of the views stand in the list of views.
 struct HelpPage {
   const char* file;
   const char* title;
-  std::string_view view;
+  std::string_view about;
 };
 constexpr HelpPage kPages[] = {
     {"index", QT_TRANSLATE_NOOP("HelpWindow", "Contents"), ""},
     {"getting-around", QT_TRANSLATE_NOOP("HelpWindow", "Getting around"), ""},
-    {"recap", QT_TRANSLATE_NOOP("HelpWindow", "Recap"), "frmRecap"},
+    {"recap", QT_TRANSLATE_NOOP("HelpWindow", "Recap"), ""},
     {"today", QT_TRANSLATE_NOOP("HelpWindow", "Today"), "today"},
     {"charts", QT_TRANSLATE_NOOP("HelpWindow", "Charts"), "charts"},
     {"history", QT_TRANSLATE_NOOP("HelpWindow", "History"), "history"},
-    {"accounts-receivable", QT_TRANSLATE_NOOP("HelpWindow", "Accounts Receivable"), "frmAR"},
-    {"billed-warranties", QT_TRANSLATE_NOOP("HelpWindow", "Billed Warranties"), "frmWarranty"},
-    {"ledger-assets", QT_TRANSLATE_NOOP("HelpWindow", "G/L Assets"), "frmGLA"},
-    {"parts-inventory", QT_TRANSLATE_NOOP("HelpWindow", "Parts Inventory"), "frmInv"},
-    {"floor-plan", QT_TRANSLATE_NOOP("HelpWindow", "Floor Plan"), "frmFp"},
-    {"units", QT_TRANSLATE_NOOP("HelpWindow", "Units"), "frmUnits"},
-    {"open-sales-orders", QT_TRANSLATE_NOOP("HelpWindow", "Open Sales Orders"), "frmOpenSales"},
-    {"open-shop-work", QT_TRANSLATE_NOOP("HelpWindow", "Open Shop Work"), "frmShop"},
-    {"returns", QT_TRANSLATE_NOOP("HelpWindow", "Returns"), "frmReturn"},
-    {"ledger-liabilities", QT_TRANSLATE_NOOP("HelpWindow", "G/L Liabilities"), "frmGLL"},
-    {"purchase-orders", QT_TRANSLATE_NOOP("HelpWindow", "Purchase Orders"), "frmPo"},
-    {"profit", QT_TRANSLATE_NOOP("HelpWindow", "Profit"), "frmProfit"},
-    {"sales-and-cash", QT_TRANSLATE_NOOP("HelpWindow", "Sales / Cash"), "frmSales"},
+    {"accounts-receivable", QT_TRANSLATE_NOOP("HelpWindow", "Accounts Receivable"), ""},
+    {"billed-warranties", QT_TRANSLATE_NOOP("HelpWindow", "Billed Warranties"), ""},
+    {"ledger-assets", QT_TRANSLATE_NOOP("HelpWindow", "G/L Assets"), ""},
+    {"parts-inventory", QT_TRANSLATE_NOOP("HelpWindow", "Parts Inventory"), ""},
+    {"floor-plan", QT_TRANSLATE_NOOP("HelpWindow", "Floor Plan"), ""},
+    {"units", QT_TRANSLATE_NOOP("HelpWindow", "Units"), ""},
+    {"open-sales-orders", QT_TRANSLATE_NOOP("HelpWindow", "Open Sales Orders"), ""},
+    {"open-shop-work", QT_TRANSLATE_NOOP("HelpWindow", "Open Shop Work"), ""},
+    {"returns", QT_TRANSLATE_NOOP("HelpWindow", "Returns"), ""},
+    {"ledger-liabilities", QT_TRANSLATE_NOOP("HelpWindow", "G/L Liabilities"), ""},
+    {"purchase-orders", QT_TRANSLATE_NOOP("HelpWindow", "Purchase Orders"), ""},
+    {"profit", QT_TRANSLATE_NOOP("HelpWindow", "Profit"), ""},
+    {"sales-and-cash", QT_TRANSLATE_NOOP("HelpWindow", "Sales / Cash"), ""},
     {"data-errors", QT_TRANSLATE_NOOP("HelpWindow", "Data errors and the log"), "frmViewLog"},
 };
+static_assert(std::ranges::all_of(kViews, [](const ListedView& view) {
+  return std::ranges::any_of(kPages,
+                             [&](const HelpPage& page) { return view.guidePage == page.file; });
+}));
 
 /// Forms that are told on the page of another.
 constexpr std::pair<std::string_view, std::string_view> kToldWith[] = {
-    {"frmWarSeg", "frmWarranty"}, {"frmWarrDetail", "frmWarranty"},
-    {"frmShopDetail", "frmShop"}, {"frmPTSDetail", "frmOpenSales"},
-    {"frmPODetail", "frmPo"},     {"frmVtotal", "frmPo"},
-    {"frmFpdtl", "frmFp"},        {"frmFpx", "frmFp"},
-    {"frmUnitDtl", "frmUnits"},   {"frmUnitInfo", "frmUnits"},
+    {"frmWarrDetail", "frmWarranty"},
+    {"frmShopDetail", "frmShop"},
+    {"frmPTSDetail", "frmOpenSales"},
+    {"frmPODetail", "frmPo"},
+    {"frmVtotal", "frmPo"},
+    {"frmFpdtl", "frmFp"},
+    {"frmFpx", "frmFp"},
+    {"frmUnitDtl", "frmUnits"},
+    {"frmUnitInfo", "frmUnits"},
     {"frmSetup", "frmGLA"},
 };
 
@@ -95,8 +106,11 @@ QString helpPageOf(std::string_view view) {
   for (const auto& [form, teller] : kToldWith) {
     if (view == form) view = teller;
   }
+  for (const ListedView& listed : kViews) {
+    if (listed.form == view) return QString::fromLatin1(listed.guidePage);
+  }
   for (const HelpPage& page : kPages) {
-    if (!page.view.empty() && page.view == view) return QString::fromLatin1(page.file);
+    if (!page.about.empty() && page.about == view) return QString::fromLatin1(page.file);
   }
   return QString::fromLatin1(kPages[0].file);
 }
