@@ -14,6 +14,7 @@
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/parts.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -57,11 +58,6 @@ bool walkAll(const char* index, std::int64_t most, const ReadProgress& progress,
     visit(walk.record());
   }
   return true;
-}
-
-std::string readRecord(const std::shared_ptr<cLogicalFile>& file, std::int32_t record) {
-  bool orb = true;
-  return sharedEngine().LreadFile(file, record, orb);
 }
 
 OpenWork customerWork(const clsCustomers& customer, Currency amount) {

@@ -6,6 +6,7 @@
 #include "platform/text.h"
 #include "platform/values/run_time_error.h"
 #include "records/file_names.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -23,8 +24,7 @@ void expectStore() {
 }
 
 std::string readControlBlock(std::int32_t block) {
-  bool orb = true;
-  return sharedEngine().BlockReadFile(files::kControlFile, block, orb);
+  return readBlock(files::kControlFile, block);
 }
 
 bool companyOption(std::int32_t position) {
@@ -32,8 +32,7 @@ bool companyOption(std::int32_t position) {
   if (position < 1) throw RunTimeError(kInvalidProcedureCall);
   const cBusinessBasic& engine = sharedEngine();
   const FileArgument control = engine.OpenFile(files::kControlFile);
-  bool orb = true;
-  const std::string options = engine.BlockReadFile(control, kOptionBlock, orb);
+  const std::string options = readBlock(control, kOptionBlock);
   const bool isSet = middle(options, static_cast<std::size_t>(position), 1) == "Y";
   engine.CloseFile(control);
   return isSet;

@@ -1,10 +1,9 @@
 #include "records/customers.h"
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "engine/text_utilities.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -138,10 +137,9 @@ std::span<const Field<clsCustomers>> clsCustomers::fields() {
 
 std::string GetCustomerName(std::int32_t number) {
   const std::int32_t found = findExact(files::kCustomerIndex, integerKey('L', number));
-  if (found < 1) return "Customer Name Not Found";
-  bool orb = true;
+  if (found == 0) return "Customer Name Not Found";
   clsCustomers customer;
-  customer.Unpack(sharedEngine().LreadFile(files::kCustomers, found, orb));
+  customer.Unpack(readRecord(files::kCustomers, found));
   return customer.Name;
 }
 

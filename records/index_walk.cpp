@@ -1,5 +1,6 @@
 #include "records/index_walk.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/codec.h"
@@ -15,21 +16,32 @@ std::string integerKey(char opcode, std::int32_t value) {
   return key;
 }
 
-std::int32_t findExact(const char* index, std::string key) {
-  std::string cursor;
+namespace {
+
+std::int32_t find(const LogicalFileArgument& index, std::string& cursor, std::string& key) {
   std::int32_t record = 0;
   bool orb = true;
   sharedEngine().KFind(index, cursor, key, record, orb);
-  return record > 0 ? record : 0;
+  return record;
+}
+
+}  // namespace
+
+std::int32_t findExact(const char* index, std::string key) {
+  std::string cursor;
+  return std::max(find(index, cursor, key), 0);
+}
+
+std::int32_t findOrNext(const char* index, std::string key) {
+  std::string cursor;
+  return checkedAbs(find(index, cursor, key));
 }
 
 IndexWalk::IndexWalk(const char* index, std::string key)
     : index_(LogicalFileArgument(index).resolve()), key_(std::move(key)), guard_(start()) {}
 
 WalkGuard IndexWalk::start() {
-  bool orb = true;
-  sharedEngine().KFind(index_, cursor_, key_, record_, orb);
-  record_ = checkedAbs(record_);
+  record_ = checkedAbs(find(index_, cursor_, key_));
   const auto keyLength = static_cast<std::int32_t>(key_.size());
   return WalkGuard(*index_, mostEntriesPerBlock(keyLength));
 }

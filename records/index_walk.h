@@ -11,8 +11,17 @@ namespace dg {
 /// An integer packed by its opcode into a key of just that width.
 std::string integerKey(char opcode, std::int32_t value);
 
-/// The record of the key met exactly, or 0: for look-ups of one customer, vendor, part or ticket.
+// What the engine's KFind gives is asked for in one of three ways, each a record number or 0:
+//   findExact   the key met exactly: one customer, vendor, part, ticket, account
+//   findOrNext  that, or else the next greater key's: one claim, one unit
+//   IndexWalk   all from there on
+// None of them gives a sign: that it was the next key's is told by findExact's 0 alone.
+
+/// The record of the key met exactly.
 std::int32_t findExact(const char* index, std::string key);
+
+/// The record of the key or, when that is not met, of the next greater one.
+std::int32_t findOrNext(const char* index, std::string key);
 
 /// A walk over an index of the shared engine from a key on, in key order. It begins at the key
 /// itself or, when that is not met, at the next greater one.

@@ -8,6 +8,7 @@
 #include "records/failure_log.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -161,7 +162,7 @@ clnLines::clnLines() {
   const std::int32_t highest = lines->HighUsedRecord(orb);
   for (std::int32_t number = 1; number <= highest; ++number) {
     orb = true;
-    const std::string record = sharedEngine().LreadFile(lines, number, orb);
+    const std::string record = readRecord(lines, number);
     const bool inUse = dg::Unpack('J', record, 1) >= 1;
     if (!inUse || dg::Unpack('C', record, 3) >= kFirstForeignLine) continue;
     auto line = std::make_shared<clsLines>();

@@ -1,9 +1,8 @@
 #include "records/page_record.h"
 
-#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "platform/text.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -18,8 +17,7 @@ constexpr std::int32_t kLinesPosition = 161;
 }  // namespace
 
 PageRecord PageRecord::read(const char* file, std::int32_t record) {
-  bool orb = true;
-  return PageRecord(sharedEngine().LreadFile(file, record, orb));
+  return PageRecord(readRecord(file, record));
 }
 
 std::int32_t PageRecord::requestNumber() const {

@@ -7,6 +7,7 @@
 #include "engine/text_utilities.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -249,12 +250,11 @@ void clsParts::Read(std::int32_t number, bool& lock) {
 std::string GetPartDescription(const std::string& line, const std::string& part) {
   const std::string key = packText(line) + packText(trim(part));
   const std::int32_t found = findExact(files::kPartIndex, key);
-  if (found < 1) return "Description Not Found";
+  if (found == 0) return "Description Not Found";
   // The part's record number is looked up in the floor plan file, not in "PARTL". That is how this
   // description has always come about; all other readers of the index read "PARTL".
-  bool orb = true;
   clsParts record;
-  record.Unpack(sharedEngine().LreadFile(files::kFloorPlan, found, orb));
+  record.Unpack(readRecord(files::kFloorPlan, found));
   return record.Description;
 }
 

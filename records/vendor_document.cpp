@@ -9,6 +9,7 @@
 #include "records/digit_date.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -55,8 +56,7 @@ VendorDocument::~VendorDocument() {
 }
 
 std::string VendorDocument::record(std::int32_t number) const {
-  bool orb = true;
-  return sharedEngine().LreadFile(file_, number, orb);
+  return readRecord(file_, number);
 }
 
 VendorDocumentKey VendorDocumentKey::decode(const std::string& key) {
@@ -84,8 +84,7 @@ Currency vendorDocumentTotal(const std::string& record) {
 std::string vendorName(std::int32_t vendor) {
   const std::int32_t found = findExact(files::kVendorIndex, integerKey('L', vendor));
   if (found == 0) return "Vendor not found";
-  bool orb = true;
-  const std::string record = sharedEngine().LreadFile(files::kVendors, found, orb);
+  const std::string record = readRecord(files::kVendors, found);
   return unpackText(middle(record, kVendorName, kVendorNameWidth));
 }
 

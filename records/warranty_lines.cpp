@@ -26,8 +26,7 @@ void clsWarrDetail::GetDetail() {
   runTrapped("GetDetail", [this] {
     clearError();
     clearLines();
-    const IndexWalk found(files::kWarrantyIndex, integerKey('L', shopRef_));
-    std::int32_t record = found.record();
+    std::int32_t record = findOrNext(files::kWarrantyIndex, integerKey('L', shopRef_));
     clsWarranty claim;
     claim.Unpack(PageRecord::read(files::kWarranties, record).bytes());
     BuildPage(record);

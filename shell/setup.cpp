@@ -13,6 +13,7 @@
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 #include "shell/sort_grid.h"
 #include "shell/trap.h"
 #include "shell/write_log.h"
@@ -161,9 +162,8 @@ void frmSetup::GetGLAccount(const std::string& kind, Grid& grid) {
         for (IndexWalk walk(files::kChartIndex, key); !walk.atEnd();
              walk.next(), ++progress.walked) {
           progress.record = walk.record();
-          bool orb = true;
           const cBusinessBasic& engine = sharedEngine();
-          const std::string account = engine.LreadFile(files::kChart, walk.record(), orb);
+          const std::string account = readRecord(files::kChart, walk.record());
           ++progress.read;
           if (middle(account, kKindPosition, 1) != kind) continue;
           const std::int32_t company = engine.Unpack('C', account, kCompanyPosition);

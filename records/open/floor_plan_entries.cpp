@@ -8,6 +8,7 @@
 #include "records/index_walk.h"
 #include "records/open/open_work.h"
 #include "records/open/own_lines.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -25,8 +26,7 @@ Currency GetPartCost(const std::string& entry) {
       findExact(files::kPartIndex, std::string(middle(entry, kModelKey, kModelKeyWidth)));
   if (found == 0) return Currency();
   const cBusinessBasic& engine = sharedEngine();
-  bool orb = true;
-  const std::string part = engine.LreadFile(files::kParts, found, orb);
+  const std::string part = readRecord(files::kParts, found);
   return Currency::fromScaled(engine.Unpack('D', part, kPartCost), 100);
 }
 
@@ -44,8 +44,7 @@ void forEachEntry(std::int32_t line, const VisitEntry& open, const VisitEntry& s
   clsFloorPlan entry;
   for (IndexWalk walk(files::kFloorPlanIndex, integerKey('C', line));
        !walk.atEnd() && walk.keyField('C', 1) == line; walk.next()) {
-    bool orb = true;
-    const std::string record = sharedEngine().LreadFile(files::kFloorPlan, walk.record(), orb);
+    const std::string record = readRecord(files::kFloorPlan, walk.record());
     entry.Unpack(record);
     (isOpen(record) ? open : sold)(entry, record);
   }

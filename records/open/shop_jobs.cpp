@@ -1,11 +1,10 @@
 #include "records/open/shop_jobs.h"
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "records/control_file.h"
 #include "records/customer_lookup.h"
 #include "records/file_names.h"
 #include "records/open/open_work.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -49,8 +48,7 @@ void forEachOpenJob(const std::function<void(const OpenJob&)>& visit) {
     for (std::int32_t index = 0; index < kSlotsPerBlock; ++index) {
       const std::int32_t recordNumber = slot(slots, index);
       if (recordNumber < 1) continue;
-      bool orb = true;
-      const std::string record = sharedEngine().LreadFile(files::kInvoices, recordNumber, orb);
+      const std::string record = readRecord(files::kInvoices, recordNumber);
       job.Unpack(record);
       job.RecordText = record;
       if (job.Status == kBilled) continue;

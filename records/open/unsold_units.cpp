@@ -1,13 +1,13 @@
 #include "records/open/unsold_units.h"
 
 #include "engine/business_basic.h"
-#include "engine/state.h"
 #include "engine/walk_guard.h"
 #include "platform/text.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/open_work.h"
 #include "records/open/own_lines.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -23,8 +23,7 @@ Currency unitCost(const clsUnits& unit) {
   clsUnitsLedger entry;
   for (std::int32_t record = unit.SubLedgerChain; record != 0; record = entry.LedgerNext) {
     guard.step(record);
-    bool orb = true;
-    entry.Unpack(sharedEngine().LreadFile(ledger, record, orb));
+    entry.Unpack(readRecord(ledger, record));
     cost += entry.Amount;
   }
   return cost;
@@ -47,8 +46,7 @@ void forEachUnsoldUnit(std::int32_t line,
   clsUnits unit;
   for (IndexWalk walk(files::kUnitsByLineIndex, integerKey('C', line));
        !walk.atEnd() && walk.keyField('C', 1) == line; walk.next()) {
-    bool orb = true;
-    unit.Unpack(sharedEngine().LreadFile(files::kUnits, walk.record(), orb));
+    unit.Unpack(readRecord(files::kUnits, walk.record()));
     if (unit.Date_Sold == kEmptyDate) visit(unit, unitCost(unit));
   }
 }

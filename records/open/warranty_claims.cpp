@@ -2,13 +2,12 @@
 
 #include <cmath>
 
-#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "records/customers.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/open_work.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -65,8 +64,7 @@ void forEachBilledClaim(bool bySegments, const std::function<void(const BilledCl
   OpenWorkReport report(OpenFamily::kWarranties);
   clsWarranty claim;
   for (IndexWalk walk(files::kWarrantyIndex, integerKey('L', 1)); !walk.atEnd(); walk.next()) {
-    bool orb = true;
-    const std::string record = sharedEngine().LreadFile(files::kWarranties, walk.record(), orb);
+    const std::string record = readRecord(files::kWarranties, walk.record());
     claim.Unpack(record);
     const std::int32_t settled = Unpack('C', record, kSettledPosition);
     const std::int32_t billed = Unpack('D', record, kBilledPosition);

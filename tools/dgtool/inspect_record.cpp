@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "platform/values/variant.h"
 #include "records/file_names.h"
+#include "records/read.h"
 #include "tools/dgtool/inspect.h"
 #include "tools/dgtool/session.h"
 #include "tools/dgtool/window_json.h"
@@ -17,11 +18,6 @@
 namespace dg {
 
 namespace {
-
-std::string readRecord(const std::string& name, std::int32_t number) {
-  bool orb = true;
-  return sharedEngine().LreadFile(openLogicalFile(name), number, orb);
-}
 
 /// A block of the control file, which is no logical file: its blocks count from 0.
 std::string readControlBlock(std::int32_t number) {
@@ -32,8 +28,7 @@ std::string readControlBlock(std::int32_t number) {
     throw UsageError(std::string(files::kControlFile) + " has the blocks 0 to " +
                      std::to_string(blocks - 1));
   }
-  bool orb = true;
-  return sharedEngine().BlockReadFile(file, number, orb);
+  return readBlock(file, number);
 }
 
 const RecordClass& wantedClass(const std::string& name) {
@@ -129,14 +124,14 @@ RecordFacts readFacts(const InspectOptions& options) {
   RecordFacts facts;
   if (!options.recordClass.empty()) facts.recordClass = &wantedClass(options.recordClass);
   const bool control = equalIgnoringCase(options.name, files::kControlFile);
-  facts.bytes =
-      control ? readControlBlock(options.record) : readRecord(options.name, options.record);
+  facts.bytes = control ? readControlBlock(options.record)
+                        : readRecord(openLogicalFile(options.name), options.record);
   if (facts.recordClass == nullptr) return facts;
   const std::string extension(facts.recordClass->extensionFile);
   if (!extension.empty() && !equalIgnoringCase(extension, options.name)) {
     // A record without its extension still has its first members.
     try {
-      facts.bytes += readRecord(extension, options.record);
+      facts.bytes += readRecord(openLogicalFile(extension), options.record);
     } catch (const UsageError& error) {
       facts.trouble = error.what();
     } catch (const RunTimeError& error) {

@@ -5,8 +5,9 @@
 #include "platform/values/checked.h"
 #include "platform/values/format.h"
 #include "records/file_names.h"
-#include "records/index_walk.h"
 #include "records/lines.h"
+#include "records/open/own_lines.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -116,12 +117,7 @@ void frmInv::GetLineData() {
   Currency merchandise;
   Currency year;
   Currency month;
-  clsLines line;
-  for (IndexWalk walk(files::kLineIndex, integerKey('C', 1));
-       !walk.atEnd() && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
-    bool orb = true;
-    const std::string record = sharedEngine().LreadFile(files::kLines, walk.record(), orb);
-    line.Unpack(record);
+  forEachListedLine([&](const clsLines& line, const std::string& record) {
     if (grdInvest.Rows() >= kMaxLines) throw RunTimeError(kSubscriptOutOfRange);
     grdInvest.AddNew();
     grdInvest.set("Line", line.Line);
@@ -135,7 +131,7 @@ void frmInv::GetLineData() {
     merchandise += line.Cost_of_Mdse;
     year += line.YTD_Sales;
     month += line.MTD_Sales;
-  }
+  });
   grdInvest.MoveFirst();
   writeRecap(Figure::kPartsInventory, Format(merchandise, kTotalMask));
   lblinvtot[0]->setCaption("Investment Total : " + Format(merchandise, kTotalMask));
@@ -149,8 +145,7 @@ double EstimatedTurns(const std::string& record) {
   // The control file's block is not used further, but a store without a control file has no turns:
   // the failure to read it is this routine's.
   const cBusinessBasic& engine = sharedEngine();
-  bool orb = true;
-  const std::string control = engine.BlockReadFile(files::kControlFile, 0, orb);
+  const std::string control = readBlock(files::kControlFile, 0);
   engine.Unpack('B', control, 11);
 
   const std::int32_t cost =

@@ -12,6 +12,7 @@
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/setup.h"
 #include "shell/splash.h"
@@ -176,8 +177,7 @@ double LedgerAccounts::addAccount(const std::string& entry) {
       files::kChartIndex, companyAccountKey(kChartKeyLength, '\0', wantedCompany, wantedAccount));
   if (found == 0) return 0;
   const cBusinessBasic& engine = sharedEngine();
-  bool orb = true;
-  const std::string record = engine.LreadFile(files::kChart, found, orb);
+  const std::string record = readRecord(files::kChart, found);
   const std::int32_t company = engine.Unpack('C', record, kChartCompany);
   const std::int32_t account = engine.Unpack('L', record, kChartAccount);
   grdGLCash.AddNew();
@@ -205,8 +205,7 @@ double LedgerAccounts::GetGLBalance(const std::string& key, std::int32_t account
         for (IndexWalk walk(files::kLedgerDetailIndex, key);; walk.next()) {
           if (walk.record() == 0) return;
           record = checkedAbs(walk.record());
-          bool orb = true;
-          const std::string detail = engine.LreadFile(files::kLedgerDetails, record, orb);
+          const std::string detail = readRecord(files::kLedgerDetails, record);
           if (engine.Unpack('L', detail, kDetailAccount) != account) break;
           const std::int32_t sign = engine.Unpack('B', detail, kDetailSign);
           const std::int32_t amount = engine.Unpack('L', detail, kDetailAmount);

@@ -3,12 +3,9 @@
 #include <array>
 #include <string>
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "platform/values/format.h"
-#include "records/file_names.h"
-#include "records/index_walk.h"
 #include "records/lines.h"
+#include "records/open/own_lines.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -113,11 +110,7 @@ void frmProfit::Form_Load() {
 void frmProfit::GetProfit() {
   grdProfit.RemoveAll();
   std::array<Totals, std::size(kPeriods)> totals{};
-  clsLines line;
-  for (IndexWalk walk(files::kLineIndex, integerKey('C', 1));
-       !walk.atEnd() && walk.keyField('C', 1) < kFirstForeignLine; walk.next()) {
-    bool orb = true;
-    line.Unpack(sharedEngine().LreadFile(files::kLines, walk.record(), orb));
+  forEachListedLine([&](const clsLines& line, const std::string&) {
     grdProfit.AddNew();
     grdProfit.set("Line", line.Line);
     grdProfit.set("Alpha", line.Alpha_Line);
@@ -132,7 +125,7 @@ void frmProfit::GetProfit() {
       totals[i].cost += cost;
     }
     grdProfit.Update();
-  }
+  });
   grdProfit.MoveFirst();
   for (std::size_t i = 0; i < std::size(kPeriods); ++i) {
     const auto& [sales, cost] = totals[i];

@@ -2,13 +2,12 @@
 
 #include <string>
 
-#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 
 namespace dg {
 
@@ -86,10 +85,7 @@ void findPart(LineState& line, const StatementRunner& run) {
     line.description = "Part Not Found";
     return;
   }
-  run([&] {
-    bool orb = true;
-    line.partRecord = sharedEngine().LreadFile(files::kParts, line.part, orb);
-  });
+  run([&] { line.partRecord = readRecord(files::kParts, line.part); });
   run([&] {
     line.description = unpackText(middle(line.partRecord, kPartDescription, kPartDescriptionWidth));
   });

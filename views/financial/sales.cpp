@@ -8,6 +8,7 @@
 #include "records/countermen.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -123,9 +124,8 @@ void frmSales::GetSales() {
   Currency cash;
   clsCounterman man;
   for (IndexWalk walk(files::kCountermanIndex, integerKey('C', 1)); !walk.atEnd(); walk.next()) {
-    bool orb = true;
-    std::string record = sharedEngine().LreadFile(files::kCountermen, walk.record(), orb);
-    record += sharedEngine().LreadFile(files::kCountermanExtension, walk.record(), orb);
+    const std::string record =
+        readRecord(files::kCountermen, files::kCountermanExtension, walk.record());
     man.Unpack(record);
     // An index entry whose record belongs to another number does not count.
     if (walk.keyField('C', 1) != sharedEngine().Unpack('C', record, 3)) continue;

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "engine/business_basic.h"
-#include "engine/state.h"
 #include "engine/walk_guard.h"
 #include "platform/text.h"
 #include "platform/values/convert.h"
@@ -12,6 +11,7 @@
 #include "records/floor_plan.h"
 #include "records/open/floor_plan_entries.h"
 #include "records/parts.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -153,8 +153,7 @@ void frmFpdtl::grdFpdtl_BtnClick(int row) {
   clsFloorPlanExtent extent;
   for (; record != 0; record = extent.ExtentNext) {
     guard.step(record);
-    bool orb = true;
-    extent.Unpack(sharedEngine().LreadFile(file, record, orb));
+    extent.Unpack(readRecord(file, record));
     addExtent(extents.grdfpx, extent);
   }
   extents.ShowModal();

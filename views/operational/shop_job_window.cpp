@@ -4,9 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
@@ -15,6 +13,7 @@
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/shop_jobs.h"
+#include "records/read.h"
 #include "views/operational/line_cells.h"
 #include "views/operational/shop.h"
 
@@ -150,9 +149,8 @@ std::string phoneText(std::int32_t areaCode, std::int32_t number) {
 std::string manText(std::int32_t number) {
   const std::int32_t found = findExact(files::kCountermanIndex, integerKey('C', number));
   if (found == 0) return {};
-  bool orb = true;
   clsCounterman man;
-  man.Unpack(sharedEngine().LreadFile(files::kCountermen, found, orb));
+  man.Unpack(readRecord(files::kCountermen, found));
   return std::to_string(man.COUNTERMAN_Number) + " - " + std::string(shown(man.Name));
 }
 
@@ -183,8 +181,7 @@ frmShopDetail::frmShopDetail()
 void frmShopDetail::showJob(std::int32_t number) {
   setCaption("Shop Job Detail ...   Shop Job : " + std::to_string(number));
   const std::int32_t recordNumber = GetJob(number);
-  bool orb = true;
-  const std::string record = sharedEngine().LreadFile(files::kInvoices, recordNumber, orb);
+  const std::string record = readRecord(files::kInvoices, recordNumber);
   clsShop job;
   job.Unpack(record);
   job.RecordText = record;
@@ -229,9 +226,7 @@ void frmShopDetail::showCustomer(std::int32_t account) {
 }
 
 void frmShopDetail::showCalls(const clsShop& job, const std::string& record) {
-  bool orb = true;
-  const std::string results =
-      sharedEngine().BlockReadFile(files::kControlFile, kCallResultBlock, orb);
+  const std::string results = readBlock(files::kControlFile, kCallResultBlock);
   constexpr std::size_t kCalls = 3;
   for (std::size_t i = 0; i < kCalls; ++i) {
     const std::int32_t raw =

@@ -10,6 +10,7 @@
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/unsold_units.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -113,8 +114,7 @@ constexpr InfoRow kSaleRows[] = {
 std::string captionBlock() {
   const cBusinessBasic& engine = sharedEngine();
   const auto control = engine.OpenFile(files::kControlFile);
-  bool orb = true;
-  const std::string block = engine.BlockReadFile(control, kCaptionBlock, orb);
+  const std::string block = readBlock(control, kCaptionBlock);
   engine.CloseFile(control);
   return block;
 }
@@ -160,10 +160,8 @@ void frmUnitDtl::grdUnitDtl_BtnClick(int row) {
 
 void showUnit(const std::string& number) {
   frmUnitInfo info(number);
-  const IndexWalk found(files::kUnitIndex, number);
-  bool orb = true;
   clsUnits unit;
-  unit.Unpack(sharedEngine().LreadFile(files::kUnits, found.record(), orb));
+  unit.Unpack(readRecord(files::kUnits, findOrNext(files::kUnitIndex, number)));
   fillInformation(info, unit, captionBlock());
   info.ShowModal();
 }

@@ -1,8 +1,6 @@
 #include "views/operational/warranty.h"
 
-#include "engine/business_basic.h"
 #include "engine/codec.h"
-#include "engine/state.h"
 #include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
@@ -10,6 +8,7 @@
 #include "records/digit_date.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -167,10 +166,9 @@ void BilledWarranties::addClaim(const BilledClaim& billed) {
 void BilledWarranties::grdWarr_BtnClick(int row) {
   frmWarrDetail window(grdWarr.CellValue("Shop Ref", row));
   const std::int32_t number = numberOfRow(row);
-  const IndexWalk found(files::kWarrantyIndex, integerKey('L', number));
-  bool orb = true;
   clsWarranty claim;
-  claim.Unpack(sharedEngine().LreadFile(files::kWarranties, found.record(), orb));
+  claim.Unpack(
+      readRecord(files::kWarranties, findOrNext(files::kWarrantyIndex, integerKey('L', number))));
   window.lblCust.setCaption(customerText(claim));
   window.lblSn1.setCaption(text(claim.Serial_1));
   window.lblSn2.setCaption(text(claim.Serial_2));
