@@ -15,6 +15,7 @@ class clsClock final : public Record {
   void Unpack(const std::string& record) override;
   void Pack(std::string& record) const override;
   std::vector<MemberValue> members() const override;
+  std::vector<FieldPlace> places() const override;
 
   std::int32_t Kind = 0;  ///< 1 a clocked time, 2 a clocked text
   std::int32_t Field3 = 0;

@@ -72,7 +72,7 @@ constexpr Field<clsCounterman> kFields[] = {
     integer(194, 'C', DG_MEMBER(YTD_Lost_Sales)),
     integer(196, 'B', DG_MEMBER(DrawerOpen_Today)),
     integer(197, 'B', DG_MEMBER(DrawerOpen_Yesterday)),
-    rule<clsCounterman>(&readField198, &writeField198, DG_MEMBER(Field198Flag)),
+    rule<clsCounterman>(198, 2, &readField198, &writeField198, DG_MEMBER(Field198Flag)),
     member(DG_MEMBER(Field198)),
     scaled(205, 'L', 100, DG_MEMBER(MTD_ME_Bld)),
     scaled(209, 'L', 100, DG_MEMBER(MTD_ME_Act)),

@@ -11,6 +11,7 @@ namespace {
 
 using Self = clsCustomers;
 
+// A telephone number or area code that cannot be one reads as none.
 constexpr std::int32_t kMaxPhone = 9999999;
 constexpr std::int32_t kMaxAreaCode = 999;
 
@@ -29,23 +30,17 @@ void readZipCode(clsCustomers& customer, const std::string& record) {
   customer.Zip_Code = AddressZip(block);
 }
 
-/// A telephone number or area code that cannot be one reads as none.
-template <auto Member, std::int32_t Highest>
-void limit(clsCustomers& customer, const std::string&) {
-  if (customer.*Member > Highest || customer.*Member < 0) customer.*Member = 0;
-}
-
 // Names and addresses decode with "-" in the table.
 constexpr Field<clsCustomers> kFields[] = {
     integer(3, 'D', DG_MEMBER(Account)),
-    maskHead<clsCustomers>(" ,-."),
+    maskHead<clsCustomers>(kDashHead),
     packedText(6, 20, DG_MEMBER(Name)),
     packedText(26, 20, DG_MEMBER(Address_Line_1)),
     packedText(46, 20, DG_MEMBER(Address_Line_2)),
     packedText(66, 20, DG_MEMBER(Address_Line_3)),
-    rule<clsCustomers>(&readState, nullptr, DG_MEMBER(State)),
-    rule<clsCustomers>(&readZipCode, nullptr, DG_MEMBER(Zip_Code)),
-    maskHead<clsCustomers>(" ,/."),
+    rule<clsCustomers>(6, 80, &readState, nullptr, DG_MEMBER(State)),
+    rule<clsCustomers>(6, 80, &readZipCode, nullptr, DG_MEMBER(Zip_Code)),
+    maskHead<clsCustomers>(kSlashHead),
     integer(86, 'C', DG_MEMBER(Area_Code)),
     integer(88, 'L', DG_MEMBER(Phone_Number)),
     bit(92, 'B', 0, DG_MEMBER(Part_Sales_Trackng)),
@@ -101,8 +96,7 @@ constexpr Field<clsCustomers> kFields[] = {
     readOnly(date(194, 'R', DG_MEMBER(Date_of_Last_Close))),
     writeOnly(date(194, 'D', DG_MEMBER(Date_of_Last_Close))),
     integer(197, 'L', DG_MEMBER(DetailChain)),
-    integer(201, 'L', DG_MEMBER(Phone_Number_2)),
-    rule<clsCustomers>(&limit<&clsCustomers::Phone_Number_2, kMaxPhone>, nullptr),
+    bounded(integer(201, 'L', DG_MEMBER(Phone_Number_2)), kMaxPhone),
     packedText(205, 12, DG_MEMBER(Contact_1)),
     packedText(217, 12, DG_MEMBER(CONTACT_2)),
     packedText(229, 8, DG_MEMBER(Sales_Tax_No)),
@@ -120,12 +114,9 @@ constexpr Field<clsCustomers> kFields[] = {
     integer(273, 'L', DG_MEMBER(High_Credit)),
     integer(277, 'L', DG_MEMBER(Min_Autofill_Amt)),
     integer(281, 'L', DG_MEMBER(MTD_Deposits)),
-    integer(285, 'C', DG_MEMBER(Area_Code_2)),
-    rule<clsCustomers>(&limit<&clsCustomers::Area_Code_2, kMaxAreaCode>, nullptr),
-    integer(287, 'C', DG_MEMBER(Area_Code_3)),
-    rule<clsCustomers>(&limit<&clsCustomers::Area_Code_3, kMaxAreaCode>, nullptr),
-    integer(289, 'L', DG_MEMBER(Phone_Number_3)),
-    rule<clsCustomers>(&limit<&clsCustomers::Phone_Number_3, kMaxPhone>, nullptr),
+    bounded(integer(285, 'C', DG_MEMBER(Area_Code_2)), kMaxAreaCode),
+    bounded(integer(287, 'C', DG_MEMBER(Area_Code_3)), kMaxAreaCode),
+    bounded(integer(289, 'L', DG_MEMBER(Phone_Number_3)), kMaxPhone),
     integer(297, 'L', DG_MEMBER(Note_Chain)),
 };
 

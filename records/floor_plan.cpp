@@ -8,10 +8,10 @@ namespace floor_plan {
 using Self = clsFloorPlan;
 constexpr Field<clsFloorPlan> kFields[] = {
     integer(3, 'C', DG_MEMBER(Line)),
-    maskHead<clsFloorPlan>(" ,/."),
+    maskHead<clsFloorPlan>(kSlashHead),
     packedText(5, 12, DG_MEMBER(Part_Number)),
     // Stays in force afterwards: for all fields from here on, and for every later decode.
-    maskHead<clsFloorPlan>(" ,-."),
+    maskHead<clsFloorPlan>(kDashHead),
     packedText(17, 12, DG_MEMBER(Serial_Number)),
     packedText(29, 6, DG_MEMBER(Reference_1)),
     packedText(35, 4, DG_MEMBER(Reference_2)),

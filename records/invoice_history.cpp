@@ -97,7 +97,7 @@ void normaliseTransactionType(clsInvoiceHistory& header, const std::string&) {
 constexpr Field<clsInvoiceHistory> kSalesFields[] = {
     writeOnly(integer(1, 'J', DG_MEMBER(Record_Status))),
     integer(3, 'D', DG_MEMBER(Account)),
-    rule<clsInvoiceHistory>(&readShipTo, &writeShipTo, DG_MEMBER(ShipTo)),
+    rule<clsInvoiceHistory>(141, 3, &readShipTo, &writeShipTo, DG_MEMBER(ShipTo)),
     integer(50, 'C', DG_MEMBER(Invoice_Time)),
     date(48, 'J', DG_MEMBER(Invoice_Date)),
     integer(54, 'B', DG_MEMBER(Terminal)),
@@ -130,9 +130,9 @@ constexpr Field<clsInvoiceHistory> kSalesFields[] = {
     bit(116, 'B', 4, DG_MEMBER(Dated)),
     bit(116, 'B', 5, DG_MEMBER(Flag116Bit5)),
     packedText(117, 6, DG_MEMBER(Purchase_Order_No)),
-    rule<clsInvoiceHistory>(&readSaleFlag, nullptr, DG_MEMBER(SaleFlag)),
+    rule<clsInvoiceHistory>(123, 1, &readSaleFlag, nullptr, DG_MEMBER(SaleFlag)),
     scaled(158, 'K', 100, DG_MEMBER(Down_Payment)),
-    rule<clsInvoiceHistory>(&readField151, &writeField151, DG_MEMBER(Field151)),
+    rule<clsInvoiceHistory>(151, 4, &readField151, &writeField151, DG_MEMBER(Field151)),
     member(DG_MEMBER(Field151Long)),
     integer(156, 'B', DG_MEMBER(Terms_Code)),
 };
@@ -166,14 +166,14 @@ constexpr Field<clsInvoiceHistory> kOrderFields[] = {
     integer(103, 'C', DG_MEMBER(TimeIn)),
     packedText(105, 8, DG_MEMBER(PhoneNumber2)),
     integer(115, 'B', DG_MEMBER(Page)),
-    rule<clsInvoiceHistory>(&readRental, &writeRental, DG_MEMBER(Rental)),
+    rule<clsInvoiceHistory>(116, 1, &readRental, &writeRental, DG_MEMBER(Rental)),
     integer(117, 'C', DG_ELEMENT(WarrVend, 0)),
     integer(97, 'C', DG_ELEMENT(WarrVend, 1)),
     rawText(119, 1, DG_MEMBER(Warranty)),
     integer(120, 'B', DG_ELEMENT(CallStatus, 0)),
     integer(121, 'B', DG_ELEMENT(CallStatus, 1)),
     integer(122, 'B', DG_ELEMENT(CallStatus, 2)),
-    rule<clsInvoiceHistory>(&clearSaleFlag, nullptr, DG_MEMBER(SaleFlag)),
+    step<clsInvoiceHistory>(&clearSaleFlag),
     integer(151, 'C', DG_MEMBER(Field151)),
     integer(156, 'B', DG_MEMBER(Terms_Code)),
     integer(157, 'B', DG_MEMBER(Terminal)),
@@ -187,7 +187,7 @@ constexpr Field<clsInvoiceHistory> kCommonFields[] = {
     integer(123, 'B', DG_MEMBER(Transaction_Type)),
     integer(124, 'B', DG_MEMBER(Delivery_Code)),
     scaled(125, 'L', 100, DG_MEMBER(Sub_Total)),
-    rule<clsInvoiceHistory>(&normaliseTransactionType, nullptr),
+    step<clsInvoiceHistory>(&normaliseTransactionType),
     integer(129, 'J', DG_MEMBER(Disc_Percentage)),
     scaled(131, 'L', 100, DG_MEMBER(Discount_Amount)),
     integer(135, 'C', DG_MEMBER(Tax_Rate)),
@@ -201,10 +201,10 @@ constexpr Field<clsInvoiceHistory> kCommonFields[] = {
 
 // Written last, over what the layouts and the common fields have put there.
 constexpr Field<clsInvoiceHistory> kSalesTerminal[] = {
-    rule<clsInvoiceHistory>(nullptr, &writeTerminalNumber<54>),
+    rule<clsInvoiceHistory>(54, 1, nullptr, &writeTerminalNumber<54>),
 };
 constexpr Field<clsInvoiceHistory> kOrderTerminal[] = {
-    rule<clsInvoiceHistory>(nullptr, &writeTerminalNumber<157>),
+    rule<clsInvoiceHistory>(157, 1, nullptr, &writeTerminalNumber<157>),
 };
 
 constexpr Field<clsInvoiceHistory> kFlagMembers[] = {
@@ -260,6 +260,16 @@ std::vector<MemberValue> clsInvoiceHistory::members() const {
   appendMembers<clsInvoiceHistory>(kSalesFields, *this, result);
   appendMembers<clsInvoiceHistory>(kOrderFields, *this, result);
   appendMembers<clsInvoiceHistory>(kFlagMembers, *this, result);
+  return result;
+}
+
+std::vector<FieldPlace> clsInvoiceHistory::places() const {
+  std::vector<FieldPlace> result;
+  appendPlaces<clsInvoiceHistory>(kSalesFields, "sale", result);
+  appendPlaces<clsInvoiceHistory>(kSalesTerminal, "sale", result);
+  appendPlaces<clsInvoiceHistory>(kOrderFields, "order", result);
+  appendPlaces<clsInvoiceHistory>(kOrderTerminal, "order", result);
+  appendPlaces<clsInvoiceHistory>(kCommonFields, "all", result);
   return result;
 }
 

@@ -21,6 +21,7 @@ class clsInvoiceHistory final : public Record {
   /// 54 and 157.
   void Pack(std::string& record) const override;
   std::vector<MemberValue> members() const override;
+  std::vector<FieldPlace> places() const override;
 
   std::int32_t Record_Status = 0;  ///< type of the record: selects the layout
   std::int16_t IsOrderLayout = 0;  ///< -1 after an order, 0 after a sale

@@ -44,17 +44,17 @@ constexpr Field<clsInvoiceHistoryDetail> kHeadFields[] = {
 };
 
 constexpr Field<clsInvoiceHistoryDetail> kTextFields[] = {
-    maskHead<clsInvoiceHistoryDetail>(" ,/."),
+    maskHead<clsInvoiceHistoryDetail>(kSlashHead),
     packedText(11, 12, DG_MEMBER(Part_Number)),
     // Stays in force afterwards: for the texts from here on, and for every later decode.
-    maskHead<clsInvoiceHistoryDetail>(" ,-."),
-    rule<clsInvoiceHistoryDetail>(&readPartWithDashes, nullptr, DG_MEMBER(Part_w_Dash)),
+    maskHead<clsInvoiceHistoryDetail>(kDashHead),
+    rule<clsInvoiceHistoryDetail>(11, 14, &readPartWithDashes, nullptr, DG_MEMBER(Part_w_Dash)),
     packedText(25, 14, DG_MEMBER(Description)),
     packedText(11, 24, DG_MEMBER(Comment)),
 };
 
 constexpr Field<clsInvoiceHistoryDetail> kPartFields[] = {
-    rule<clsInvoiceHistoryDetail>(nullptr, &writePart),
+    rule<clsInvoiceHistoryDetail>(11, 14, nullptr, &writePart),
     packedText(25, 14, DG_MEMBER(Description)),
 };
 
@@ -63,7 +63,7 @@ constexpr Field<clsInvoiceHistoryDetail> kRemarkFields[] = {
 };
 
 constexpr Field<clsInvoiceHistoryDetail> kSerialFields[] = {
-    rule<clsInvoiceHistoryDetail>(&readSerialLine, &writeSerialLine, DG_MEMBER(snLine)),
+    rule<clsInvoiceHistoryDetail>(35, 2, &readSerialLine, &writeSerialLine, DG_MEMBER(snLine)),
     packedText(37, 12, DG_MEMBER(snPartNumber)),
     integer(49, 'J', DG_MEMBER(snQtyOrdered)),
     integer(51, 'B', DG_MEMBER(snFactory_Warranty)),
@@ -78,6 +78,7 @@ constexpr Field<clsInvoiceHistoryDetail> kUnitFields[] = {
     scaled(48, 'L', 100, DG_MEMBER(UnitNet)),
 };
 
+// clang-format off: a row of the format is a line
 constexpr Field<clsInvoiceHistoryDetail> kEveryLineFields[] = {
     integer(39, 'J', DG_MEMBER(Quantity)),      scaled(41, 'D', 100, DG_MEMBER(Net_Each)),
     scaled(44, 'D', 100, DG_MEMBER(Cost_Each)), integer(47, 'J', DG_MEMBER(Back_Ordered_Qty)),
@@ -91,6 +92,7 @@ constexpr Field<clsInvoiceHistoryDetail> kEveryLineFields[] = {
     bit(51, 'C', 3, DG_MEMBER(Flag51Bit3)),     bit(51, 'C', 2, DG_MEMBER(Flag51Bit2)),
     bit(51, 'C', 1, DG_MEMBER(Flag51Bit1)),     bit(51, 'C', 0, DG_MEMBER(Flag51Bit0)),
 };
+// clang-format on
 
 /// What a remark holds beside its text goes by how the text begins.
 struct RemarkKind {
@@ -134,7 +136,7 @@ void clsInvoiceHistoryDetail::Unpack(const std::string& record) {
 
 void clsInvoiceHistoryDetail::Pack(std::string& record) const {
   packFields<Self>(kHeadFields, *this, record);
-  setMaskHead(" ,-.");
+  setMaskHead(kDashHead);
   if (LineType == kRemark) {
     packFields<Self>(kEveryLineFields, *this, record);
     packFields<Self>(kRemarkFields, *this, record);
@@ -153,6 +155,16 @@ std::vector<MemberValue> clsInvoiceHistoryDetail::members() const {
   appendMembers<Self>(kBackOrderFields, *this, result);
   appendMembers<Self>(kUnitFields, *this, result);
   appendMembers<Self>(kEveryLineFields, *this, result);
+  return result;
+}
+
+std::vector<FieldPlace> clsInvoiceHistoryDetail::places() const {
+  std::vector<FieldPlace> result;
+  appendPlaces<Self>(kHeadFields, "all", result);
+  appendPlaces<Self>(kTextFields, "all", result);
+  appendPlaces<Self>(kEveryLineFields, "all", result);
+  for (const RemarkKind& kind : kRemarkKinds)
+    appendPlaces<Self>(kind.fields, kind.beginning, result);
   return result;
 }
 

@@ -17,6 +17,7 @@ class clsInvoiceHistoryDetail final : public Record {
   void Unpack(const std::string& record) override;
   void Pack(std::string& record) const override;
   std::vector<MemberValue> members() const override;
+  std::vector<FieldPlace> places() const override;
 
   std::int32_t DetailField3 = 0;
   std::int32_t DetailField7 = 0;

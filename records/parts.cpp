@@ -56,12 +56,6 @@ constexpr int kCodesPosition = 21;
 constexpr int kCodesReadWidth = 24;
 constexpr int kCodesWidth = 4;
 
-template <std::size_t Index, auto Member>
-void readCode(clsParts& part, const std::string& record) {
-  const std::string codes = unpackText(textField(record, kCodesPosition, kCodesReadWidth));
-  part.*Member = std::string(middle(codes, Index + 1, 1));
-}
-
 void writeCodes(const clsParts& part, std::string& record) {
   std::string codes;
   for (const std::string* code : {&part.Comodity, &part.Unit_of_Measure, &part.Return_Flag,
@@ -95,14 +89,15 @@ void blankTransactionCodes(clsParts& part, const std::string&) {
 constexpr Field<clsParts> kFields[] = {
     integer(3, 'C', DG_MEMBER(Line)),
     packedText(5, 12, DG_MEMBER(Part_Number)),
-    rule<clsParts>(&readPartWithDashes, &writePartWithDashes, DG_MEMBER(Part_w_Dash)),
+    rule<clsParts>(5, 14, &readPartWithDashes, &writePartWithDashes, DG_MEMBER(Part_w_Dash)),
     packedText(19, 2, DG_MEMBER(Package_Code)),
-    rule<clsParts>(&readCode<0, &clsParts::Comodity>, nullptr, DG_MEMBER(Comodity)),
-    rule<clsParts>(&readCode<1, &clsParts::Unit_of_Measure>, nullptr, DG_MEMBER(Unit_of_Measure)),
-    rule<clsParts>(&readCode<2, &clsParts::Return_Flag>, nullptr, DG_MEMBER(Return_Flag)),
-    rule<clsParts>(&readCode<3, &clsParts::Mfg_Popularity>, nullptr, DG_MEMBER(Mfg_Popularity)),
-    rule<clsParts>(&readCode<4, &clsParts::Dlr_Popularity>, nullptr, DG_MEMBER(Dlr_Popularity)),
-    rule<clsParts>(&readCode<5, &clsParts::Order_Code>, &writeCodes, DG_MEMBER(Order_Code)),
+    character(kCodesPosition, kCodesReadWidth, 0, DG_MEMBER(Comodity)),
+    character(kCodesPosition, kCodesReadWidth, 1, DG_MEMBER(Unit_of_Measure)),
+    character(kCodesPosition, kCodesReadWidth, 2, DG_MEMBER(Return_Flag)),
+    character(kCodesPosition, kCodesReadWidth, 3, DG_MEMBER(Mfg_Popularity)),
+    character(kCodesPosition, kCodesReadWidth, 4, DG_MEMBER(Dlr_Popularity)),
+    character(kCodesPosition, kCodesReadWidth, 5, DG_MEMBER(Order_Code)),
+    rule<clsParts>(kCodesPosition, kCodesWidth, nullptr, &writeCodes),
     integer(25, 'J', DG_MEMBER(Package_Quantity)),
     integer(27, 'C', DG_MEMBER(Matched_Set_Qty)),
     integer(29, 'C', DG_MEMBER(Manual_Minimum)),
@@ -135,7 +130,7 @@ constexpr Field<clsParts> kFields[] = {
     bit(88, 'B', 7, DG_MEMBER(Seasonal)),
     bit(89, 'B', 1, DG_MEMBER(Label)),
     bit(89, 'B', 3, DG_MEMBER(Meter)),
-    rule<clsParts>(&readField89Kind, &writeField89Kind, DG_MEMBER(Field89Kind)),
+    rule<clsParts>(89, 1, &readField89Kind, &writeField89Kind, DG_MEMBER(Field89Kind)),
     integer(90, 'C', DG_MEMBER(Serial_Numbers)),
     integer(92, 'B', DG_MEMBER(Weight)),
     integer(93, 'B', DG_MEMBER(Days_On_Order)),
@@ -157,9 +152,10 @@ constexpr Field<clsParts> kFields[] = {
     integer(125, 'J', DG_MEMBER(MTD_Demand_2_back)),
     integer(127, 'J', DG_MEMBER(MTD_Demand_1_back)),
     packedText(129, 10, DG_MEMBER(Sub_Part_Number)),
-    rule<clsParts>(&readSubPartWithDashes, nullptr, DG_MEMBER(Sub_Part_w_Dash)),
+    rule<clsParts>(129, kSubPartReadWidth, &readSubPartWithDashes, nullptr,
+                   DG_MEMBER(Sub_Part_w_Dash)),
     rawText(141, 6, DG_MEMBER(Last_Tran_Codes)),
-    rule<clsParts>(&blankTransactionCodes, nullptr),
+    step<clsParts>(&blankTransactionCodes),
     scaled(148, 'D', 10, DG_MEMBER(Quantity_Alloc)),
     integer(151, 'K', DG_MEMBER(Year_End_Quantity)),
     scaled(154, 'K', 100, DG_MEMBER(Year_End_Cost)),

@@ -17,6 +17,17 @@ struct MemberValue {
   std::variant<Scalar, std::vector<Scalar>> value;
 };
 
+/// A row of a class's format, for people: where in the record a member is and in which form.
+struct FieldPlace {
+  std::string layout;  ///< which of several layouts of the class; empty where there is one
+  int position = 0;    ///< counts from 1
+  int width = 0;       ///< in bytes
+  std::string form;    ///< "L", "L / 100", "packed text", "B, bit 3", ...
+  std::string member;  ///< with its index where it is an element
+  bool reads = true;
+  bool writes = true;
+};
+
 /// What all record classes share: members filled from a record's bytes and written back to them.
 ///
 /// The record a class unpacks is the main record and, where the file has one, the extension record
@@ -33,6 +44,8 @@ class Record {
   virtual void Pack(std::string& record) const = 0;
   /// The members in the class's order.
   virtual std::vector<MemberValue> members() const = 0;
+  /// The class's format, row by row in the order of reading. docs/records.md is made of it.
+  virtual std::vector<FieldPlace> places() const = 0;
 
  protected:
   Record() = default;

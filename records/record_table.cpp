@@ -13,4 +13,28 @@ void putTextField(std::string& record, int position, int width, std::string_view
   record.replace(start, count, field, 0, count);
 }
 
+std::string formText(Encoding encoding, char opcode, int scaleOrBit) {
+  const std::string letter(1, opcode);
+  switch (encoding) {
+    case Encoding::kInteger:
+      return scaleOrBit == 1 ? letter : letter + " / " + std::to_string(scaleOrBit);
+    case Encoding::kRawText:
+      return "raw text";
+    case Encoding::kPackedText:
+      return "packed text";
+    case Encoding::kDate:
+      return "date " + letter;
+    case Encoding::kBit:
+      return letter + ", bit " + std::to_string(scaleOrBit);
+    case Encoding::kCharacter:
+      return "character " + std::to_string(scaleOrBit + 1) + " of packed text";
+    case Encoding::kRule:
+      return "rule of the class";
+    case Encoding::kMaskHead:
+    case Encoding::kMember:
+      break;
+  }
+  return {};
+}
+
 }  // namespace dg

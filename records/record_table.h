@@ -25,8 +25,9 @@ namespace dg {
 ///         date(205, 'J', DG_MEMBER(Seas_Date_Last_Gen)),
 ///         bit(92, 'B', 0, DG_MEMBER(Part_Sales_Trackng)),
 ///         integer(120, 'B', DG_ELEMENT(CallStatus, 0)),
-///         maskHead(" ,-."),
-///         rule(&unpackShipTo, &packShipTo),
+///         bounded(integer(285, 'C', DG_MEMBER(Area_Code_2)), 999),
+///         maskHead(kDashHead),
+///         rule(141, 3, &unpackShipTo, &packShipTo, DG_MEMBER(ShipTo)),
 ///         member(DG_MEMBER(RecordNumber)),
 ///     };
 ///
@@ -39,9 +40,15 @@ enum class Encoding : std::uint8_t {
   kDate,        ///< date opcode
   kBit,         ///< one bit of an integer field, 0 or 1 in a 16-bit member
   kMaskHead,    ///< no field: sets the head of the packed-text table for what follows
-  kRule,        ///< no field: a step of the class's own at this place in the order
+  kCharacter,   ///< one character of a packed text, by its place from 0
+  kRule,        ///< a step of the class's own at this place in the order
   kMember,      ///< no field: a member that the record does not hold
 };
+
+/// The heads that the packed-text table has had: texts behind the one show "/", behind the other
+/// "-".
+inline constexpr std::string_view kSlashHead = " ,/.";
+inline constexpr std::string_view kDashHead = " ,-.";
 
 /// How a table reaches a member of an instance.
 template <class R>
@@ -62,7 +69,8 @@ struct Field {
   int position = 0;
   int width = 0;
   char opcode = ' ';
-  int scaleOrBit = 1;
+  int scaleOrBit = 1;         ///< or the place of a character
+  std::int32_t highest = -1;  ///< a number above it, or below 0, reads as 0; none while negative
   NamedMember<R> member = {};
   std::string_view head = {};
   bool reads = true;
@@ -153,11 +161,39 @@ template <class R>
 constexpr Field<R> maskHead(std::string_view head) {
   return {.encoding = Encoding::kMaskHead, .head = head};
 }
-/// A step of the class's own; either half may be empty. `member` names what it fills, for display.
+/// One character of the text that the bytes from `position` on decode to; `width` as far as they
+/// are decoded. Nothing of it is written.
 template <class R>
-constexpr Field<R> rule(void (*unpack)(R&, const std::string&),
+constexpr Field<R> character(int position, int width, int place, NamedMember<R> member) {
+  return {.encoding = Encoding::kCharacter,
+          .position = position,
+          .width = width,
+          .scaleOrBit = place,
+          .member = member,
+          .writes = false};
+}
+/// A step of the class's own over the bytes from `position` on; either half may be empty. `member`
+/// names what it fills, for display.
+template <class R>
+constexpr Field<R> rule(int position, int width, void (*unpack)(R&, const std::string&),
                         void (*pack)(const R&, std::string&), NamedMember<R> member = {}) {
-  return {.encoding = Encoding::kRule, .member = member, .unpackRule = unpack, .packRule = pack};
+  return {.encoding = Encoding::kRule,
+          .position = position,
+          .width = width,
+          .member = member,
+          .unpackRule = unpack,
+          .packRule = pack};
+}
+/// A step that looks at members only.
+template <class R>
+constexpr Field<R> step(void (*unpack)(R&, const std::string&)) {
+  return {.encoding = Encoding::kRule, .unpackRule = unpack};
+}
+/// An integer field of which a number above `highest`, or below 0, reads as 0.
+template <class R>
+constexpr Field<R> bounded(Field<R> field, std::int32_t highest) {
+  field.highest = highest;
+  return field;
 }
 /// A member that stands in the class and not in the record.
 template <class R>
@@ -195,8 +231,9 @@ void unpackField(const Field<R>& field, R& self, const std::string& record) {
   switch (field.encoding) {
     case Encoding::kInteger: {
       // Asked and not raised: a record whose extension is missing lacks dozens of fields.
-      const auto value = tryUnpack(field.opcode, record, field.position);
+      auto value = tryUnpack(field.opcode, record, field.position);
       if (!value) break;
+      if (field.highest >= 0 && (*value < 0 || *value > field.highest)) value = 0;
       if (const auto* whole = std::get_if<std::int32_t& (*)(R&)>(&access)) {
         (*whole)(self) = *value;
       } else {
@@ -221,6 +258,12 @@ void unpackField(const Field<R>& field, R& self, const std::string& record) {
             static_cast<std::int16_t>((*value >> field.scaleOrBit) & 1);
       }
       break;
+    case Encoding::kCharacter: {
+      const std::string text = unpackText(textField(record, field.position, field.width));
+      const auto place = static_cast<std::size_t>(field.scaleOrBit) + 1;
+      std::get<std::string& (*)(R&)>(access)(self) = std::string(middle(text, place, 1));
+      break;
+    }
     case Encoding::kMaskHead:
       setMaskHead(field.head);
       break;
@@ -273,6 +316,7 @@ void packField(const Field<R>& field, const R& constSelf, std::string& record) {
     case Encoding::kRule:
       if (field.packRule != nullptr) field.packRule(self, record);
       break;
+    case Encoding::kCharacter:
     case Encoding::kMember:
       break;
   }
@@ -343,6 +387,28 @@ void appendMembers(std::span<const Field<R>> fields, const R& constSelf,
   }
 }
 
+/// The form of a field as docs/records.md tells it.
+std::string formText(Encoding encoding, char opcode, int scaleOrBit);
+
+/// Appends the rows of a table that have a place in the record.
+template <class R>
+void appendPlaces(std::span<const Field<R>> fields, std::string_view layout,
+                  std::vector<FieldPlace>& places) {
+  for (const Field<R>& field : fields) {
+    if (field.position == 0) continue;
+    std::string member(field.member.name);
+    if (field.member.element >= 0) member += "(" + std::to_string(field.member.element) + ")";
+    const bool isRule = field.encoding == Encoding::kRule;
+    places.push_back({.layout = std::string(layout),
+                      .position = field.position,
+                      .width = field.width,
+                      .form = formText(field.encoding, field.opcode, field.scaleOrBit),
+                      .member = std::move(member),
+                      .reads = isRule ? field.unpackRule != nullptr : field.reads,
+                      .writes = isRule ? field.packRule != nullptr : field.writes});
+  }
+}
+
 /// A record class whose whole format is one table: derive as `class clsX : public
 /// TableRecord<clsX>` and define `static std::span<const Field<clsX>> fields()`.
 template <class R>
@@ -357,6 +423,11 @@ class TableRecord : public Record {
   std::vector<MemberValue> members() const override {
     std::vector<MemberValue> result;
     appendMembers<R>(R::fields(), static_cast<const R&>(*this), result);
+    return result;
+  }
+  std::vector<FieldPlace> places() const override {
+    std::vector<FieldPlace> result;
+    appendPlaces<R>(R::fields(), "", result);
     return result;
   }
 };

@@ -40,7 +40,7 @@ void renewArrays(clsShop& job, const std::string&) {
 }
 
 constexpr Field<clsShop> kFields[] = {
-    rule<clsShop>(&renewArrays, nullptr),
+    step<clsShop>(&renewArrays),
     integer(1, 'J', DG_MEMBER(Record_Status)),
     integer(3, 'L', DG_MEMBER(Account)),
     integer(7, 'D', DG_MEMBER(ShipTo)),
@@ -85,14 +85,14 @@ constexpr Field<clsShop> kFields[] = {
     integer(121, 'B', DG_ELEMENT(CallStatus, 1)),
     integer(122, 'B', DG_ELEMENT(CallStatus, 2)),
     integer(123, 'B', DG_MEMBER(Transaction_Type)),
-    rule<clsShop>(&normaliseTransactionType, nullptr),
+    step<clsShop>(&normaliseTransactionType),
     integer(124, 'B', DG_MEMBER(Delivery_Code)),
     scaled(125, 'L', 100, DG_MEMBER(Sub_Total)),
     integer(129, 'J', DG_MEMBER(Disc_Percentage)),
     scaled(131, 'L', 100, DG_MEMBER(Discount_Amount)),
     integer(135, 'C', DG_MEMBER(Tax_Rate)),
     scaled(137, 'L', 100, DG_MEMBER(Tax_Amount)),
-    rule<clsShop>(&readShipTo, &writeShipTo, DG_MEMBER(ShipTo)),
+    rule<clsShop>(141, 3, &readShipTo, &writeShipTo, DG_MEMBER(ShipTo)),
     integer(145, 'B', DG_MEMBER(Department)),
     rawText(147, 1, DG_MEMBER(Sales_Code)),
     rawText(148, 1, DG_MEMBER(TaxCode)),
