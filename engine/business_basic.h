@@ -67,7 +67,7 @@ class cBusinessBasic {
   cBusinessBasic& operator=(const cBusinessBasic&) = delete;
 
   // --- Field codec. Unpack and Pack upper-case OpCode in place; they raise 100 for an unknown
-  // letter and 31 for a field beyond the end of Data. -------------------------------------------
+  // letter and 31 for a field beyond the end of Data.
   std::int32_t Unpack(std::string& OpCode, const std::string& Data, std::int32_t Position) const;
   std::int32_t Unpack(char OpCode, std::string_view Data, std::int32_t Position) const;
   void Pack(std::string& OpCode, std::string& Data, std::int32_t Value,
@@ -87,8 +87,7 @@ class cBusinessBasic {
   void Stma(const Variant& Code, Variant& A1, Variant& A2, Variant& A3, Variant& A4,
             Variant& A5) const;
 
-  // --- Utilities
-  // ----------------------------------------------------------------------------------
+  // --- Utilities ---
   std::int32_t Max(std::int32_t Var1, std::int32_t Var2) const {
     return Var1 >= Var2 ? Var1 : Var2;
   }
@@ -104,8 +103,7 @@ class cBusinessBasic {
   /// The clock's date and time, or the broker's when that transport is on.
   Date Now() const;
 
-  // --- Physical files
-  // -----------------------------------------------------------------------------
+  // --- Physical files ---
   /// Opens a file, shared; a name without a backslash lies in the store directory, and the caller's
   /// variable then holds the full path. Empty when the file is missing or cannot be opened.
   std::shared_ptr<cOpenFile> OpenFile(std::string& FileName) const;
@@ -125,8 +123,7 @@ class cBusinessBasic {
   void BlockWriteFile(const FileArgument& OpenFile, std::int32_t BlockNumber,
                       const std::string& Record, bool& Orb) const;
 
-  // --- Logical files
-  // ------------------------------------------------------------------------------
+  // --- Logical files ---
   /// Empty when the link table has no such name. A name that the directory does not hold gives a
   /// blank object, not an empty pointer.
   std::shared_ptr<cLogicalFile> LogicalOpen(const std::string& FileName) const;
@@ -152,10 +149,9 @@ class cBusinessBasic {
   std::int32_t LogicalLock(const LogicalFileArgument& LogicalFile, std::int32_t RecordNumber) const;
   std::int32_t ReleaseLock(std::int32_t LockNumber) const;
 
-  // --- Keyed index
-  // -------------------------------------------------------------------------------- Rec is 0 when
-  // there is no entry, the record number on a hit, and from KFind the negated number of the next
-  // greater key. Key comes back as the entry's key. Buff is the 544-byte cursor.
+  // --- Keyed index. Rec is 0 when there is no entry, the record number on a hit, and from KFind
+  // the negated number of the next greater key. Key comes back as the entry's key. Buff is the
+  // 544-byte cursor.
   void KFind(const LogicalFileArgument& LogicalFile, std::string& Buff, std::string& Key,
              std::int32_t& Rec, bool& Orb) const;
   void KNext(const LogicalFileArgument& LogicalFile, std::string& Buff, std::string& Key,

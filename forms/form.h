@@ -120,6 +120,18 @@ class Form {
     controls_.push_back(std::move(control));
     return reference;
   }
+  /// Makes a title that nobody asks for again, and a control under it.
+  template <class T, class... Args>
+  T& addTitled(std::string label, std::string title, Args&&... args) {
+    add<Label>(std::move(label), std::move(title), LabelRole::kTitle);
+    return add<T>(std::forward<Args>(args)...);
+  }
+  /// Makes a frame and the first control in it.
+  template <class T, class... Args>
+  T& addFramed(std::string frame, std::string caption, Args&&... args) {
+    add<Frame>(std::move(frame), std::move(caption));
+    return add<T>(std::forward<Args>(args)...);
+  }
   /// Makes the labels "array(0)" to "array(N - 1)" of a control array.
   template <std::size_t N>
   std::array<Label*, N> addLabels(std::string_view array, LabelRole role = LabelRole::kValue) {

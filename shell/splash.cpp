@@ -29,8 +29,7 @@ std::unique_ptr<frmSplash>& frmSplashRef() {
 
 frmSplash::frmSplash()
     : Form("frmSplash", kProgramName),
-      lblProductName(
-          (add<Frame>("Frame1", ""), add<Label>("lblProductName", "Dealer", LabelRole::kTitle))),
+      lblProductName(addFramed<Label>("Frame1", "", "lblProductName", "Dealer", LabelRole::kTitle)),
       Label2(add<Label>("Label2", "Gauge 2", LabelRole::kTitle)),
       lblVersion(add<Label>("lblVersion")),
       lblProgress(add<Label>("lblProgress")),

@@ -35,7 +35,7 @@ void releaseSplash();
 /// Sets the splash's progress text and repaints it at once.
 void showProgress(const std::string& text);
 
-/// Major, minor and revision number: "2.5.3".
+/// Major, minor and revision number, as the build file has them: its only place.
 std::string versionText();
 inline constexpr const char* kProgramName = "Dealer Gauge 2";
 /// The license in short, as splash and About show it; the file LICENSE has it whole.

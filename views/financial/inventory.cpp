@@ -97,8 +97,7 @@ void addFillRates(Grid& grid, const clsLines& line) {
 
 frmInv::frmInv()
     : View("frmInv", "Current Inventory"),
-      grdInvest((add<Label>("Label1", "Current Inventory", LabelRole::kTitle),
-                 add<Grid>("grdInvest", kColumns))),
+      grdInvest(addTitled<Grid>("Label1", "Current Inventory", "grdInvest", kColumns)),
       lblinvtot(addLabels<3>("lblinvtot")) {
   sortOnHeads(grdInvest, kHeadSorts);
   setSheet(kSheet);

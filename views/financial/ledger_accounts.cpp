@@ -108,8 +108,7 @@ std::string companyAccountKey(std::size_t length, char fill, std::int32_t compan
 
 LedgerAccounts::LedgerAccounts(const LedgerKind& kind)
     : View(std::string(kind.form), std::string(kind.title)),
-      grdGLCash((add<Label>("Label1", std::string(kind.title), LabelRole::kTitle),
-                 add<Grid>("grdGLCash", kColumns))),
+      grdGLCash(addTitled<Grid>("Label1", std::string(kind.title), "grdGLCash", kColumns)),
       lblTotal(add<Label>(std::string(kind.totalLabel))),
       lblReCalc(add<Label>("lblReCalc", "Re-Calculating... please wait !", LabelRole::kNote)),
       cmdCashSetup(add<Button>("cmdCashSetup", "&Select Accounts")),

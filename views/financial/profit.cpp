@@ -88,8 +88,7 @@ double profitRate(Currency sales, Currency cost) {
 
 frmProfit::frmProfit()
     : View("frmProfit", "Profit by Line"),
-      grdProfit((add<Label>("Label1", "Profit by Line", LabelRole::kTitle),
-                 add<Grid>("grdProfit", kColumns))) {
+      grdProfit(addTitled<Grid>("Label1", "Profit by Line", "grdProfit", kColumns)) {
   sortOnHeads(grdProfit, kHeadSorts);
   grdProfit.onHeadClick = [this](int column) {
     // The blank entry is no sort at all: that head does not even flip the direction.

@@ -62,8 +62,7 @@ constexpr Place kVendorSheet[] = {
 
 frmVtotal::frmVtotal()
     : Form("frmVtotal", "Vendor Totals"),
-      grdVtot((add<Label>("lblTitle", "Vendor Totals", LabelRole::kTitle),
-               add<Grid>("grdVtot", kVendorColumns))),
+      grdVtot(addTitled<Grid>("lblTitle", "Vendor Totals", "grdVtot", kVendorColumns)),
       Label1(add<Label>("Label1")) {
   add<Label>("lblTotalWord", "Total :", LabelRole::kCaption);
   setSheet(kVendorSheet);
@@ -71,8 +70,7 @@ frmVtotal::frmVtotal()
 
 frmPo::frmPo()
     : View("frmPo", "Purchase Orders"),
-      grdPO((add<Label>("Label1", "Purchase Orders", LabelRole::kTitle),
-             add<Grid>("grdPO", kColumns))),
+      grdPO(addTitled<Grid>("Label1", "Purchase Orders", "grdPO", kColumns)),
       lblPoTotal(add<Label>("lblPoTotal")),
       cmdVtot(add<Button>("cmdVtot", "&Vendor Totals")),
       pb1(add<ProgressBar>("pb1")),

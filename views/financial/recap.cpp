@@ -89,8 +89,8 @@ std::vector<Place> makeSheet() {
 
 frmRecap::frmRecap()
     : View("frmRecap", "System Recap"),
-      lblcompiledate((add<Label>("lblTitle", "System Recap", LabelRole::kTitle),
-                      add<Label>("lblcompiledate", "", LabelRole::kNote))),
+      lblcompiledate(
+          addTitled<Label>("lblTitle", "System Recap", "lblcompiledate", "", LabelRole::kNote)),
       recap_(addLabels<kRecapLabels>("lblRecap")) {
   for (const BlockPlace& place : kBlocks) {
     const RecapHeading& heading = recapHeading(place.block);

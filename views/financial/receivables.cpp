@@ -61,9 +61,9 @@ void addBalance(Grid& grid, std::string_view labelColumn, const std::vector<std:
 
 frmAR::frmAR()
     : View("frmAR", "Accounts Receivable"),
-      grdARCur((add<Label>("Label1", "Accounts Receivable", LabelRole::kTitle),
-                add<Label>("Label2", "as of last ENDDAY", LabelRole::kNote),
-                add<Grid>("grdARCur", kCurrentColumns))),
+      Label2(addTitled<Label>("Label1", "Accounts Receivable", "Label2", "as of last ENDDAY",
+                              LabelRole::kNote)),
+      grdARCur(add<Grid>("grdARCur", kCurrentColumns)),
       grdFuture(add<Grid>("grdFuture", kFutureColumns, "Futures")) {
   setSheet(kSheet);
 }

@@ -11,6 +11,8 @@ class frmAR final : public View {
   frmAR();
   void Form_Load() override;
 
+  Label& Label2;
+
   Grid& grdARCur;   ///< current balances
   Grid& grdFuture;  ///< "Futures": balances by period
 

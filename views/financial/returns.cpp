@@ -44,8 +44,7 @@ constexpr Place kSheet[] = {
 
 frmReturn::frmReturn()
     : View("frmReturn", "Returns"),
-      grdReturn(
-          (add<Label>("Label1", "Returns", LabelRole::kTitle), add<Grid>("grdReturn", kColumns))),
+      grdReturn(addTitled<Grid>("Label1", "Returns", "grdReturn", kColumns)),
       lblRetTotal(add<Label>("lblRetTotal")) {
   add<Label>("Label2", "Click on Blue headers to sort grid by that column", LabelRole::kHint);
   sortOnHeads(grdReturn, kHeadSorts);

@@ -98,10 +98,8 @@ void addCashRow(Grid& grid, const clsCounterman& man, Currency net) {
 
 frmSales::frmSales()
     : View("frmSales", "Todays Sales"),
-      grdSales((add<Label>("Label1", "Todays Sales", LabelRole::kTitle),
-                add<Grid>("grdSales", kSalesColumns))),
-      grdCash(
-          (add<Label>("Label2", "Cash", LabelRole::kTitle), add<Grid>("grdCash", kCashColumns))),
+      grdSales(addTitled<Grid>("Label1", "Todays Sales", "grdSales", kSalesColumns)),
+      grdCash(addTitled<Grid>("Label2", "Cash", "grdCash", kCashColumns)),
       lblSaleTot(add<Label>("lblSaleTot")),
       lblCashTot(add<Label>("lblCashTot")) {
   sortOnHeads(grdSales, kSalesSorts);

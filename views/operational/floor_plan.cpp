@@ -161,8 +161,7 @@ void frmFpdtl::grdFpdtl_BtnClick(int row) {
 
 frmFp::frmFp()
     : View("frmFp", "Floor Plan"),
-      grdFp(
-          (add<Label>("lblTitle", "Floor Plan", LabelRole::kTitle), add<Grid>("grdFp", kColumns))),
+      grdFp(addTitled<Grid>("lblTitle", "Floor Plan", "grdFp", kColumns)),
       lblFpTot(add<Label>("lblFpTot")) {
   sortOnHeads(grdFp, kHeadSorts);
   grdFp.onRowClick = [this](int row) { grdFp_BtnClick(row); };

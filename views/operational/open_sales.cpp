@@ -84,10 +84,8 @@ Currency addOrder(Grid& grid, const OpenOrder& open, const std::string& type) {
 
 frmOpenSales::frmOpenSales()
     : View("frmOpenSales", "Open Sales Orders"),
-      grdTickets((add<Label>("Label1", "Pick Tickets", LabelRole::kTitle),
-                  add<Grid>("grdTickets", kTicketColumns))),
-      grdSaved((add<Label>("Label2", "Saved Invoices", LabelRole::kTitle),
-                add<Grid>("grdSaved", kSavedColumns))),
+      grdTickets(addTitled<Grid>("Label1", "Pick Tickets", "grdTickets", kTicketColumns)),
+      grdSaved(addTitled<Grid>("Label2", "Saved Invoices", "grdSaved", kSavedColumns)),
       lblPTtot(addLabels<2>("lblPTtot")) {
   sortOnHeads(grdTickets, kTicketSorts);
   sortOnHeads(grdSaved, kSavedSorts);

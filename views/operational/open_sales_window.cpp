@@ -66,8 +66,8 @@ Currency availableCredit(const clsCustomers& customer) {
 frmPTSDetail::frmPTSDetail()
     : Form("frmPTSDetail", "Open Sales Detail"),
       lblDtl(addLabels<6>("lblDtl")),
-      lblCust((add<Frame>("Frame1", "Sold To"), add<Label>("lblCust"))),
-      lblShipto((add<Frame>("Frame2", "Ship To"), add<Label>("lblShipto"))),
+      lblCust(addFramed<Label>("Frame1", "Sold To", "lblCust")),
+      lblShipto(addFramed<Label>("Frame2", "Ship To", "lblShipto")),
       grdPTS(add<Grid>("grdPTS", kLineColumns)) {
   for (std::size_t i = 0; i < std::size(kDetailCaptions); ++i) {
     add<Label>(elementName("Label1", static_cast<int>(i)), std::string(kDetailCaptions[i]),

@@ -90,8 +90,7 @@ std::string statusText(const std::string& status, const std::string& names) {
 
 frmShop::frmShop()
     : View("frmShop", "Open Shop Jobs"),
-      grdShop((add<Label>("lblTitle", "Open Shop Jobs", LabelRole::kTitle),
-               add<Grid>("grdShop", kColumns))) {
+      grdShop(addTitled<Grid>("lblTitle", "Open Shop Jobs", "grdShop", kColumns)) {
   sortOnHeads(grdShop, kHeadSorts);
   grdShop.onRowClick = [this](int row) { grdShop_BtnClick(row); };
   setSheet(kSheet);

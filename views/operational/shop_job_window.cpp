@@ -164,9 +164,7 @@ frmShopDetail::frmShopDetail()
       lblEquip(addLabels<5>("lblEquip")),
       lblWarr(addLabels<2>("lblWarr")),
       lblRecap(addLabels<5>("lblRecap")),
-      Frame5((add<Frame>("Frame1", "Customer"), add<Frame>("Frame2", "Equipment"),
-              add<Frame>("Frame3", "People"), add<Frame>("Frame4", "Calls"),
-              add<Frame>("Frame6", "Warranty"), add<Frame>("Frame5", "Totals"))),
+      Frame5(addFrames()),
       lblRequest(add<Label>("lblRequest", "Request", LabelRole::kCaption)),
       cmbRequest(add<ComboBox>("cmbRequest")),
       grdShopDetail(add<Grid>("grdShopDetail", kColumns)) {
@@ -176,6 +174,16 @@ frmShopDetail::frmShopDetail()
   Frame5.setVisible(false);
   cmbRequest.onClick = [this] { cmbRequest_Click(); };
   setSheet(kSheet);
+}
+
+/// Makes the frames; the last of them, around the totals, is the one that comes and goes.
+Frame& frmShopDetail::addFrames() {
+  add<Frame>("Frame1", "Customer");
+  add<Frame>("Frame2", "Equipment");
+  add<Frame>("Frame3", "People");
+  add<Frame>("Frame4", "Calls");
+  add<Frame>("Frame6", "Warranty");
+  return add<Frame>("Frame5", "Totals");
 }
 
 void frmShopDetail::showJob(std::int32_t number) {

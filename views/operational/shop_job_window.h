@@ -33,6 +33,7 @@ class frmShopDetail final : public Form {
   Grid& grdShopDetail;
 
  private:
+  Frame& addFrames();
   void showCustomer(std::int32_t account);
   void showCalls(const clsShop& job, const std::string& record);
   void showPeople(const clsShop& job);

@@ -168,8 +168,7 @@ void showUnit(const std::string& number) {
 
 frmUnits::frmUnits()
     : View("frmUnits", "Units"),
-      grdUnits(
-          (add<Label>("lblTitle", "Units", LabelRole::kTitle), add<Grid>("grdUnits", kColumns))),
+      grdUnits(addTitled<Grid>("lblTitle", "Units", "grdUnits", kColumns)),
       lblFpTot(add<Label>("lblFpTot")) {
   sortOnHeads(grdUnits, kHeadSorts);
   grdUnits.onRowClick = [this](int row) { grdUnits_BtnClick(row); };

@@ -81,10 +81,10 @@ std::string text(const std::string& member) {
 
 frmWarrDetail::frmWarrDetail(const std::string& shopReference)
     : Form("frmWarrDetail", "Warranty Detail ...   Shop reference : " + shopReference),
-      lblCust((add<Frame>("Frame1", "Customer"), add<Label>("lblCust"))),
-      lblSn1((add<Frame>("Frame2", "Serial Numbers"), add<Label>("lblSn1"))),
+      lblCust(addFramed<Label>("Frame1", "Customer", "lblCust")),
+      lblSn1(addFramed<Label>("Frame2", "Serial Numbers", "lblSn1")),
       lblSn2(add<Label>("lblSn2")),
-      lblMisc((add<Frame>("Frame3", "Remarks"), add<Label>("lblMisc"))),
+      lblMisc(addFramed<Label>("Frame3", "Remarks", "lblMisc")),
       grdwd(add<Grid>("grdwd", kLineColumns)) {
   setSheet(kDetailSheet);
 }
@@ -105,8 +105,7 @@ void frmWarrDetail::showLines(std::int32_t number) {
 
 BilledWarranties::BilledWarranties(const std::string& form, std::span<const ColumnSpec> columns)
     : View(form, "Billed Warranty Jobs"),
-      grdWarr((add<Label>("lblTitle", "Billed Warranty Jobs", LabelRole::kTitle),
-               add<Grid>("grdWarr", columns))) {
+      grdWarr(addTitled<Grid>("lblTitle", "Billed Warranty Jobs", "grdWarr", columns)) {
   sortOnHeads(grdWarr, kHeadSorts);
   grdWarr.onRowClick = [this](int row) { grdWarr_BtnClick(row); };
   setSheet(kSheet);
