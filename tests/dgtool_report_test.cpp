@@ -5,6 +5,7 @@
 
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
+#include "shell/splash.h"
 #include "tests/support/dgtool_run.h"
 
 namespace dg {
@@ -90,7 +91,7 @@ TEST(DgtoolReportTest, AWindowIsToldWithAllThatIsOnIt) {
   ASSERT_EQ(tool.run({"report", "--json"}), 0) << tool.err;
   const json document = tool.json();
   EXPECT_EQ(document["program"], "Dealer Gauge 2");
-  EXPECT_EQ(document["version"], "2.5.3");
+  EXPECT_EQ(document["version"], versionText());
   EXPECT_EQ(document["compiled"], " Compiled  11/24/26  10:30:00 AM");
   const json statusBar = {"Client :PC7", "Host :SRV1", "Terminal :12",
                           "Source :LNK001      Store # 001"};

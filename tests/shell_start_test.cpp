@@ -121,7 +121,7 @@ TEST(SplashTest, ItsTextsStandAfterTheLoadAndComeBackAfterAKey) {
   splash().Show();
   EXPECT_EQ(splash().lblProductName.caption(), "Dealer");
   EXPECT_EQ(splash().Label2.caption(), "Gauge 2");
-  EXPECT_EQ(splash().lblVersion.caption(), "Version 2.5.3");
+  EXPECT_EQ(splash().lblVersion.caption(), "Version " + versionText());
   EXPECT_EQ(splash().lblProgress.caption(), "Connecting to Server...");
   const std::string notice = splash().Label3.caption();
   EXPECT_EQ(std::count(notice.begin(), notice.end(), '\n'), 2);
