@@ -112,6 +112,8 @@ TEST_F(EngineLogical, ReadsTheDirectoryToItsRaggedEnd) {
   EXPECT_EQ(cut->LastRecord, 0x01020000);
   EXPECT_EQ(DirectoryEntry::decode(flagged).FileName, "FLAGS\0AB"s);
   EXPECT_EQ(DirectoryEntry::decode(flagged).Flags, 0x4142);
+  EXPECT_EQ(DirectoryEntry::decode(directoryEntry("FAR", 0x010002, 256, 'L', 9)).Position,
+            0x010002);
 }
 
 TEST_F(EngineLogical, ReadsRecordsByNumber) {

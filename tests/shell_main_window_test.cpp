@@ -258,14 +258,11 @@ TEST_F(MainWindowTest, ARefreshLoadsAllButTheProfitAgain) {
              "unload frmGLL", "unload frmPo", "unload frmReturn", "unload frmOpenSales",
              "unload frmGLA", "unload frmWarranty", "unload frmShop", "unload frmAR",
              "unload frmRecap", "unload frmInv", "hide frmSplash", "show frmRecap"}));
-  EXPECT_EQ(stage_.events,
-            (Names{"drop frmRecap",    "drop frmInv",      "drop frmAR",        "drop frmShop",
-                   "drop frmWarranty", "drop frmGLA",      "drop frmOpenSales", "drop frmReturn",
-                   "drop frmPo",       "drop frmGLL",      "drop frmSales",     "drop frmFp",
-                   "drop frmUnits",    "load frmRecap",    "load frmInv",       "load frmAR",
-                   "load frmShop",     "load frmWarranty", "load frmGLA",       "load frmOpenSales",
-                   "load frmReturn",   "load frmPo",       "load frmGLL",       "load frmSales",
-                   "load frmFp",       "load frmUnits"}));
+  EXPECT_EQ(only(stage_.events, "drop").size(), 13U);
+  EXPECT_EQ(
+      only(stage_.events, "load"),
+      (Names{"frmRecap", "frmInv", "frmAR", "frmShop", "frmWarranty", "frmGLA", "frmOpenSales",
+             "frmReturn", "frmPo", "frmGLL", "frmSales", "frmFp", "frmUnits"}));
   EXPECT_EQ(window.view("frmProfit"), profit);
   EXPECT_EQ(recapSheet().lblRecap(13).caption(), "") << "nothing writes the new recap's profit";
   EXPECT_EQ(window.CurrentView()->name(), "frmRecap");

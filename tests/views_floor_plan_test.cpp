@@ -125,36 +125,6 @@ TEST_F(FloorPlanTest, ThePackedTextTableStaysChangedForLaterViews) {
   EXPECT_THAT(column(run.load<frmShop>().grdShop, "Brand"), ElementsAre("A-B"));
 }
 
-TEST_F(FloorPlanTest, ExtentsFollowTheirChain) {
-  addLine(run.builder, 7, "MOWERS", "U");
-  // The description comes from the floor plan's own record of the part's number.
-  addPart(key("AB 12345"), 100);
-  add(7, entry(7, 100)
-             .packed(5, 12, "MODEL")
-             .packed(17, 12, "SERIAL")
-             .integer(94, 'D', 3)
-             .packed(179, 14, "SIDE BAGGER"));
-  add(7, entry(7, 100).integer(94, 'D', 0));
-  addExtent("AB", "12345", 2, 1'050, 1'234'567, 0);
-  addExtent("AB", "99999", -1, 0, 5, 1);
-  run.builder.records("FPEXL").add(RecordWriter(kExtentLength)
-                                       .packed(3, 2, "REM")
-                                       .packed(5, 24, "WITH A TEXT OF THIRTY SIX CHARACTERS")
-                                       .integer(29, 'D', 2)
-                                       .bytes());
-  clickThrough({1, 0});
-  ASSERT_THAT(run.windows, SizeIs(2)) << "no extents, no window";
-  EXPECT_EQ(run.windows[1].name, "frmFpx");
-  EXPECT_EQ(run.windows[1].caption, "Extents...     Model MODEL - SERIAL");
-  const Rows& rows = run.windows[1].grids.at("grdfpx");
-  ASSERT_THAT(rows, SizeIs(3));
-  EXPECT_EQ(rows[0][0], "REM");
-  EXPECT_EQ(rows[0][2], "WITH A TEXT OF THIRTY SIX CHARACTERS");
-  EXPECT_THAT(rows[1], ElementsAre("AB", "99999", "Description Not Found", "-1", ".00", ".05"));
-  EXPECT_THAT(rows[2], ElementsAre("AB", "12345", "SIDE BAGGER", "2", "10.50", "12,345.67"));
-  EXPECT_THAT(run.messages, IsEmpty());
-}
-
 TEST_F(FloorPlanTest, ExtentsThatLoopOrLeaveTheFileOpenNoWindow) {
   addLine(run.builder, 7, "MOWERS", "U");
   add(7, entry(7, 100).integer(94, 'D', 1));

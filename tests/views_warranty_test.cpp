@@ -150,22 +150,5 @@ TEST_F(WarrantyTest, ANumberOfOneDigitEndsTheLoadWithoutARow) {
                           "procedure call or argument"));
 }
 
-TEST_F(WarrantyTest, ASegmentsDetailIsFoundByBothNumbers) {
-  addCustomer(run.builder, 777, "O-BRIEN ADA");
-  for (const std::int32_t number : {123'407, 123'408}) {
-    RecordWriter header = claim(1'234);
-    header.integer(276, 'C', 614)
-        .integer(278, 'L', 5'550'123)
-        .integer(409, 'L', 777)
-        .packed(457, 12, std::to_string(number));
-    add(number, header, {.lines = {pricedLine("AB", "P" + std::to_string(number), 10, 100)}});
-  }
-  const ShownWindow window = run.click(run.load<frmWarSeg>().grdWarr, 1);
-  EXPECT_EQ(window.caption, "Warranty Detail ...   Shop reference : 1234");
-  EXPECT_EQ(window.labels.at("lblCust"), "777\r\nO-BRIEN ADA") << "no telephone here";
-  EXPECT_EQ(window.labels.at("lblSn1"), "123408");
-  EXPECT_EQ(window.grids.at("grdwd").at(0).at(1), "P123408");
-}
-
 }  // namespace
 }  // namespace dg::test

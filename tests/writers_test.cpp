@@ -13,7 +13,6 @@
 #include "engine/codec.h"
 #include "tests/support/damage.h"
 #include "tests/support/full_run.h"
-#include "tests/support/raw_store.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/index_writer.h"
 #include "tools/sample/sample_store.h"
@@ -87,6 +86,31 @@ class OpenedFile {
   int descriptor_;
 };
 
+/// All entries of an index, read from its leaves without the engine.
+std::vector<sample::IndexEntry> entriesOf(std::string_view image) {
+  const auto number = [&](std::size_t at, std::size_t width) {
+    std::size_t value = 0;
+    for (std::size_t i = 0; i < width; ++i)
+      value = value << 8 | static_cast<unsigned char>(image[at + i]);
+    return value;
+  };
+  const std::size_t length = number(0, 2);
+  std::size_t node = number(8, 2) * kBlock;
+  while (number(node + 2, 2) == 0)
+    node = number(node + length, 4) * kBlock;  // the first entry's pointer
+  std::vector<sample::IndexEntry> entries;
+  for (;;) {
+    for (std::size_t i = 0; i < number(node, 2); ++i) {
+      const std::size_t at = node + 4 + i * length;
+      const auto record = static_cast<std::int32_t>(number(at + length - 4, 4));
+      if (record > 0) entries.push_back({std::string(image.substr(at, length - 4)), record});
+    }
+    const std::size_t next = number(node + 2, 2);
+    if (next == 65535) return entries;
+    node = next * kBlock;
+  }
+}
+
 /// A store on disk with other terminals at work.
 class WritersTest : public testing::Test {
  protected:
@@ -127,9 +151,7 @@ class WritersTest : public testing::Test {
       const std::size_t size = (static_cast<std::size_t>(place.lastRecord) + 1) * kBlock;
       const std::string sound = sound_[place.data].content.substr(begin, size);
       if (sound.size() != size) continue;
-      std::vector<sample::IndexEntry> entries;
-      for (const auto& [key, record] : raw_.entries(place.name))
-        entries.push_back({key, record});
+      const auto entries = entriesOf(sound);
       const int keyLength = Unpack('C', sound, 1) - 4;
       sample::IndexImage other =
           sample::buildIndex(entries, {.keyLength = keyLength,
@@ -173,7 +195,6 @@ class WritersTest : public testing::Test {
   const std::string store_ = folder_.file("store");
   const std::vector<SampleFile> sound_ = composeSampleStore({});
   const std::vector<PlacedFile> placed_ = placedFiles(sound_);
-  const RawStore raw_{sound_};
 };
 
 /// Loads of the long run are set by DG_WRITERS_LOADS; see scripts/damage.
