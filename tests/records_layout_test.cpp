@@ -13,7 +13,7 @@ namespace dg {
 namespace {
 
 std::string filesOf(const RecordClass& type) {
-  if (type.mainFile.empty()) return "Not one of the store's known files.";
+  if (type.mainFile.empty()) return "Read from no file of its own.";
   std::string text = "`" + std::string(type.mainFile) + "`";
   if (!type.extensionFile.empty()) text += " + `" + std::string(type.extensionFile) + "`";
   return text;
@@ -49,7 +49,10 @@ TEST(RecordLayouts, AreThoseOfTheDocument) {
   for (const RecordClass& type : recordClasses())
     expected += layoutsOf(type);
   expected.pop_back();
-  if (std::getenv("DG_WRITE_FIGURES") != nullptr) std::ofstream(path) << expected;
+  if (std::getenv("DG_WRITE_FIGURES") != nullptr) {
+    std::ofstream(path) << expected;
+    GTEST_SKIP() << "written anew";
+  }
   std::istringstream told(document);
   std::istringstream are(expected);
   std::string line;
