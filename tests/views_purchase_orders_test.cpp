@@ -209,10 +209,10 @@ TEST(DamagedOrders, EndTheLoadWhereTheyCannotBeRead) {
       {"", {}, "81  Illegal Record Number for File: V00001 and Record:  1"},
       {whole.substr(0, 75), {}, "81  Illegal Record Number for File: V00001 and Record:  1"},
       {whole.substr(0, 76),
-       {{"V00001", "7", "Vendor not found", "11/24/26", "", ""}},
+       {{"V00001", "7", "Vendor not found", "11/24/26", "", "21513"}},
        "81  Illegal Record Number for File: V00001 and Record:  6"},
       {whole.substr(0, 265),
-       {{"V00001", "7", "Vendor not found", "11/24/26", "", ""}},
+       {{"V00001", "7", "Vendor not found", "11/24/26", "", "21513"}},
        "81  Illegal Record Number for File: V00001 and Record:  6"},
   };
   for (const auto& damaged : cases) {
