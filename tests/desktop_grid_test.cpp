@@ -271,7 +271,7 @@ TEST_F(DesktopGridTest, ColumnWidthsOfTheUserAreKept) {
   ASSERT_GT(wider, before);
   makePanel();
   EXPECT_EQ(view().columnWidth(1), wider);
-  EXPECT_TRUE(session_.run.folder.has("DealerGauge/desktop.ini") ||
+  EXPECT_TRUE(session_.run.folder.has("desktop.ini") ||
               !UserSettings::columnWidths("frmTest.grdTest").isEmpty());
   view().resetColumnWidths();
   EXPECT_EQ(view().columnWidth(1), before);

@@ -19,17 +19,12 @@
 
 namespace dg {
 
-DesktopSession::DesktopSession() : formerConfig_(qgetenv("XDG_CONFIG_HOME")) {
-  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(run.folder.path().string()));
-}
-
 DesktopSession::~DesktopSession() {
   presenter.close();
   main_.reset();
   releaseSplash();
   setPresenter(nullptr);
   silenceMessageBoxes(false);  // as a test of the program's end leaves them
-  qputenv("XDG_CONFIG_HOME", formerConfig_);
 }
 
 void DesktopSession::start(const std::vector<std::string>& missing) {

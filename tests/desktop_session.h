@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QDialog>
 #include <QWidget>
 #include <functional>
@@ -18,7 +17,7 @@ namespace dg {
 /// settings there too.
 class DesktopSession {
  public:
-  DesktopSession();
+  DesktopSession() = default;
   ~DesktopSession();
   DesktopSession(const DesktopSession&) = delete;
   DesktopSession& operator=(const DesktopSession&) = delete;
@@ -50,7 +49,6 @@ class DesktopSession {
   DesktopPresenter presenter;
 
  private:
-  QByteArray formerConfig_;
   std::unique_ptr<frmTRVN> main_;
 };
 

@@ -203,6 +203,7 @@ TEST(EnvironmentFromSystem, VariablesComeBeforeTheSystemsAnswers) {
     const Variable config("XDG_CONFIG_HOME", "/home/owner/settings");
     EXPECT_EQ(environmentFromSystem().computerName, "PC7");
     EXPECT_EQ(environmentFromSystem().settingsFile, "/home/owner/settings/DealerGauge.ini");
+    EXPECT_EQ(environmentFromSystem().desktopFile, "/home/owner/settings/DealerGauge/desktop.ini");
   }
   const Variable name("COMPUTERNAME", nullptr);
   const Variable config("XDG_CONFIG_HOME", "settings");

@@ -26,7 +26,6 @@ int main(int argc, char** argv) {
     return 2;
   }
   const QTemporaryDir folder;
-  qputenv("XDG_CONFIG_HOME", folder.filePath(QStringLiteral("settings")).toUtf8());
   QApplication application(argc, argv);
   dg::initializeResources();
   // Pictures shall look the same wherever they are taken.
@@ -44,6 +43,8 @@ int main(int argc, char** argv) {
   dg::Surroundings surroundings;
   surroundings.useStore(store);
   dg::environment().computerName = "PC7";
+  dg::environment().desktopFile = folder.filePath(QStringLiteral("desktop.ini")).toStdString();
+  dg::environment().dataFolder = folder.filePath(QStringLiteral("data")).toStdString();
   constexpr int kHalfPastTen = 10 * 3600 + 30 * 60;
   surroundings.useClock(dg::Date(options.asOf.days(), kHalfPastTen));
   return dg::takeTour(QString::fromLocal8Bit(argv[1]), surroundings) ? 0 : 1;

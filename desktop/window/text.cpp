@@ -1,5 +1,7 @@
 #include "desktop/window/text.h"
 
+#include <QFile>
+
 #include "platform/text.h"
 
 namespace dg {
@@ -30,6 +32,14 @@ QString plainToolTip(const QString& text) {
   if (text.isEmpty()) return {};
   return QStringLiteral("<span style=\"white-space:pre-wrap\">") + text.toHtmlEscaped() +
          QStringLiteral("</span>");
+}
+
+QString fileNameText(const std::filesystem::path& file) {
+#ifdef Q_OS_WIN
+  return QString::fromStdWString(file.native());
+#else
+  return QFile::decodeName(file.c_str());
+#endif
 }
 
 std::string toBytes(const QString& text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,9 @@ QString labelText(std::string_view caption);
 /// Text for a tool tip. Tool tips take anything that looks like HTML for HTML; a customer's name
 /// must show as it is.
 QString plainToolTip(const QString& text);
+
+/// A file's name as Qt takes and shows it.
+QString fileNameText(const std::filesystem::path& file);
 
 /// Text as a form's bytes; a character outside the code page becomes "?".
 std::string toBytes(const QString& text);

@@ -9,13 +9,16 @@
 #include <QWidget>
 #include <memory>
 
+#include "desktop/window/text.h"
+#include "platform/environment.h"
+#include "platform/text_file.h"
+
 namespace dg {
 
 QSettings& UserSettings::file() {
-  // Tests move the configuration folder while the process runs.
+  // Tests have another file each.
   static std::unique_ptr<QSettings> settings;
-  const QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                       QStringLiteral("/DealerGauge/desktop.ini");
+  const QString path = fileNameText(pathFromBytes(environment().desktopFile));
   if (!settings || settings->fileName() != path) {
     settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
   }

@@ -55,7 +55,9 @@ Environment environmentFromSystem() {
   found.temp = firstSet(firstSet(variable("TEMP"), variable("TMPDIR")), "/tmp");
   found.shareRoot = variable("DG_SHARE_ROOT");
   found.computerName = firstSet(variable("COMPUTERNAME"), hostName());
-  found.settingsFile = below(userFolder("XDG_CONFIG_HOME", "/.config"), "/DealerGauge.ini");
+  const std::string config = userFolder("XDG_CONFIG_HOME", "/.config");
+  found.settingsFile = below(config, "/DealerGauge.ini");
+  found.desktopFile = below(config, "/DealerGauge/desktop.ini");
   found.dataFolder = below(userFolder("XDG_DATA_HOME", "/.local/share"), "/DealerGauge");
   return found;
 }

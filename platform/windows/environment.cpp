@@ -52,7 +52,10 @@ Environment environmentFromSystem() {
   // The suite's programs may set it apart from the system's own folder.
   found.logFolder = variable("TEMP");
   const std::string local = variable("LOCALAPPDATA");
-  if (!local.empty()) found.dataFolder = local + "\\DealerGauge";
+  if (!local.empty()) {
+    found.dataFolder = local + "\\DealerGauge";
+    found.desktopFile = found.dataFolder + "\\desktop.ini";
+  }
   found.computerName = systemComputerName();
   return found;
 }

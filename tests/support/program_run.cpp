@@ -31,6 +31,7 @@ std::string programPath(const std::string& path, const std::string& temp) {
 ProgramRun::ProgramRun() {
   environment().computerName = "PC7";
   environment().settingsFile = folder.file("DealerGauge.ini");
+  environment().desktopFile = folder.file("desktop.ini");
   environment().dataFolder = folder.file("data");
   surroundings_.useTemp(folder.path().string());
   surroundings_.useClock(Date::fromText("11/24/26 10:30:00"));
