@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "insight/attention_kinds.h"
 #include "platform/values/format.h"
 
 namespace dg {
@@ -16,6 +17,11 @@ std::string masked(Currency amount, FigureKind kind) {
                                    : Format(amount, kMoneyMask);
 }
 
+/// Null for a figure of the recap, and for a kind that this version does not know.
+const KindEntry* kindOf(const FigureName& figure) {
+  return figure.source == FigureSource::kAttention ? findKind(figure.name) : nullptr;
+}
+
 }  // namespace
 
 const RecapFigure* recapFigureOf(const FigureName& figure) {
@@ -25,6 +31,11 @@ const RecapFigure* recapFigureOf(const FigureName& figure) {
   return found == figures.end() ? nullptr : &*found;
 }
 
+std::string captionOf(const FigureName& figure) {
+  const KindEntry* kind = kindOf(figure);
+  return kind == nullptr ? figure.name : std::string(kind->caption);
+}
+
 std::vector<FigureName> keptFigures(const History& history, const StoreKey& store) {
   std::vector<FigureName> figures = history.figures(store);
   // A figure of the recap that this version does not know has no place there.
@@ -32,8 +43,10 @@ std::vector<FigureName> keptFigures(const History& history, const StoreKey& stor
     return figure.source == FigureSource::kRecap && recapFigureOf(figure) == nullptr;
   });
   std::ranges::stable_sort(figures, {}, [](const FigureName& figure) {
-    const RecapFigure* recap = recapFigureOf(figure);
-    return recap == nullptr ? kRecapLabels : recap->index();
+    if (const RecapFigure* recap = recapFigureOf(figure)) return recap->index();
+    const KindEntry* kind = kindOf(figure);
+    return kRecapLabels + static_cast<int>(kind == nullptr ? kAttentionKinds
+                                                           : static_cast<std::size_t>(kind->kind));
   });
   return figures;
 }

@@ -23,8 +23,12 @@ struct FigureHistory {
 /// The row of the recap's table of this name; null when there is none.
 const RecapFigure* recapFigureOf(const FigureName& figure);
 
+/// What a figure is called, UTF-8: "Units", "Old shop jobs"; its bare name where nothing is known
+/// of it.
+std::string captionOf(const FigureName& figure);
+
 /// The figures that a store has days of: those of the recap by their index, then those of
-/// attention. Raises HistoryError.
+/// attention in the order of the kinds. Raises HistoryError.
 std::vector<FigureName> keptFigures(const History& history, const StoreKey& store);
 /// A figure with all its days. Raises HistoryError.
 FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure);

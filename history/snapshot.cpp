@@ -40,4 +40,15 @@ std::vector<KeptFigure> recapSnapshot(const frmTRVN& main) {
   return result;
 }
 
+std::vector<KeptFigure> attentionSnapshot(std::span<const KindResult> kinds) {
+  std::vector<KeptFigure> result;
+  for (const KindResult& kind : kinds) {
+    if (!kind.isWhole()) continue;
+    result.push_back({.figure = {FigureSource::kAttention, std::string(entryOf(kind.kind).name)},
+                      .amount = kind.amount,
+                      .count = static_cast<std::int64_t>(kind.rows.size())});
+  }
+  return result;
+}
+
 }  // namespace dg

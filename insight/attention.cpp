@@ -102,6 +102,15 @@ KindResult attentionOf(AttentionKind kind, const OpenItems& items, Date today,
   return result;
 }
 
+std::vector<KindResult> attentionOf(const OpenItems& items, Date today) {
+  std::vector<KindResult> results;
+  for (const KindEntry& entry : attentionKinds()) {
+    if (entry.file == WholeFile::kNone)
+      results.push_back(attentionOf(entry.kind, items, today, defaultLimits()));
+  }
+  return results;
+}
+
 KindResult attentionOf(AttentionKind kind, const WholeFileItems& items, Date today,
                        const AttentionLimits& limits) {
   KindResult result = emptyResult(kind, limits);

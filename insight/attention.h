@@ -67,6 +67,9 @@ struct Ageing {
 KindResult attentionOf(AttentionKind kind, const OpenItems& items, Date today,
                        const AttentionLimits& limits);
 
+/// All kinds that come out of the open work, in their order, with the limits that they start with.
+std::vector<KindResult> attentionOf(const OpenItems& items, Date today);
+
 /// A kind of whole files out of what was read.
 KindResult attentionOf(AttentionKind kind, const WholeFileItems& items, Date today,
                        const AttentionLimits& limits);

@@ -19,6 +19,9 @@ class OpenItems final : public OpenWorkObserver {
     std::vector<OpenWork> items;
   };
 
+  /// A load is told from its begin to its end, with what no walk of it told of.
+  void loadBegins() override { clear(); }
+  void loadEnds() override { readMissing(); }
   void begin(OpenFamily family) override;
   void add(OpenFamily family, OpenWork item) override;
   void end(OpenFamily family) override;

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -423,13 +424,25 @@ TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
 
   start->click();
   EXPECT_TRUE(HistoryKeeper::isKeeping());
-  const HistoryKeeper keeper(session.form());
+  const HistoryKeeper& keeper = session.window().views().keeper();
   ASSERT_NE(keeper.history(), nullptr);
   const auto days = keeper.history()->days(keeper.store());
   ASSERT_EQ(days.size(), 1U);
   EXPECT_EQ(days[0].isoText(), "2026-11-24");
   session.form().menuClick("mfile", 0);
   EXPECT_EQ(keeper.history()->days(keeper.store()).size(), 1U) << "a day is kept once";
+
+  // What needs attention is kept too, and shown with its count.
+  auto* figure = session.page().findChild<QComboBox*>();
+  figure->setCurrentText(QStringLiteral("Old units"));
+  Q_EMIT figure->activated(figure->currentIndex());
+  const QAbstractItemModel& table = *session.page().findChild<GridView*>()->model();
+  const auto kept =
+      keeper.history()->values(keeper.store(), {FigureSource::kAttention, "units-old"});
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_GT(kept[0].count, 0);
+  ASSERT_EQ(table.columnCount(), 4);
+  EXPECT_EQ(table.index(0, 3).data().toString(), QString::number(*kept[0].count));
   session.end();
 }
 

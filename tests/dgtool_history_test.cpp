@@ -5,6 +5,7 @@
 #include "shell/trap.h"
 #include "tests/support/dgtool_run.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/sample/sample_store.h"
 
 namespace dg {
 namespace {
@@ -72,13 +73,47 @@ TEST_F(DgtoolHistoryTest, SnapshotsBecomeDaysAndChanges) {
   EXPECT_EQ(some["days"][0], "2026-11-21");
   EXPECT_EQ(some["figures"][0]["values"].size(), 3U);
 
-  EXPECT_EQ(tool_.run({"history", "--history", file_, "--csv"}), 0);
+  EXPECT_EQ(tool_.run({"history", "--history", file_, "--csv", "--figure", "Accounts Receivable",
+                       "--figure", "MTD GPR"}),
+            0);
   EXPECT_EQ(tool_.out,
             "Day,Accounts Receivable,MTD GPR\r\n2026-11-20,500014.4,-0.249\r\n"
             "2026-11-21,498779.84,-0.249\r\n2026-11-23,-5,-0.249\r\n2026-11-24,,-0.249\r\n");
   EXPECT_EQ(tool_.run({"history", "--history", file_}), 0);
   EXPECT_THAT(tool_.out, HasSubstr("4 days, 2026-11-20 to 2026-11-24"));
   EXPECT_THAT(tool_.out, HasSubstr("-$5.00         -$498,784.84  -100.00%"));
+}
+
+/// The kept counts and amounts are those that reading the files apart from any load gives.
+TEST_F(DgtoolHistoryTest, WhatNeedsAttentionIsKeptByKind) {
+  tool_.useOpenStore();
+  tool_.store.openStore(composeSampleStore({.seed = 11}));
+  EXPECT_EQ(snapshot("2026-11-24", "$1.00"), 0) << tool_.err;
+  ASSERT_EQ(tool_.run({"attention", "--json", "--as-of", "2026-11-24"}), 0);
+  const auto attention = tool_.json()["kinds"];
+  const auto kept = history()["figures"];
+  ASSERT_EQ(kept.size(), 2 + attention.size());
+  for (std::size_t i = 0; i < attention.size(); ++i) {
+    EXPECT_EQ(kept[i + 2]["kind"], attention[i]["kind"]);
+    EXPECT_FALSE(kept[i + 2].contains("index"));
+    EXPECT_EQ(kept[i + 2]["values"], nlohmann::json::array({{{"day", "2026-11-24"},
+                                                             {"amount", attention[i]["amount"]},
+                                                             {"count", attention[i]["count"]}}}));
+  }
+  const auto units = history({"--figure", "old units"})["figures"][0];
+  EXPECT_EQ(units["kind"], "units-old");
+  EXPECT_EQ(tool_.run({"history", "--history", file_, "--figure", "units-old", "--csv"}), 0);
+  EXPECT_EQ(tool_.out, "Day,Old units,Old units Count\r\n2026-11-24," +
+                           units["values"][0]["amount"].get<std::string>() + "," +
+                           units["values"][0]["count"].dump() + "\r\n");
+
+  tool_.store.missing = {"UNITDB"};
+  tool_.store.openStore(composeSampleStore({.seed = 11}));
+  EXPECT_EQ(snapshot("2026-11-25", "$1.00"), 1);
+  EXPECT_THAT(tool_.err, HasSubstr("units-old: "));
+  EXPECT_EQ(history({"--figure", "units-old"})["figures"][0]["values"].size(), 1U)
+      << "not kept as 0";
+  EXPECT_EQ(history({"--figure", "orders-old"})["figures"][0]["values"].size(), 2U);
 }
 
 TEST_F(DgtoolHistoryTest, WhatCannotBeKeptOrReadHasStatusTwo) {

@@ -1,8 +1,11 @@
 #include "desktop/recap/history_keeper.h"
 
 #include <QDir>
-#include <QFile>
+#include <algorithm>
+#include <iterator>
 
+#include "desktop/recap/todays_work.h"
+#include "desktop/window/text.h"
 #include "desktop/window/user_settings.h"
 #include "history/snapshot.h"
 #include "platform/clock.h"
@@ -10,7 +13,8 @@
 
 namespace dg {
 
-HistoryKeeper::HistoryKeeper(const frmTRVN& main, QObject* parent) : QObject(parent), main_(main) {
+HistoryKeeper::HistoryKeeper(const frmTRVN& main, const TodaysWork& work, QObject* parent)
+    : QObject(parent), main_(main), work_(work) {
   open();
 }
 
@@ -52,10 +56,14 @@ void HistoryKeeper::keepDay() {
   const bool usable = trouble_.isEmpty() && !store_.directory.empty() && canBeKept(main_);
   if (isKeeping() && usable) {
     attempt([this] {
-      const std::vector<KeptFigure> figures = recapSnapshot(main_);
+      const Date today(now().days());
+      std::vector<KeptFigure> figures = recapSnapshot(main_);
+      // The user's own limits do not count here: days that are compared need the same ones.
+      std::ranges::move(attentionSnapshot(attentionOf(work_.items(), today)),
+                        std::back_inserter(figures));
       if (figures.empty()) return;
       if (!history_) history_ = History::create(defaultHistoryFile());
-      history_->keep(store_, Date(now().days()), figures);
+      history_->keep(store_, today, figures);
     });
   }
   Q_EMIT changed();
@@ -78,8 +86,7 @@ std::vector<RecapChange> HistoryKeeper::changes() const {
 }
 
 QString HistoryKeeper::fileName() {
-  const std::u16string name = defaultHistoryFile().u16string();
-  return QDir::toNativeSeparators(QString::fromStdU16String(name));
+  return QDir::toNativeSeparators(fileNameText(defaultHistoryFile()));
 }
 
 }  // namespace dg

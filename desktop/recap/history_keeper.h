@@ -10,6 +10,8 @@
 
 namespace dg {
 
+class TodaysWork;
+
 /// The history of the store on show. Nothing is kept, and no file made, before the user asks for
 /// it; from then on every load and refresh keeps the day. A history that fails is told, and the
 /// program goes on without it.
@@ -17,7 +19,7 @@ class HistoryKeeper : public QObject {
   Q_OBJECT
 
  public:
-  explicit HistoryKeeper(const frmTRVN& main, QObject* parent = nullptr);
+  HistoryKeeper(const frmTRVN& main, const TodaysWork& work, QObject* parent = nullptr);
 
   /// Whether this user has asked for it.
   static bool isKeeping();
@@ -49,6 +51,7 @@ class HistoryKeeper : public QObject {
   void attempt(Body body);
 
   const frmTRVN& main_;
+  const TodaysWork& work_;
   StoreKey store_;
   std::optional<History> history_;
   QString trouble_;

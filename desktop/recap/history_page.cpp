@@ -26,6 +26,8 @@ namespace dg {
 namespace {
 
 constexpr double kPictureScale = 2;
+/// Of a choice: the name that its figure is kept under. Its source stands as the user data.
+constexpr int kNameRole = Qt::UserRole + 1;
 
 struct Range {
   int days;  ///< 0: all
@@ -48,15 +50,10 @@ QToolButton* button(const QString& text, QWidget* parent) {
 }
 
 LineSeries lineOf(const FigureHistory& figure) {
-  LineSeries line{QString::fromStdString(figure.figure.name), figure.kind(), {}};
+  LineSeries line{QString::fromStdString(captionOf(figure.figure)), figure.kind(), {}};
   for (const KeptValue& value : figure.values)
     line.points.append({value.day.days(), value.amount.toDouble()});
   return line;
-}
-
-ColumnSpec valueColumn(const std::string& name, FigureKind kind) {
-  return {.name = name,
-          .kind = kind == FigureKind::kRate ? ColumnKind::kPercent : ColumnKind::kMoney};
 }
 
 }  // namespace
@@ -194,9 +191,10 @@ void HistoryPage::fillFigures() {
   try {
     if (keeper_.history() != nullptr) {
       for (const FigureName& figure : keptFigures(*keeper_.history(), keeper_.store())) {
-        const QString name = QString::fromStdString(figure.name);
-        first_->addItem(name, static_cast<int>(figure.source));
-        second_->addItem(name, static_cast<int>(figure.source));
+        for (QComboBox* box : {first_, second_}) {
+          box->addItem(QString::fromStdString(captionOf(figure)), static_cast<int>(figure.source));
+          box->setItemData(box->count() - 1, QString::fromStdString(figure.name), kNameRole);
+        }
       }
     }
   } catch (const HistoryError& error) {
@@ -218,7 +216,7 @@ void HistoryPage::showRange() {
       if (keeper_.history() == nullptr || !box->currentData().isValid()) continue;
       FigureHistory figure = readFigure(*keeper_.history(), keeper_.store(),
                                         {static_cast<FigureSource>(box->currentData().toInt()),
-                                         box->currentText().toStdString()});
+                                         box->currentData(kNameRole).toString().toStdString()});
       if (range_ != 0) {
         std::erase_if(figure.values, [&](const KeptValue& value) {
           return value.day.days() < lines.firstDay || value.day.days() > today;
@@ -246,31 +244,35 @@ void HistoryPage::showRange() {
 
 void HistoryPage::fillTable(const QList<FigureHistory>& figures) {
   std::vector<std::string> names{"Day"};
-  std::map<std::int32_t, std::vector<std::string>> rows;
-  std::vector<ColumnSpec> columns;
-  for (const FigureHistory& figure : figures) {
-    const std::string name = bytesFromUtf8(figure.figure.name);
+  std::vector<ColumnKind> kinds{ColumnKind::kDate};
+  const auto addColumn = [&](const std::string& name, ColumnKind kind) {
     names.push_back(name);
-    names.push_back(name + " Change");
-  }
-  columns.push_back({.name = names[0], .kind = ColumnKind::kDate});
-  std::size_t column = 1;
+    kinds.push_back(kind);
+  };
+  std::map<std::int32_t, std::map<std::size_t, std::string>> rows;
   for (const FigureHistory& figure : figures) {
+    const std::string name = bytesFromUtf8(captionOf(figure.figure));
+    const ColumnKind kind =
+        figure.kind() == FigureKind::kRate ? ColumnKind::kPercent : ColumnKind::kMoney;
+    const std::size_t first = names.size();
+    addColumn(name, kind);
+    addColumn(name + " Change", kind);
+    if (figure.recap == nullptr) addColumn(name + " Count", ColumnKind::kNumber);
     const KeptValue* former = nullptr;
     for (const KeptValue& value : figure.values) {
-      std::vector<std::string>& row = rows[value.day.days()];
-      row.resize(names.size());
-      row[column] = amountText(value.amount, figure.kind());
+      auto& row = rows[value.day.days()];
+      row[first] = amountText(value.amount, figure.kind());
       if (former != nullptr) {
         if (const auto change = changeFrom(*former, value))
-          row[column + 1] = amountText(change->amount, figure.kind());
+          row[first + 1] = amountText(change->amount, figure.kind());
       }
+      if (value.count) row[first + 2] = std::to_string(*value.count);
       former = &value;
     }
-    columns.push_back(valueColumn(names[column], figure.kind()));
-    columns.push_back(valueColumn(names[column + 1], figure.kind()));
-    column += 2;
   }
+  std::vector<ColumnSpec> columns;
+  for (std::size_t i = 0; i < names.size(); ++i)
+    columns.push_back({.name = names[i], .kind = kinds[i]});
   delete table_;
   grid_ = std::make_unique<Grid>("grdHistory", columns);
   grid_->setRedraw(false);
@@ -278,8 +280,8 @@ void HistoryPage::fillTable(const QList<FigureHistory>& figures) {
   for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
     grid_->AddNew();
     grid_->set(0, Date(row->first).shortDateText());
-    for (std::size_t i = 1; i < row->second.size(); ++i)
-      grid_->set(static_cast<int>(i), row->second[i]);
+    for (const auto& [column, text] : row->second)
+      grid_->set(static_cast<int>(column), text);
   }
   if (grid_->Rows() > 0) grid_->MoveFirst();
   grid_->setRedraw(true);

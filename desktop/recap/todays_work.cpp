@@ -37,7 +37,7 @@ AttentionLimits keptLimits() {
 TodaysWork::TodaysWork() : limits_(keptLimits()) {}
 
 void TodaysWork::Items::loadBegins() {
-  owner_.items_.clear();
+  owner_.items_.loadBegins();
   owner_.customers_.reset();
   owner_.parts_.reset();
 }

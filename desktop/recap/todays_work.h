@@ -18,6 +18,9 @@ class TodaysWork {
   std::optional<KindResult> result(AttentionKind kind) const;
   Ageing ageing(OpenFamily family) const { return ageingOf(family, items_, today()); }
 
+  /// The open work of the last load.
+  const OpenItems& items() const { return items_; }
+
   /// Reads the whole file that a kind needs, unless it was read since the last load. False when
   /// `progress` ended it.
   bool read(AttentionKind kind, const ReadProgress& progress);
@@ -34,7 +37,7 @@ class TodaysWork {
    public:
     explicit Items(TodaysWork& owner) : owner_(owner) {}
     void loadBegins() override;
-    void loadEnds() override { owner_.items_.readMissing(); }
+    void loadEnds() override { owner_.items_.loadEnds(); }
     void begin(OpenFamily family) override { owner_.items_.begin(family); }
     void add(OpenFamily family, OpenWork item) override {
       owner_.items_.add(family, std::move(item));

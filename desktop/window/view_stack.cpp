@@ -34,7 +34,7 @@ ViewStack::ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent)
       main_(main),
       work_(work),
       empty_(new QWidget(this)),
-      keeper_(new HistoryKeeper(main, this)) {
+      keeper_(new HistoryKeeper(main, work, this)) {
   addWidget(empty_);
 }
 

@@ -63,14 +63,8 @@ class WholeFiles {
 
 /// What a table of items has no place for.
 void complain(const Console& console, const AttentionReport& report) {
-  for (const KindResult& kind : report.kinds) {
-    const std::string name(entryOf(kind.kind).name);
-    if (!kind.error.empty()) {
-      console.complain(name + ": " + kind.error);
-    } else if (!kind.isWhole()) {
-      console.complain(name + ": could not be read completely");
-    }
-  }
+  for (const std::string& line : kindWarnings(report.kinds))
+    console.complain(line);
   if (const std::string warning = unopenedWarning(); !warning.empty()) console.complain(warning);
 }
 

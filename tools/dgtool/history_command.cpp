@@ -31,8 +31,9 @@ std::vector<FigureName> wantedFigures(std::vector<FigureName> known,
   }
   std::vector<FigureName> wanted;
   for (const std::string& name : names) {
-    const auto found = std::ranges::find_if(
-        known, [&](const FigureName& figure) { return equalIgnoringCase(figure.name, name); });
+    const auto found = std::ranges::find_if(known, [&](const FigureName& figure) {
+      return equalIgnoringCase(figure.name, name) || equalIgnoringCase(captionOf(figure), name);
+    });
     if (found == known.end()) {
       std::string all;
       for (const FigureName& figure : known)

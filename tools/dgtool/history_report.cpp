@@ -32,7 +32,7 @@ Json figureJson(const FigureHistory& figure) {
   } else {
     result["kind"] = figure.figure.name;
   }
-  result["name"] = figure.figure.name;
+  result["name"] = captionOf(figure.figure);
   Json& values = result["values"] = Json::array();
   for (const KeptValue& value : figure.values) {
     Json day = {{"day", value.day.isoText()}, {"amount", value.amount.text()}};
@@ -109,8 +109,9 @@ void writeHistoryCsv(std::ostream& out, const HistoryReport& report) {
     rows[day] = {day.isoText()};
   for (const FigureHistory& figure : report.figures) {
     const bool counted = figure.recap == nullptr;
-    head.push_back(csvCell(bytesFromUtf8(figure.figure.name)));
-    if (counted) head.push_back(csvCell(bytesFromUtf8(figure.figure.name) + " count"));
+    const std::string name = bytesFromUtf8(captionOf(figure.figure));
+    head.push_back(csvCell(name));
+    if (counted) head.push_back(csvCell(name + " Count"));
     for (const KeptValue& value : figure.values) {
       std::vector<std::string>& row = rows[value.day];
       row.resize(head.size() - (counted ? 2 : 1));
@@ -144,7 +145,7 @@ void writeHistoryText(std::ostream& out, const HistoryReport& report) {
   table.add({"", "Amount", "Count", "Change", "", "Week", "Month", "Year", "Day"});
   for (const FigureHistory& figure : report.figures) {
     const FigureChanges& changes = figure.changes;
-    const std::string name = terminalText(bytesFromUtf8(figure.figure.name));
+    const std::string name = terminalText(bytesFromUtf8(captionOf(figure.figure)));
     if (figure.values.empty()) {
       table.add({name, "-"});
       continue;

@@ -14,6 +14,16 @@ std::vector<std::string> shareWarnings(const frmTRVN& main) {
   return lines;
 }
 
+std::vector<std::string> kindWarnings(std::span<const KindResult> kinds) {
+  std::vector<std::string> lines;
+  for (const KindResult& kind : kinds) {
+    if (kind.isWhole()) continue;
+    lines.push_back(std::string(entryOf(kind.kind).name) + ": " +
+                    (kind.error.empty() ? "could not be read completely" : kind.error));
+  }
+  return lines;
+}
+
 std::string unopenedWarning() {
   const UnopenedFiles& unopened = unopenedFiles();
   if (unopened.count == 0) return {};

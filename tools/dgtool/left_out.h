@@ -1,8 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
+#include "insight/attention.h"
 #include "shell/main_window.h"
 #include "tools/dgtool/window_json.h"
 
@@ -21,5 +23,7 @@ void addUnopenedFiles(Json& document);
 /// What a reader is told of a share that was lost, and of files that could not be opened: a line
 /// each, without line ends.
 std::vector<std::string> shareWarnings(const frmTRVN& main);
+/// The same of kinds that could not be read, or not to their end.
+std::vector<std::string> kindWarnings(std::span<const KindResult> kinds);
 
 }  // namespace dg
