@@ -433,6 +433,7 @@ TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
   EXPECT_EQ(keeper.history()->days(keeper.store()).size(), 1U) << "a day is kept once";
 
   // What needs attention is kept too, and shown with its count.
+  session.window().views().showHistory();
   auto* figure = session.page().findChild<QComboBox*>();
   figure->setCurrentText(QStringLiteral("Old units"));
   Q_EMIT figure->activated(figure->currentIndex());

@@ -35,7 +35,11 @@ class SystemFile final : public File {
       noteFileCall(FileCall::kRead);
       countRead(got > 0 ? static_cast<std::size_t>(got) : 0);
       if (got < 0) throw RunTimeError(kDeviceIoError);
-      if (got == 0) break;
+      if (got == 0) {
+        // A line that breaks may look like the file's end; the length tells one from the other.
+        if (offset + static_cast<std::int64_t>(done) < size()) throw RunTimeError(kDeviceIoError);
+        break;
+      }
       done += static_cast<std::size_t>(got);
       // Fewer bytes than asked for are the file's last ones, or those before a failure, which
       // another read then tells. The length settles it without one.

@@ -1,6 +1,7 @@
 #include "platform/posix/native_path.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <dirent.h>
 #include <map>
@@ -14,6 +15,7 @@
 
 #include "platform/environment.h"
 #include "platform/file_call.h"
+#include "platform/posix/system_error.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
 #include "platform/text.h"
@@ -23,10 +25,15 @@ namespace dg {
 
 namespace {
 
+bool isAbsence(int error) {
+  return error == ENOENT || error == ENOTDIR;
+}
+
 /// What stands at a path of the platform's own form.
 struct Entry {
   std::string native;
   mode_t mode = 0;  ///< a link's own; 0 when nothing is there
+  int error = 0;    ///< of errno: why it is not known what else may stand there; else 0
 
   bool isThere() const { return mode != 0; }
 };
@@ -34,8 +41,9 @@ struct Entry {
 Entry entryAt(std::string native) {
   struct stat status = {};
   const bool isThere = ::lstat(native.c_str(), &status) == 0;
+  const int error = isThere || isAbsence(errno) ? 0 : errno;
   noteFileCall(FileCall::kQuestion);
-  return {std::move(native), isThere ? status.st_mode : 0};
+  return {.native = std::move(native), .mode = isThere ? status.st_mode : 0, .error = error};
 }
 
 /// A name as it is compared: bytes of the code page in lower case. Folders usually name their files
@@ -65,22 +73,29 @@ KnownPlaces& knownPlaces() {
   return places;
 }
 
+/// What a folder holds; nothing of one that is not there. Null where it cannot be read to its end:
+/// a name that is not in a part of it may be in the rest. errno then tells why.
 std::shared_ptr<const Listing> readListing(const std::string& folder) {
   struct Closer {
     void operator()(DIR* open) const { ::closedir(open); }
   };
   const std::unique_ptr<DIR, Closer> open(::opendir(folder.c_str()));
+  const int error = errno;
   noteFileCall(FileCall::kQuestion);
+  errno = error;
+  if (!open && !isAbsence(errno)) return nullptr;
   auto listing = std::make_shared<Listing>();
   if (!open) return listing;
-  while (const dirent* entry = ::readdir(open.get())) {
+  for (errno = 0; const dirent* entry = ::readdir(open.get()); errno = 0) {
     const std::string name = entry->d_name;
     const auto [place, isNew] = listing->try_emplace(foldedName(name), name);
     if (!isNew && name < place->second) place->second = name;
   }
+  if (errno != 0) return nullptr;
   return listing;
 }
 
+/// The same, kept for a load once it has been read.
 std::shared_ptr<const Listing> listingOf(const std::string& folder) {
   KnownPlaces& places = knownPlaces();
   {
@@ -89,15 +104,23 @@ std::shared_ptr<const Listing> listingOf(const std::string& folder) {
     if (known != places.listings.end()) return known->second;
   }
   std::shared_ptr<const Listing> listing = readListing(folder);
+  if (listing == nullptr) return listing;
   const std::lock_guard<std::mutex> lock(places.mutex);
   return places.areKept ? places.listings.try_emplace(folder, listing).first->second : listing;
 }
 
-/// The folder's entry of that name without regard to case, or the name itself when there is none.
-std::string entryIgnoringCase(const std::string& folder, const std::string& name) {
+/// A folder's entry of that name as it is written, else without regard to case.
+Entry entryIn(const std::string& folder, const std::string& name) {
+  Entry entry = entryAt(folder + "/" + name);
+  if (entry.isThere() || entry.error != 0) return entry;
   const std::shared_ptr<const Listing> listing = listingOf(folder);
+  if (listing == nullptr) {
+    entry.error = errno;
+    return entry;
+  }
   const auto found = listing->find(lowerCase(name));
-  return found == listing->end() ? name : found->second;
+  if (found == listing->end() || found->second == name) return entry;
+  return entryAt(folder + "/" + found->second);
 }
 
 std::string joined(const std::string& root, const std::vector<std::string>& names) {
@@ -111,15 +134,13 @@ Entry resolveNames(const std::string& root, const std::vector<std::string>& name
   Entry entry = entryAt(joined(root, names));
   if (entry.isThere()) return entry;
 
-  entry = {root, S_IFDIR};
+  entry = {.native = root, .mode = S_IFDIR};
+  int error = 0;
   for (const std::string& name : names) {
-    Entry next = entryAt(entry.native + "/" + name);
-    if (!next.isThere()) {
-      const std::string other = entryIgnoringCase(entry.native, name);
-      if (other != name) next = entryAt(entry.native + "/" + other);
-    }
-    entry = std::move(next);
+    entry = entryIn(entry.native, name);
+    if (error == 0) error = entry.error;
   }
+  if (!entry.isThere()) entry.error = error;
   return entry;
 }
 
@@ -140,7 +161,9 @@ std::optional<Entry> shareEntry(const std::string& root, const std::string& path
 std::optional<std::string> realPath(const std::string& native) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(native.c_str(), nullptr),
                                                          &std::free);
+  const int error = errno;
   noteFileCall(FileCall::kQuestion);
+  errno = error;
   if (!real) return std::nullopt;
   return std::string(real.get());
 }
@@ -220,9 +243,14 @@ Location locate(const std::string& path) {
   std::optional<Entry> entry = shareEntry(root, path);
   if (!entry) return {.native = {}, .error = kPathNotFound};
 
+  if (entry->error != 0) return {.native = {}, .error = pathErrorNumber(entry->error)};
+
   // The user's own folders lead to a share, and may do so through links; what lies in the share
   // is written by others.
   std::optional<std::string> real = realEntry(*entry);
+  if (!real && entry->isThere() && !isAbsence(errno)) {
+    return {.native = {}, .error = pathErrorNumber(errno)};
+  }
   if (!real) return {.native = std::move(entry->native)};
   if (!isWithinShare(*real, entry->native, root)) return {.native = {}, .error = kPermissionDenied};
   return {.native = std::move(*real), .type = S_ISLNK(entry->mode) ? 0 : entry->mode & S_IFMT};

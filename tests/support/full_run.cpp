@@ -8,6 +8,7 @@
 
 #include "platform/environment.h"
 #include "platform/system_file.h"
+#include "platform/unopened_files.h"
 #include "shell/main.h"
 #include "shell/recap_sheet.h"
 #include "tests/support/step_limit.h"
@@ -95,9 +96,13 @@ class Driver final : private DetailVisitor {
 
   /// Compares the recap's labels with the log of this stage.
   void inspect(const frmTRVN& main, std::string_view stage) {
+    const bool warned = !main.lostShare().empty() || unopenedFiles().count > 0;
     if (keep_ == KeepPicture::kYes) {
-      for (const View* view : main.loadedViews())
+      for (const View* view : main.loadedViews()) {
         draw(*view);
+        if (!warned && !view->incomplete())
+          result_.complete[std::string(stage) + " " + view->name()] = windowJson(*view).dump(1);
+      }
     }
     const std::span<const std::string> log = std::span(surroundings_.logged).subspan(startOfStage_);
     const bool broken = std::ranges::any_of(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,7 +28,10 @@ struct FullRun {
   std::vector<std::string> failed;   ///< recap labels in error, at the load and at the refresh
   int windows = 0;                   ///< detail windows that opened
   std::uint64_t steps = 0;           ///< calls to the file system
-  std::string picture;               ///< what all windows showed; only when it was asked for
+  /// What each view showed at the load and at the refresh, of those that pass for complete: not
+  /// marked as incomplete, while no share was lost and no file left out. As the picture.
+  std::map<std::string, std::string> complete;
+  std::string picture;  ///< what all windows showed; only when it was asked for
 };
 
 /// Whether a run keeps what its windows show.
