@@ -19,6 +19,15 @@
 
 namespace dg {
 
+namespace {
+
+/// A menu item's text with a key beside it that its window, and not the item, listens to.
+QString withKey(const QString& text, const QKeySequence& key) {
+  return text + u'\t' + key.toString(QKeySequence::NativeText);
+}
+
+}  // namespace
+
 GridActions::GridActions(GridView& view, const Form& form, QObject* parent)
     : QObject(parent),
       view_(view),
@@ -36,8 +45,8 @@ GridActions::GridActions(GridView& view, const Form& form, QObject* parent)
 }
 
 void GridActions::buildExportMenu() {
-  exportMenu_->addAction(tr("Excel &Workbook (XLSX)..."), this,
-                         [this] { askAndExport("xlsx", tr("Excel workbook (*.xlsx)")); });
+  exportMenu_->addAction(withKey(tr("Excel &Workbook (XLSX)..."), kExportKey), this,
+                         &GridActions::exportWorkbook);
   exportMenu_->addAction(tr("&CSV File..."), this,
                          [this] { askAndExport("csv", tr("CSV file (*.csv)")); });
   exportMenu_->addAction(tr("P&DF File..."), this,
@@ -45,9 +54,7 @@ void GridActions::buildExportMenu() {
 }
 
 void GridActions::buildPrintMenu() {
-  printMenu_->addAction(tr("&Print...") + u'\t' +
-                            QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText),
-                        this, &GridActions::print);
+  printMenu_->addAction(withKey(tr("&Print..."), QKeySequence::Print), this, &GridActions::print);
   printMenu_->addAction(tr("Print Pre&view..."), this, &GridActions::preview);
 }
 
@@ -70,17 +77,16 @@ void GridActions::buildContextMenu() {
 
   sort_ =
       contextMenu_->addAction(tr("&Sort by This Column"), &view_, &GridView::sortByCurrentColumn);
-  contextMenu_->addAction(
-      tr("&Find...") + u'\t' + QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText),
-      this, &GridActions::findRequested);
-  QMenu* columns = contextMenu_->addMenu(tr("&Go to Column"));
+  contextMenu_->addAction(withKey(tr("&Find..."), QKeySequence::Find), this,
+                          &GridActions::findRequested);
+  columnMenu_ = contextMenu_->addMenu(withKey(tr("&Go to Column"), kColumnKey));
   contextMenu_->addAction(tr("&Reset Column Widths"), &view_, &GridView::resetColumnWidths);
   contextMenu_->addSeparator();
   contextMenu_->addMenu(exportMenu_);
   contextMenu_->addMenu(printMenu_);
 
   connect(contextMenu_, &QMenu::aboutToShow, this, &GridActions::update);
-  connect(columns, &QMenu::aboutToShow, this, [this, columns] { fillColumnMenu(*columns); });
+  connect(columnMenu_, &QMenu::aboutToShow, this, [this] { fillColumnMenu(*columnMenu_); });
 }
 
 void GridActions::update() const {
@@ -125,6 +131,15 @@ PrintDocument GridActions::document() const {
 void GridActions::copy(bool withHeadings) const {
   const QString text = selectionText(view_, withHeadings);
   if (!text.isEmpty()) QApplication::clipboard()->setText(text);
+}
+
+void GridActions::exportWorkbook() const {
+  askAndExport(QStringLiteral("xlsx"), tr("Excel workbook (*.xlsx)"));
+}
+
+void GridActions::goToColumn() const {
+  fillColumnMenu(*columnMenu_);
+  columnMenu_->popup(view_.viewport()->mapToGlobal(QPoint()));
 }
 
 void GridActions::print() const {

@@ -25,6 +25,14 @@ class GridActions : public QObject {
   QMenu* printMenu() const { return printMenu_; }
   QMenu* contextMenu() const { return contextMenu_; }
 
+  /// Keys that every window with a table has, for these two.
+  static constexpr QKeyCombination kExportKey = Qt::CTRL | Qt::Key_E;
+  static constexpr QKeyCombination kColumnKey = Qt::CTRL | Qt::Key_G;
+  /// Asks for a file, and writes the workbook.
+  void exportWorkbook() const;
+  /// Shows the list of columns over the table.
+  void goToColumn() const;
+
   /// Enables what can be done now, before a menu shows.
   void update() const;
   void copy(bool withHeadings) const;
@@ -54,6 +62,7 @@ class GridActions : public QObject {
   QMenu* exportMenu_;
   QMenu* printMenu_;
   QMenu* contextMenu_;
+  QMenu* columnMenu_ = nullptr;
   QAction* open_ = nullptr;
   QAction* copyCells_ = nullptr;
   QAction* copyAll_ = nullptr;

@@ -18,6 +18,8 @@
 #include "desktop/recap/bar_chart.h"
 #include "desktop/recap/card.h"
 #include "desktop/recap/limits_dialog.h"
+#include "desktop/window/access_keys.h"
+#include "desktop/window/menu_bar.h"
 #include "desktop/window/text.h"
 #include "desktop/window/theme.h"
 #include "forms/control.h"
@@ -148,6 +150,7 @@ void TodayPage::reload() {
   for (int column = 0; column < kCardColumns; ++column)
     layout->setColumnStretch(column, 1);
   layout->setRowStretch(row + 1, 1);
+  keepKeysUnique(*sheet, MenuBar::captions());
   scroll_->setWidget(sheet);
 }
 

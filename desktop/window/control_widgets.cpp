@@ -22,8 +22,9 @@ void keepPlaceWhenHidden(QWidget& widget) {
 
 ButtonWidget::ButtonWidget(Button& button, QWidget* parent)
     : QPushButton(parent), button_(button), binding_(button, *this, [this] {
-        const QString caption = fromBytes(button_.caption());
-        if (text() != caption) setText(caption);
+        // The text may have lost its Alt key meanwhile.
+        if (const QString caption = fromBytes(button_.caption()); caption_ != caption)
+          setText(caption_ = caption);
       }) {
   // No button of a dialog is pressed by an Enter that was meant for something else.
   setAutoDefault(false);

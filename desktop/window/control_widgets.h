@@ -24,6 +24,7 @@ class ButtonWidget : public QPushButton {
 
  private:
   Button& button_;
+  QString caption_;
   ControlBinding binding_;
 };
 

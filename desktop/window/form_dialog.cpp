@@ -10,6 +10,7 @@
 
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_panel.h"
+#include "desktop/window/access_keys.h"
 #include "desktop/window/control_widgets.h"
 #include "desktop/window/form_view.h"
 #include "desktop/window/help_window.h"
@@ -74,6 +75,7 @@ FormDialog::FormDialog(Form& form, QWidget* parent)
   layout->setSpacing(0);
   layout->addLayout(buildBody(), 1);
   if (view_->findChildren<ButtonWidget*>().isEmpty()) addCloseButton();
+  keepKeysUnique(*this);
   adapt();
   addGridShortcuts(*this);
   auto* helpKey = new QShortcut(QKeySequence::HelpContents, this);
@@ -160,6 +162,8 @@ void addGridShortcuts(QWidget& window) {
     });
   };
   onKey(QKeySequence::Find, [](GridPanel& panel) { panel.find(); });
+  onKey(GridActions::kExportKey, [](GridPanel& panel) { panel.actions().exportWorkbook(); });
+  onKey(GridActions::kColumnKey, [](GridPanel& panel) { panel.actions().goToColumn(); });
   onKey(QKeySequence::Print, [](GridPanel& panel) { panel.actions().print(); });
 }
 

@@ -174,6 +174,14 @@ void MainWindow::connectForm() {
   connect(findKey, &QShortcut::activated, this, &MainWindow::find);
   auto* printKey = new QShortcut(QKeySequence::Print, this);
   connect(printKey, &QShortcut::activated, this, &MainWindow::print);
+  auto* exportKey = new QShortcut(GridActions::kExportKey, this);
+  connect(exportKey, &QShortcut::activated, this, [this] {
+    if (GridPanel* panel = gridInFocus(*views_)) panel->actions().exportWorkbook();
+  });
+  auto* columnKey = new QShortcut(GridActions::kColumnKey, this);
+  connect(columnKey, &QShortcut::activated, this, [this] {
+    if (GridPanel* panel = gridInFocus(*views_)) panel->actions().goToColumn();
+  });
 }
 
 void MainWindow::pick(const QString& menu, int index) {

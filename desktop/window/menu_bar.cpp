@@ -19,6 +19,8 @@ struct Accelerator {
   int index;
   int key;
 };
+constexpr const char* kTable = QT_TRANSLATE_NOOP("MenuBar", "&Table");
+
 constexpr Accelerator kAccelerators[] = {
     {"mfile", 0, Qt::Key_F5},
     {"mfile", 5, int(Qt::CTRL) | Qt::Key_Q},
@@ -45,10 +47,17 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
       history_->setMenuRole(QAction::NoRole);
     }
     if (head.items == "mopt") {
-      table_ = addMenu(tr("&Table"));
+      table_ = addMenu(tr(kTable));
       table_->setObjectName(QStringLiteral("table"));
     }
   }
+}
+
+QStringList MenuBar::captions() {
+  QStringList all{tr(kTable)};
+  for (const MenuHead& head : menuHeads())
+    all.append(fromBytes(head.caption));
+  return all;
 }
 
 void MenuBar::fill(QMenu& target, std::string_view items) {

@@ -18,6 +18,8 @@ class MenuBar : public QMenuBar {
   QAction* item(std::string_view menu, int index) const;
   QAction* charts() const { return charts_; }
   QAction* today() const { return today_; }
+  /// The captions of all menus.
+  static QStringList captions();
   QAction* history() const { return history_; }
   /// The added menu of what can be done with a table; filled by who shows it.
   QMenu* tableMenu() const { return table_; }

@@ -1,33 +1,16 @@
 #include "desktop/window/view_stack.h"
 
-#include <QPushButton>
-
 #include "desktop/recap/charts_page.h"
 #include "desktop/recap/history_keeper.h"
 #include "desktop/recap/history_page.h"
 #include "desktop/recap/recap_view.h"
 #include "desktop/recap/today_page.h"
+#include "desktop/window/access_keys.h"
 #include "desktop/window/form_view.h"
+#include "desktop/window/menu_bar.h"
 #include "desktop/window/text.h"
 
 namespace dg {
-
-namespace {
-
-/// The Alt keys of the menus are the menus' alone: a button of a view with the same one goes
-/// without.
-void freeMenuKeys(const QWidget& page) {
-  static const QString menuKeys = QStringLiteral("FVOTH");
-  for (auto* button : page.findChildren<QPushButton*>()) {
-    const QString text = button->text();
-    const qsizetype mark = text.indexOf(u'&');
-    if (mark >= 0 && mark + 1 < text.size() && menuKeys.contains(text[mark + 1].toUpper())) {
-      button->setText(QString(text).remove(mark, 1));
-    }
-  }
-}
-
-}  // namespace
 
 ViewStack::ViewStack(const frmTRVN& main, TodaysWork& work, QWidget* parent)
     : QStackedWidget(parent),
@@ -61,7 +44,7 @@ void ViewStack::hideView() {
 QWidget* ViewStack::makePage(View& view) {
   if (view.name() != "frmRecap") {
     auto* page = new FormView(view, this);
-    freeMenuKeys(*page);
+    keepKeysUnique(*page, MenuBar::captions());
     return page;
   }
   auto* recap = new RecapView(view, this);
