@@ -48,6 +48,25 @@ function(dg_expose target folder)
   target_include_directories(${target} PUBLIC ${root})
 endfunction()
 
+# Installs a text compressed, as Debian has its manuals and change logs; the third argument is its
+# name where that differs. The time stays out of it, so that one source gives one package.
+find_program(DG_GZIP gzip)
+function(dg_install_compressed file destination)
+  cmake_path(GET file FILENAME name)
+  if(ARGC GREATER 2)
+    set(name ${ARGV2})
+  endif()
+  if(NOT DG_GZIP)
+    install(FILES ${file} DESTINATION ${destination} RENAME ${name})
+    return()
+  endif()
+  set(compressed ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz)
+  add_custom_command(OUTPUT ${compressed}
+    COMMAND ${DG_GZIP} -9 -n -c ${file} > ${compressed} DEPENDS ${file} VERBATIM)
+  add_custom_target(compress_${name} ALL DEPENDS ${compressed})
+  install(FILES ${compressed} DESTINATION ${destination})
+endfunction()
+
 # Icon, version and manifest of a program; elsewhere than on Windows a program carries none.
 function(dg_windows_resource target description)
   if(NOT WIN32)
