@@ -51,10 +51,11 @@ std::vector<FigureName> keptFigures(const History& history, const StoreKey& stor
   return figures;
 }
 
-FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure) {
+FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure,
+                         std::optional<Date> since) {
   FigureHistory result{.figure = figure,
                        .recap = recapFigureOf(figure),
-                       .values = history.values(store, figure),
+                       .values = history.values(store, figure, since),
                        .changes = {}};
   result.changes = changesOf(result.values);
   return result;

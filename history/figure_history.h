@@ -30,8 +30,9 @@ std::string captionOf(const FigureName& figure);
 /// The figures that a store has days of: those of the recap by their index, then those of
 /// attention in the order of the kinds. Raises HistoryError.
 std::vector<FigureName> keptFigures(const History& history, const StoreKey& store);
-/// A figure with all its days. Raises HistoryError.
-FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure);
+/// A figure with all its days, or those from `since` on alone. Raises HistoryError.
+FigureHistory readFigure(const History& history, const StoreKey& store, const FigureName& figure,
+                         std::optional<Date> since = std::nullopt);
 
 /// An amount as the recap shows it: "$1,234.50", of a rate "25.30%".
 std::string amountText(Currency amount, FigureKind kind);

@@ -210,17 +210,18 @@ void HistoryPage::showRange() {
   const int today = now().days();
   lines.lastDay = today;
   lines.firstDay = range_ == 0 ? today : today - range_ + 1;
+  const auto since = range_ == 0 ? std::nullopt : std::optional(Date(lines.firstDay));
   QList<FigureHistory> figures;
   try {
     for (const QComboBox* box : {first_, second_}) {
       if (keeper_.history() == nullptr || !box->currentData().isValid()) continue;
       FigureHistory figure = readFigure(*keeper_.history(), keeper_.store(),
                                         {static_cast<FigureSource>(box->currentData().toInt()),
-                                         box->currentData(kNameRole).toString().toStdString()});
+                                         box->currentData(kNameRole).toString().toStdString()},
+                                        since);
       if (range_ != 0) {
-        std::erase_if(figure.values, [&](const KeptValue& value) {
-          return value.day.days() < lines.firstDay || value.day.days() > today;
-        });
+        std::erase_if(figure.values,
+                      [&](const KeptValue& value) { return value.day.days() > today; });
       } else if (!figure.values.empty()) {
         lines.firstDay = qMin(lines.firstDay, figure.values.front().day.days());
         lines.lastDay = qMax(lines.lastDay, figure.values.back().day.days());
@@ -266,7 +267,7 @@ void HistoryPage::fillTable(const QList<FigureHistory>& figures) {
         if (const auto change = changeFrom(*former, value))
           row[first + 1] = amountText(change->amount, figure.kind());
       }
-      if (value.count) row[first + 2] = std::to_string(*value.count);
+      if (figure.recap == nullptr && value.count) row[first + 2] = std::to_string(*value.count);
       former = &value;
     }
   }
