@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -34,9 +35,13 @@
 #include "platform/read_ahead.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
+#include "shell/write_log.h"
 #include "tests/desktop_session.h"
 #include "tests/support/silent_line.h"
 #include "tests/support/temporary_folder.h"
+#ifndef Q_OS_WIN
+#include "tests/support/unprivileged.h"
+#endif
 #include "tools/sample/sample_store.h"
 
 namespace dg {
@@ -412,6 +417,63 @@ TEST(DesktopTroubleTest, ClosingTheWindowEndsALoadWhoseShareIsSilent) {
   session.end();
 }
 
+#ifndef Q_OS_WIN
+/// A log that cannot be written is told at the first line that is lost.
+TEST(DesktopNoticeTest, ALogWithoutPermissionOrRoomIsToldAtOnce) {
+  DesktopSession session;
+  session.start();
+  ASSERT_EQ(shownNotice(session.window()), "");
+  const std::string log = session.run.folder.file("store/temp/dgoperation.log");
+  std::filesystem::permissions(log, std::filesystem::perms(0400));
+  {
+    const Unprivileged user;
+    logLine("lost");
+  }
+  EXPECT_TRUE(shownNotice(session.window()).contains("cannot be written: Permission denied"));
+  std::filesystem::permissions(log, std::filesystem::perms(0600));
+  logLine("kept");
+  const std::string file = std::exchange(gsLogFile, "/dev/full");
+  logLine("lost");
+  EXPECT_TRUE(shownNotice(session.window()).contains("/dev/full cannot be written: Disk full"));
+  gsLogFile = file;
+  session.end();
+}
+#endif
+
+/// Captions whose Alt key another one in the window has too.
+QString sharedKeys(const QWidget& window, const QStringList& others) {
+  QMap<QString, QStringList> byKey;
+  QStringList captions = others;
+  for (const QAbstractButton* button : window.findChildren<QAbstractButton*>())
+    captions.append(button->text());
+  for (const QString& caption : captions)
+    byKey[QKeySequence::mnemonic(caption).toString()].append(caption);
+  byKey.remove({});
+  QString shared;
+  for (const QStringList& same : byKey) {
+    if (same.size() > 1) shared += same.join(", ") + "; ";
+  }
+  return shared;
+}
+
+TEST(DesktopKeysTest, AltKeysAreUniqueInEachWindow) {
+  DesktopSession session;
+  session.start();
+  QStringList menus;
+  for (const QAction* menu : session.window().menus().actions())
+    menus.append(menu->text());
+  for (const TreeEntry& node : treeEntries()) {
+    session.clickNode(std::string(node.key));
+    EXPECT_EQ(sharedKeys(session.page(), menus), "") << node.key;
+  }
+  ViewStack& views = session.window().views();
+  for (const auto show : {&ViewStack::showCharts, &ViewStack::showToday, &ViewStack::showHistory}) {
+    (views.*show)();
+    EXPECT_EQ(sharedKeys(session.page(), menus), "") << session.page().objectName().toStdString();
+  }
+  session.end();
+}
+
 /// Nothing is kept before the user asks for it; from then on each refresh keeps the day.
 TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
   DesktopSession session;
@@ -422,7 +484,20 @@ TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
   EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
   EXPECT_FALSE(HistoryKeeper::isKeeping());
 
+#ifndef Q_OS_WIN
+  std::filesystem::permissions(session.run.folder.path(), std::filesystem::perms(0555));
+  {
+    const Unprivileged user;
+    start->click();
+  }
+  std::filesystem::permissions(session.run.folder.path(), std::filesystem::perms(0755));
+  EXPECT_FALSE(session.window().views().keeper().trouble().isEmpty())
+      << "a home without permission";
+  EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
+  session.form().menuClick("mfile", 0);
+#else
   start->click();
+#endif
   EXPECT_TRUE(HistoryKeeper::isKeeping());
   const HistoryKeeper& keeper = session.window().views().keeper();
   ASSERT_NE(keeper.history(), nullptr);

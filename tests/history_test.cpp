@@ -12,6 +12,11 @@
 #include "shell/surroundings.h"
 #include "tests/support/temporary_folder.h"
 
+#ifndef _WIN32
+#include "tests/support/file_size_limit.h"
+#include "tests/support/unprivileged.h"
+#endif
+
 namespace dg {
 namespace {
 
@@ -127,6 +132,36 @@ TEST_F(HistoryTest, WhatIsNoHistoryIsToldAndLeftAlone) {
   EXPECT_THAT(complaint(file_), HasSubstr("newer version"));
   EXPECT_THAT(complaint(folder_.path().string()), HasSubstr("is no file"));
 }
+
+#ifndef _WIN32
+/// A home that only others may write, and a file that cannot grow: told, and what was kept stays.
+TEST_F(HistoryTest, WhatCannotBeWrittenIsTold) {
+  const std::array first{KeptFigure{kUnits, cents(1), {}}};
+  History::create(file_).keep(store_, day("2026-11-23"), first);
+  const std::string before = folder_.read("history.sqlite");
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));
+  std::filesystem::permissions(file_, std::filesystem::perms(0444));
+  {
+    const Unprivileged user;
+    EXPECT_THROW(History::create(file_).keep(store_, day("2026-11-24"), first), HistoryError);
+    EXPECT_THROW(History::create(folder_.file("new/history.sqlite")), HistoryError);
+    EXPECT_EQ(History::open(file_)->days(store_).size(), 1U) << "it can still be read";
+  }
+  std::filesystem::permissions(folder_.path(), std::filesystem::perms(0700));
+  std::filesystem::permissions(file_, std::filesystem::perms(0600));
+
+  std::vector<KeptFigure> many;
+  for (int i = 0; i < 2000; ++i)
+    many.push_back({{FigureSource::kAttention, "kind " + std::to_string(i)}, cents(i), i});
+  {
+    const FileSizeLimit full(before.size());
+    EXPECT_THROW(History::create(file_).keep(store_, day("2026-11-24"), many), HistoryError);
+  }
+  EXPECT_EQ(kept(*History::open(file_), store_), std::vector<std::string>{"2026-11-23 0.01"});
+  History::create(file_).keep(store_, day("2026-11-24"), many);
+  EXPECT_EQ(History::open(file_)->days(store_).size(), 2U) << "with room again";
+}
+#endif
 
 TEST_F(HistoryTest, NothingIsKeptOnTheShare) {
   Surroundings surroundings;
