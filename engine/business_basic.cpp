@@ -112,7 +112,7 @@ cBusinessBasic::cBusinessBasic() {
   beginToResolve(workstation);
   const std::string linkShare = SystemInfo->linkShare();
   const std::string terminals = linkShare + "ttymap";
-  const std::string linkTable = linkShare + "LINKSFILE";
+  const std::string linkTable = linkShare + kLinkTable;
   for (const std::string& table : {terminals, linkTable})
     expectFile(table, FileAccess::kRead, Expected::kSoon);
   if (!shareIsReachable(linkShare)) {

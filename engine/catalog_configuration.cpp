@@ -46,6 +46,7 @@ bool readCatalogFile() {
   EpcInfo->DataShare = value("DataShare");
   EpcInfo->CatalogShare = "\\\\" + EpcInfo->Server + "\\" + value("CatalogShare") + "\\";
   EpcInfo->Directory = value("Directory");
+  if (!environment().directory.empty()) EpcInfo->Directory = environment().directory;
   EpcInfo->TerminalID = value("TerminalID");
   const std::string customerNumber = value("CustomerNumber");
   if (!customerNumber.empty()) EpcInfo->CustomerNumber = CLng(customerNumber);

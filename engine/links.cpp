@@ -1,6 +1,7 @@
 #include "engine/links.h"
 
 #include <algorithm>
+#include <set>
 #include <string_view>
 
 #include "engine/text_utilities.h"
@@ -49,6 +50,19 @@ void cLinks::load(const std::string& path) {
       Add(link, Trun(middle(entry, kResolutionNamePosition, kNameSize), true), link);
     }
   }
+}
+
+std::vector<std::string> cLinks::directories() const {
+  std::vector<std::string> names;
+  std::set<std::string> known;
+  for (const auto& link : NewEnum()) {
+    const std::string& name = link->LinkFile;
+    const std::size_t end = name.find(':', 1);
+    if (name.front() != ':' || end == std::string::npos || end == 1) continue;
+    std::string directory = name.substr(1, end - 1);
+    if (known.insert(upperCase(directory)).second) names.push_back(std::move(directory));
+  }
+  return names;
 }
 
 }  // namespace dg

@@ -2,10 +2,14 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/collection.h"
 
 namespace dg {
+
+/// Name of the link table in the root of the link share.
+inline constexpr const char* kLinkTable = "LINKSFILE";
 
 /// One entry of the link table: where the directory file of a logical file lies.
 class cLink {
@@ -23,6 +27,10 @@ class cLinks : public Collection<cLink> {
   /// Adds the entries of the table at `path`. A repeated link name is dropped: the first stays. A
   /// table that is not there has no links: nothing is created on the share.
   void load(const std::string& path);
+
+  /// The store directories that the entries belong to, in the order of their first entries; upper
+  /// and lower case are one. Names as they stand in the table: of any content.
+  std::vector<std::string> directories() const;
 };
 
 }  // namespace dg

@@ -150,4 +150,11 @@ Ageing ageingOf(OpenFamily family, const OpenItems& items, Date today) {
   return ageing;
 }
 
+std::string meaningOf(const KindResult& result) {
+  std::string text(entryOf(result.kind).meaning);
+  const std::size_t place = text.find('%');
+  if (place != std::string::npos) text.replace(place, 1, std::to_string(result.days.value_or(0)));
+  return text;
+}
+
 }  // namespace dg

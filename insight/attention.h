@@ -43,6 +43,9 @@ struct KindResult {
   std::optional<Date> oldest() const;
 };
 
+/// What the kind is, in one line, with its limit in it.
+std::string meaningOf(const KindResult& result);
+
 inline constexpr std::array<std::string_view, 5> kAgeBuckets = {"0-30", "31-60", "61-90", "over 90",
                                                                 "undated"};
 

@@ -15,6 +15,8 @@ struct Environment {
   std::string settingsFile;  ///< ini file of the per-user settings; empty: the system's own store
   std::string desktopFile =
       {};                       ///< what the desktop program remembers of this user; empty: nothing
+  /// Store directory in place of the one that the catalog file names; empty: the catalog's.
+  std::string directory = {};
   std::string dataFolder = {};  ///< what the program keeps for this user; empty: no such folder
   /// Directory of the operation log where it need not be `temp`: on Windows the value of "TEMP",
   /// set or not, while the temporary directory is what the system says.
@@ -22,11 +24,11 @@ struct Environment {
 };
 
 /// The process's environment. The first call fills it from the variables and the system: `temp`
-/// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `computerName` from
-/// $COMPUTERNAME, else the host name; `settingsFile` and `desktopFile` from
-/// $XDG_CONFIG_HOME, else ~/.config; `dataFolder` from $XDG_DATA_HOME, else ~/.local/share. On
-/// Windows the user's temporary directory, the system's computer name, the registry, and
-/// %LOCALAPPDATA% for the last two; no share root but by an option.
+/// from $TEMP, else $TMPDIR, else /tmp; `shareRoot` from $DG_SHARE_ROOT; `directory` from
+/// $DG_DIRECTORY; `computerName` from $COMPUTERNAME, else the host name; `settingsFile` and
+/// `desktopFile` from $XDG_CONFIG_HOME, else ~/.config; `dataFolder` from $XDG_DATA_HOME, else
+/// ~/.local/share. On Windows the user's temporary directory, the system's computer name, the
+/// registry, and %LOCALAPPDATA% for the last two; no share root but by an option.
 Environment& environment();
 
 /// A path that the program composed with backslashes, as this platform's: UNC paths are mapped

@@ -44,6 +44,10 @@ bool canStandOnShare(std::string_view name) {
 
 }  // namespace
 
+bool isShareName(std::string_view name) {
+  return canStandOnShare(name) && name.find('\\') == std::string_view::npos;
+}
+
 bool isSharePath(std::string_view path) {
   return path.substr(0, 2) == "\\\\";
 }

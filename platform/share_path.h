@@ -10,6 +10,9 @@ namespace dg {
 /// Whether a path is one of the network's, "\\server\share\...".
 bool isSharePath(std::string_view path);
 
+/// Whether a name is one that a share can hold, and one name only: it then leads to nowhere else.
+bool isShareName(std::string_view name);
+
 /// The names of a network path: the server, the share, and what follows. Runs of backslashes
 /// between later names count as one, a closing one does not count.
 ///

@@ -2,7 +2,9 @@
 
 #include "engine/business_basic.h"
 #include "engine/logical_file.h"
+#include "engine/open_file.h"
 #include "engine/state.h"
+#include "platform/file.h"
 #include "platform/text.h"
 #include "platform/values/run_time_error.h"
 #include "records/file_names.h"
@@ -14,6 +16,10 @@ namespace {
 
 /// Holds the company options, one character each.
 constexpr std::int32_t kOptionBlock = 401;
+/// The company record.
+constexpr std::int32_t kCompanyBlock = 1;
+constexpr std::size_t kStoreNamePosition = 151;
+constexpr std::size_t kStoreNameWidth = 35;
 
 }  // namespace
 
@@ -25,6 +31,24 @@ void expectStore() {
 
 std::string readControlBlock(std::int32_t block) {
   return readBlock(files::kControlFile, block);
+}
+
+std::string readStoreName(const std::string& directory) {
+  const auto control = openIfThere(directory + '\\' + files::kControlFile);
+  if (!control) throw RunTimeError(kFileNotFound);
+  std::string name(kStoreNameWidth, '\0');
+  const std::int64_t at = std::int64_t{kCompanyBlock} * kBlockSize + kStoreNamePosition - 1;
+  if (control->read(at, name.data(), name.size()) < name.size()) throw RunTimeError(kInputPastEnd);
+  return name;
+}
+
+std::string readStoreName(const cBusinessBasic& engine) {
+  const FileArgument control = engine.OpenFile(files::kControlFile);
+  bool orb = true;
+  const std::string company = engine.BlockReadFile(control, kCompanyBlock, orb);
+  std::string name(middle(company, kStoreNamePosition, kStoreNameWidth));
+  engine.CloseFile(control);
+  return name;
 }
 
 bool companyOption(std::int32_t position) {

@@ -38,10 +38,6 @@ constexpr std::string_view kWarrantySegments = "frmWarSeg";
 /// Every view has the same place and size.
 constexpr Bounds kViewBounds{.left = 110, .top = 110, .width = 10905, .height = 8445};
 
-/// The company record of the control file.
-constexpr std::int32_t kCompanyBlock = 1;
-constexpr std::size_t kStoreNamePosition = 151;
-constexpr std::size_t kStoreNameWidth = 35;
 constexpr const char* kNoStoreName = "Error finding Store Name";
 
 constexpr const char* kNoEngine = "Error... could not initialize cBusinessBasic. ";
@@ -165,11 +161,7 @@ std::string frmTRVN::GetStoreName() {
   trapErrors(
       [&] {
         if (!mainEngine_) throw RunTimeError(kObjectNotSet);
-        const FileArgument control = mainEngine_->OpenFile(files::kControlFile);
-        bool orb = true;
-        const std::string company = mainEngine_->BlockReadFile(control, kCompanyBlock, orb);
-        storeName = middle(company, kStoreNamePosition, kStoreNameWidth);
-        mainEngine_->CloseFile(control);
+        storeName = readStoreName(*mainEngine_);
       },
       [&](const RunTimeError& error) {
         LastError = shellFailureText("Error in GetStoreName function ", error);

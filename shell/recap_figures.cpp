@@ -76,6 +76,10 @@ const RecapFigure& recapFigure(Figure figure) {
   return *std::ranges::find(kFigures, figure, &RecapFigure::figure);
 }
 
+double profitRate(Currency sales, Currency cost) {
+  return sales == Currency() ? 0 : (sales - cost).toDouble() / sales.toDouble();
+}
+
 const RecapHeading& recapHeading(RecapBlock block) {
   return kHeadings[static_cast<std::size_t>(block)];
 }

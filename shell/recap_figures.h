@@ -82,6 +82,11 @@ const RecapFigure& recapFigure(Figure figure);
 /// Columns of the block of sales and profit: sales, cost and rate.
 inline constexpr int kProfitColumns = 3;
 
+/// How the recap shows a rate.
+inline constexpr std::string_view kRecapRateMask = "00.00%";
+/// Gross profit as a fraction of the sales; 0 without sales.
+double profitRate(Currency sales, Currency cost);
+
 /// The heading of a block: name of the label, and its text.
 struct RecapHeading {
   std::string_view label;

@@ -67,7 +67,7 @@ Words helpOptions(const std::string& command) {
 TEST(DgtoolCompletionTest, EveryLongOptionIsCompleted) {
   for (const char* command :
        {"", "report", "inspect", "inspect files", "inspect keys", "inspect record", "attention",
-        "snapshot", "history", "check", "sample"}) {
+        "snapshot", "history", "brief", "recap", "stores", "check", "sample"}) {
     const Words options = helpOptions(command);
     EXPECT_TRUE(options.contains("--version")) << command;
     EXPECT_EQ(completions(command, "--"), options) << command;
@@ -86,8 +86,9 @@ TEST(DgtoolCompletionTest, EveryLongOptionIsInTheManual) {
     }
     return false;
   };
-  for (const char* command : {"report", "inspect files", "inspect keys", "inspect record",
-                              "attention", "snapshot", "history", "check", "sample"}) {
+  for (const char* command :
+       {"report", "inspect files", "inspect keys", "inspect record", "attention", "snapshot",
+        "history", "brief", "recap", "stores", "check", "sample"}) {
     for (const std::string& option : helpOptions(command)) {
       if (option == "--help" || option == "--version") continue;
       EXPECT_TRUE(isDescribed(option)) << command << " " << option;
@@ -96,8 +97,8 @@ TEST(DgtoolCompletionTest, EveryLongOptionIsInTheManual) {
 }
 
 TEST(DgtoolCompletionTest, CommandsAndViewsAreCompleted) {
-  EXPECT_EQ(completions("", ""),
-            (Words{"report", "inspect", "attention", "snapshot", "history", "check", "sample"}));
+  EXPECT_EQ(completions("", ""), (Words{"report", "inspect", "attention", "snapshot", "history",
+                                        "brief", "recap", "stores", "check", "sample"}));
   EXPECT_EQ(completions("inspect", ""), (Words{"files", "keys", "record"}));
   EXPECT_EQ(completions("report --view", "frmGL"), (Words{"frmGLA", "frmGLL"}));
   const Words views = completions("report --view", "");

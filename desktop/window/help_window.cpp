@@ -39,6 +39,8 @@ constexpr HelpPage kPages[] = {
     {"today", QT_TRANSLATE_NOOP("HelpWindow", "Today"), "today"},
     {"charts", QT_TRANSLATE_NOOP("HelpWindow", "Charts"), "charts"},
     {"history", QT_TRANSLATE_NOOP("HelpWindow", "History"), "history"},
+    {"morning-report", QT_TRANSLATE_NOOP("HelpWindow", "Morning report"), "morningReport"},
+    {"stores", QT_TRANSLATE_NOOP("HelpWindow", "Stores"), "stores"},
     {"accounts-receivable", QT_TRANSLATE_NOOP("HelpWindow", "Accounts Receivable"), ""},
     {"billed-warranties", QT_TRANSLATE_NOOP("HelpWindow", "Billed Warranties"), ""},
     {"ledger-assets", QT_TRANSLATE_NOOP("HelpWindow", "G/L Assets"), ""},

@@ -19,9 +19,11 @@
 #include "desktop/print/print_document.h"
 #include "desktop/recap/history_keeper.h"
 #include "desktop/recap/recap_view.h"
+#include "desktop/recap/stores_page.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_bar.h"
+#include "desktop/window/message_boxes.h"
 #include "desktop/window/notice_strip.h"
 #include "desktop/window/platform_help.h"
 #include "desktop/window/share_waiting.h"
@@ -164,6 +166,16 @@ void MainWindow::connectForm() {
   connect(menus_->history(), &QAction::triggered, this, [this] {
     if (!form_.loading()) views_->showHistory();
   });
+  connect(menus_->morningReport(), &QAction::triggered, this, [this] {
+    if (!form_.loading()) views_->offerMorningReport();
+  });
+  connect(menus_->stores(), &QAction::triggered, this, [this] {
+    if (!form_.loading()) views_->showStores();
+  });
+  connect(views_, &ViewStack::storeRequested, this, [this](const QString& directory) {
+    if (!openStoreWindow(directory))
+      showWarning(this, tr("Stores"), tr("A second window cannot be opened."));
+  });
   // No node stands for the charts; the last one is marked again with the next click.
   connect(views_, &ViewStack::chartsOpened, tree_, &TreePanel::unmark);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
@@ -277,6 +289,7 @@ void MainWindow::showHelp() {
   if (help_ == nullptr) help_ = new HelpWindow;
   const View* view = form_.CurrentView();
   if (views_->todayShown()) return help_->showPage("today");
+  if (views_->storesShown()) return help_->showPage("stores");
   if (form_.CurrentView() == nullptr) {
     help_->showPage("frmViewLog");  // nothing was loaded: what can be done then stands there
     return;

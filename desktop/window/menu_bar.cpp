@@ -28,6 +28,14 @@ constexpr Accelerator kAccelerators[] = {
     {"mhelp", 0, Qt::Key_F1},
 };
 
+/// An item that the shell's tables do not have.
+QAction* addOwn(QMenu& menu, const QString& text, const char* name) {
+  QAction* action = menu.addAction(text);
+  action->setObjectName(QString::fromLatin1(name));
+  action->setMenuRole(QAction::NoRole);
+  return action;
+}
+
 }  // namespace
 
 MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
@@ -36,15 +44,11 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
     menu->setObjectName(QString::fromUtf8(head.name.data(), static_cast<int>(head.name.size())));
     fill(*menu, head.items);
     if (head.items == "mview") {
-      charts_ = menu->addAction(tr("Charts"));
-      charts_->setObjectName(QStringLiteral("charts"));
-      charts_->setMenuRole(QAction::NoRole);
-      today_ = menu->addAction(tr("Today"));
-      today_->setObjectName(QStringLiteral("today"));
-      today_->setMenuRole(QAction::NoRole);
-      history_ = menu->addAction(tr("History"));
-      history_->setObjectName(QStringLiteral("history"));
-      history_->setMenuRole(QAction::NoRole);
+      charts_ = addOwn(*menu, tr("Charts"), "charts");
+      today_ = addOwn(*menu, tr("Today"), "today");
+      history_ = addOwn(*menu, tr("History"), "history");
+      morningReport_ = addOwn(*menu, tr("Morning Report..."), "morningReport");
+      stores_ = addOwn(*menu, tr("Stores"), "stores");
     }
     if (head.items == "mopt") {
       table_ = addMenu(tr(kTable));

@@ -6,8 +6,8 @@
 
 namespace dg {
 
-/// The main window's menus, as the shell's tables have them, and "Charts" behind the last item of
-/// the View menu; the menu "Table" behind "Options".
+/// The main window's menus, as the shell's tables have them, and pages of the program's own behind
+/// the last item of the View menu; the menu "Table" behind "Options".
 class MenuBar : public QMenuBar {
   Q_OBJECT
 
@@ -21,6 +21,8 @@ class MenuBar : public QMenuBar {
   /// The captions of all menus.
   static QStringList captions();
   QAction* history() const { return history_; }
+  QAction* morningReport() const { return morningReport_; }
+  QAction* stores() const { return stores_; }
   /// The added menu of what can be done with a table; filled by who shows it.
   QMenu* tableMenu() const { return table_; }
   /// Disables what needs a store that was read: File/Refresh and the whole View menu.
@@ -35,6 +37,8 @@ class MenuBar : public QMenuBar {
   QAction* charts_ = nullptr;
   QAction* today_ = nullptr;
   QAction* history_ = nullptr;
+  QAction* morningReport_ = nullptr;
+  QAction* stores_ = nullptr;
   QMenu* table_ = nullptr;
 };
 

@@ -3,7 +3,9 @@
 #include "desktop/recap/charts_page.h"
 #include "desktop/recap/history_keeper.h"
 #include "desktop/recap/history_page.h"
+#include "desktop/recap/morning_report.h"
 #include "desktop/recap/recap_view.h"
+#include "desktop/recap/stores_page.h"
 #include "desktop/recap/today_page.h"
 #include "desktop/window/access_keys.h"
 #include "desktop/window/form_view.h"
@@ -95,6 +97,27 @@ void ViewStack::showHistory() {
   setCurrentWidget(history_);
   history_->setFocus();
   Q_EMIT chartsOpened();
+}
+
+void ViewStack::showStores() {
+  if (stores_ == nullptr) {
+    stores_ = new StoresPage(StoresPage::findTool(), this);
+    connect(stores_, &StoresPage::recapRequested, this, &ViewStack::recapRequested);
+    connect(stores_, &StoresPage::storeRequested, this, &ViewStack::storeRequested);
+    addWidget(stores_);
+    stores_->load();
+  }
+  setCurrentWidget(stores_);
+  stores_->setFocus();
+  Q_EMIT chartsOpened();
+}
+
+void ViewStack::offerMorningReport() {
+  dg::offerMorningReport(window(), main_, work_, *keeper_);
+}
+
+bool ViewStack::storesShown() const {
+  return stores_ != nullptr && currentWidget() == stores_;
 }
 
 bool ViewStack::historyShown() const {

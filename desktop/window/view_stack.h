@@ -12,6 +12,7 @@ class TodayPage;
 class TodaysWork;
 class HistoryKeeper;
 class HistoryPage;
+class StoresPage;
 
 /// The client area of the main window: the views, one of which is on show, the charts, and what
 /// needs attention today.
@@ -28,6 +29,9 @@ class ViewStack : public QStackedWidget {
   void showCharts();
   void showToday();
   void showHistory();
+  /// Reads the stores when they are first shown.
+  void showStores();
+  void offerMorningReport();
   /// Shows a page that is no view's in the place of one.
   void showStandIn(QWidget* page);
   /// Forgets a form that is about to go; nothing when it has no page.
@@ -41,6 +45,7 @@ class ViewStack : public QStackedWidget {
   bool chartsShown() const;
   bool todayShown() const;
   bool historyShown() const;
+  bool storesShown() const;
   HistoryKeeper& keeper() const { return *keeper_; }
   /// The page of a view, or null.
   QWidget* pageOf(const Form& form) const;
@@ -50,6 +55,7 @@ class ViewStack : public QStackedWidget {
   void recapRequested();
   void logRequested();
   void viewRequested(const QString& view);
+  void storeRequested(const QString& directory);
 
  private:
   QWidget* makePage(View& view);
@@ -62,6 +68,7 @@ class ViewStack : public QStackedWidget {
   ChartsPage* charts_ = nullptr;
   TodayPage* today_ = nullptr;
   HistoryPage* history_ = nullptr;
+  StoresPage* stores_ = nullptr;
 };
 
 }  // namespace dg

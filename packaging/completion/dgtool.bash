@@ -2,7 +2,7 @@
 
 # The long options of a command.
 _dgtool_options() {
-  local store='--store --temp --share-root --computer --settings --as-of --no-log'
+  local store='--store --temp --share-root --computer --directory --settings --as-of --no-log'
   case $1 in
     report) echo "--view --json --csv --xlsx --details --refresh --click $store" ;;
     'inspect files') echo "--json $store" ;;
@@ -11,15 +11,18 @@ _dgtool_options() {
     attention) echo "--kind --all --limit --json --csv $store" ;;
     snapshot) echo "--history $store" ;;
     history) echo "--history --figure --since --json --csv $store" ;;
+    brief) echo "--html --eml --from --to --subject --xlsx --stores --history $store" ;;
+    recap) echo "--stores --json --csv --xlsx --progress $store" ;;
+    stores) echo "--json $store" ;;
     check) echo "--quick --json --limit $store" ;;
-    sample) echo '--seed --scale --as-of --warranty-segments' ;;
+    sample) echo '--seed --scale --stores --as-of --warranty-segments' ;;
   esac
   echo '--help --version'
 }
 
 _dgtool_commands() {
   case $1 in
-    '') echo 'report inspect attention snapshot history check sample' ;;
+    '') echo 'report inspect attention snapshot history brief recap stores check sample' ;;
     inspect) echo 'files keys record' ;;
   esac
 }
@@ -39,11 +42,13 @@ _dgtool() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     word=${COMP_WORDS[i]}
     case "$command $word" in
-      ' report' | ' inspect' | ' attention' | ' snapshot' | ' history' | ' check' | ' sample') command=$word ;;
+      ' report' | ' inspect' | ' attention' | ' snapshot' | ' history' | ' brief' | ' recap' | ' stores' | ' check' | ' sample') command=$word ;;
       'inspect files' | 'inspect keys' | 'inspect record') command="inspect $word" ;;
     esac
   done
 
+  # The workbook of a mail goes with it, that of other commands into a file.
+  [[ $previous == --xlsx && $command != brief ]] && previous=--html
   case $previous in
     --kind)
       mapfile -t COMPREPLY < <(compgen -W "$_dgtool_kinds" -- "$current")
@@ -58,12 +63,12 @@ _dgtool() {
       mapfile -t COMPREPLY < <(compgen -d -- "$current")
       return
       ;;
-    --settings | --xlsx | --history)
+    --settings | --html | --eml | --history)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$current")
       return
       ;;
-    --click | --csv | --figure | --since | --computer | --as-of | --find | --limit | --as | --seed | --scale)
+    --click | --csv | --directory | --from | --to | --subject | --stores | --figure | --since | --computer | --as-of | --find | --limit | --as | --seed | --scale)
       return
       ;;
   esac

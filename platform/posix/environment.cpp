@@ -54,6 +54,7 @@ Environment environmentFromSystem() {
   Environment found;
   found.temp = firstSet(firstSet(variable("TEMP"), variable("TMPDIR")), "/tmp");
   found.shareRoot = variable("DG_SHARE_ROOT");
+  found.directory = variable("DG_DIRECTORY");
   found.computerName = firstSet(variable("COMPUTERNAME"), hostName());
   const std::string config = userFolder("XDG_CONFIG_HOME", "/.config");
   found.settingsFile = below(config, "/DealerGauge.ini");

@@ -56,6 +56,7 @@ Environment environmentFromSystem() {
     found.dataFolder = local + "\\DealerGauge";
     found.desktopFile = found.dataFolder + "\\desktop.ini";
   }
+  found.directory = variable("DG_DIRECTORY");
   found.computerName = systemComputerName();
   return found;
 }

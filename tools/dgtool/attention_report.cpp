@@ -33,14 +33,6 @@ std::string counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " item" : " items");
 }
 
-/// The kind's meaning with its limit in it.
-std::string meaning(const KindResult& result) {
-  std::string text(entryOf(result.kind).meaning);
-  const std::size_t place = text.find('%');
-  if (place != std::string::npos) text.replace(place, 1, std::to_string(result.days.value_or(0)));
-  return text;
-}
-
 Json kindJson(const KindResult& result) {
   Json json = {{"kind", entryOf(result.kind).name}};
   if (result.days) json["days"] = *result.days;
@@ -95,7 +87,7 @@ void writeKindText(std::ostream& out, const KindResult& result) {
     return;
   }
   out << counted(result.rows.size()) << ", " << money(result.amount) << '\n'
-      << "  " << meaning(result) << "\n\n";
+      << "  " << meaningOf(result) << "\n\n";
   const std::size_t shownRows = std::min(result.rows.size(), kShownRows);
   std::size_t widest = 0;
   for (std::size_t i = 0; i < shownRows; ++i)

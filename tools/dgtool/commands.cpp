@@ -1,13 +1,16 @@
 // The table of dgtool's commands.
 
 #include "tools/dgtool/attention_command.h"
+#include "tools/dgtool/brief_command.h"
 #include "tools/dgtool/check_command.h"
 #include "tools/dgtool/command.h"
 #include "tools/dgtool/history_command.h"
 #include "tools/dgtool/inspect.h"
+#include "tools/dgtool/recap_command.h"
 #include "tools/dgtool/report_command.h"
 #include "tools/dgtool/sample_command.h"
 #include "tools/dgtool/snapshot_command.h"
+#include "tools/dgtool/stores_command.h"
 
 namespace dg {
 
@@ -34,6 +37,9 @@ constexpr CommandEntry kCommands[] = {
     {"",        "attention", "Show what needs attention today, and the age of what is open", &make<AttentionCommand>},
     {"",        "snapshot", "Keep today's figures in the history",         &makeWithViews<SnapshotCommand>},
     {"",        "history", "Show the kept figures and how they changed",           &make<HistoryCommand>},
+    {"",        "brief",   "Write the morning report as a page or a mail",             &makeWithViews<BriefCommand>},
+    {"",        "recap",   "Show the recaps of several stores side by side",           &makeWithViews<RecapCommand>},
+    {"",        "stores",  "List the store directories that the share knows",          &make<StoresCommand>},
     {"",        "check",   "Examine a store's files for damage", &make<CheckCommand>},
     {"",        "sample",  "Write a complete example store",     &make<SampleCommand>},
 };

@@ -9,6 +9,7 @@
 #include "platform/text.h"
 #include "tools/dgtool/history_command.h"
 #include "tools/dgtool/history_option.h"
+#include "tools/dgtool/text_table.h"
 #include "tools/dgtool/window_json.h"
 
 namespace dg {
@@ -47,11 +48,6 @@ Json figureJson(const FigureHistory& figure) {
   return result;
 }
 
-std::string padded(const std::string& text, std::size_t width, bool right) {
-  const std::string blanks(width > text.size() ? width - text.size() : 0, ' ');
-  return right ? blanks + text : text + blanks;
-}
-
 std::string percentCell(const std::optional<Change>& change) {
   if (!change || !change->percent) return "-";
   return (change->percent->starts_with('-') ? "" : "+") + *change->percent + "%";
@@ -60,32 +56,6 @@ std::string percentCell(const std::optional<Change>& change) {
 std::string countedDays(std::size_t days) {
   return std::to_string(days) + (days == 1 ? " day" : " days");
 }
-
-/// A table of texts, each column as wide as its widest; the first one to the left.
-class TextTable {
- public:
-  void add(std::vector<std::string> row) {
-    widths_.resize(std::max(widths_.size(), row.size()));
-    for (std::size_t i = 0; i < row.size(); ++i)
-      widths_[i] = std::max(widths_[i], row[i].size());
-    rows_.push_back(std::move(row));
-  }
-  /// Writes each row, and behind it what the function gives for its index.
-  template <class Tail>
-  void write(std::ostream& out, Tail tail) const {
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-      std::string line;
-      for (std::size_t i = 0; i < rows_[row].size(); ++i)
-        line += (i == 0 ? "" : "  ") + padded(rows_[row][i], widths_[i], i > 0);
-      line += "  " + tail(row);
-      out << trimRight(line) << '\n';
-    }
-  }
-
- private:
-  std::vector<std::vector<std::string>> rows_;
-  std::vector<std::size_t> widths_;
-};
 
 }  // namespace
 

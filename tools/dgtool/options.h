@@ -14,6 +14,7 @@ struct StoreOptions {
   std::string temp;       ///< directory of the catalog file and the operation log
   std::string shareRoot;  ///< folder that holds server/share/...
   std::string computer;   ///< this workstation's name
+  std::string directory;  ///< store directory in place of the catalog's
   std::string settings;   ///< ini file of the per-user settings
   std::optional<Date> asOf;
   bool noLog = false;

@@ -33,6 +33,10 @@ void SampleCommand::addOptions(CLI::App& app) {
       ->type_name("N")
       ->capture_default_str()
       ->check(CLI::Range(1, 1000));
+  app.add_option("--stores", options_.stores, "Number of stores on the server")
+      ->type_name("N")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 99));
   addParsed(app, "--as-of", options_.asOf, parseMoment, "a day such as 2026-11-24",
             "The day on which the store stands; today if not given")
       ->type_name("DAY");
@@ -46,7 +50,8 @@ int SampleCommand::run(const Console& console) {
     writeSampleStore(options_.folder, {.seed = options_.seed,
                                        .scale = options_.scale,
                                        .asOf = options_.asOf.value_or(today),
-                                       .warrantySegments = options_.warrantySegments});
+                                       .warrantySegments = options_.warrantySegments,
+                                       .stores = options_.stores});
   } catch (const RunTimeError& error) {
     throw explained(error, options_.folder);
   }

@@ -12,6 +12,7 @@ struct SampleCommandOptions {
   std::string folder;
   std::uint64_t seed = 1;
   int scale = 1;
+  int stores = 1;
   std::optional<Date> asOf;
   bool warrantySegments = false;
 };

@@ -28,6 +28,7 @@ void applyOptions(const StoreOptions& options, Surroundings& surroundings) {
   if (!options.temp.empty()) surroundings.useTemp(options.temp);
   if (!options.shareRoot.empty()) place.shareRoot = options.shareRoot;
   if (!options.computer.empty()) place.computerName = options.computer;
+  if (!options.directory.empty()) place.directory = options.directory;
   if (!options.settings.empty()) place.settingsFile = options.settings;
   if (options.asOf) surroundings.useClock(options.asOf);
 }
@@ -54,6 +55,12 @@ void Session::openEngine() {
   connectFailureLog();
   ReadCatalogConfiguration();
   if (storeReachable()) return;
+  complain();
+  throw UsageError("the store cannot be reached");
+}
+
+void Session::locateServer() {
+  if (readCatalogFile() && shareIsReachable(SystemInfo->linkShare())) return;
   complain();
   throw UsageError("the store cannot be reached");
 }

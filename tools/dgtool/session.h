@@ -29,6 +29,10 @@ class Session {
   /// cannot be reached.
   void openEngine();
 
+  /// Finds the server without an engine: SystemInfo then names it. Raises UsageError when there is
+  /// no catalog file or its share cannot be reached.
+  void locateServer();
+
   /// Finds the store without an engine, for a command that wants it however damaged it is:
   /// SystemInfo then names server and directory. Raises UsageError when the share or the store's
   /// directory cannot be reached.

@@ -16,6 +16,7 @@ void addStoreOptions(CLI::App& app, StoreOptions& store) {
   text("--temp", store.temp, "DIR", "Folder of cQTCatalog.ini and of the operation log");
   text("--share-root", store.shareRoot, "DIR", "Folder that holds SERVER/SHARE/...");
   text("--computer", store.computer, "NAME", "Name of this workstation");
+  text("--directory", store.directory, "NAME", "Store directory in place of the catalog's");
   text("--settings", store.settings, "FILE", "File of the saved account lists");
   addParsed(app, "--as-of", store.asOf, parseMoment, "a moment such as 2026-11-24T10:30:00",
             "Date and time to take for now, as 2026-11-24T10:30:00")

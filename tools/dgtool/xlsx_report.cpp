@@ -39,17 +39,20 @@ void checkWorkbookPath(const std::string& file) {
   }
 }
 
+std::string reportWorkbook(const frmTRVN& main, const std::vector<View*>& views) {
+  Workbook book;
+  book.setTitle(std::string(kProgramName) + " - " + std::string(trim(main.lblStoreName.caption())));
+  for (const View* view : views) {
+    if (view->name() == "frmRecap") addFormSheet(book, *view);
+  }
+  for (const View* view : views)
+    writeViewSheets(book, *view);
+  return book.finish();
+}
+
 bool writeXlsxReport(const ReportInput& input) {
   try {
-    Workbook book;
-    book.setTitle(std::string(kProgramName) + " - " +
-                  std::string(trim(input.main.lblStoreName.caption())));
-    for (const View* view : input.views) {
-      if (view->name() == "frmRecap") addFormSheet(book, *view);
-    }
-    for (const View* view : input.views)
-      writeViewSheets(book, *view);
-    writeExport(pathFromBytes(input.argument), book.finish());
+    writeExport(pathFromBytes(input.argument), reportWorkbook(input.main, input.views));
   } catch (const ExportError& error) {
     throw UsageError(error.what());
   }

@@ -11,6 +11,9 @@ namespace dg {
 /// Raises UsageError when it cannot be written.
 bool writeXlsxReport(const ReportInput& input);
 
+/// The same workbook's bytes. Raises ExportError.
+std::string reportWorkbook(const frmTRVN& main, const std::vector<View*>& views);
+
 /// Raises UsageError when a workbook cannot be written at this path: before the work is done.
 void checkWorkbookPath(const std::string& file);
 

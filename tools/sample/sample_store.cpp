@@ -42,9 +42,11 @@ constexpr Family kFamilies[] = {
 };
 
 constexpr int kGreatestScale = 1000;
+constexpr int kMostStores = 99;
 
 void requireUsable(const SampleOptions& options) {
   const bool usable = options.scale >= 1 && options.scale <= kGreatestScale &&
+                      options.stores >= 1 && options.stores <= kMostStores &&
                       options.indexFill >= 1 && options.indexFill <= 100 &&
                       options.asOf.year() >= 1970 && options.asOf.year() <= 2099;
   if (!usable) throw RunTimeError(kInvalidProcedureCall);
@@ -62,18 +64,38 @@ class MaskTableGuard {
   std::string former_;
 };
 
-}  // namespace
-
-std::vector<SampleFile> composeSampleStore(const SampleOptions& options) {
-  requireUsable(options);
-  const MaskTableGuard guard;
-  StoreBuilder builder(options);
+void fill(StoreBuilder& builder, const SampleOptions& options) {
   SampleWorld world;
   for (const Family& family : kFamilies) {
     Random random(options.seed, family.name);
     family.add(builder, random, options, world);
   }
-  return builder.finish();
+}
+
+/// "LNK002" for store 2.
+std::string directoryName(int number) {
+  const std::string digits = std::to_string(number);
+  return "LNK" + std::string(3 - digits.size(), '0') + digits;
+}
+
+}  // namespace
+
+std::vector<SampleFile> composeSampleStore(const SampleOptions& options) {
+  requireUsable(options);
+  const MaskTableGuard guard;
+  std::vector<OtherStore> others;
+  for (int number = 2; number <= options.stores; ++number) {
+    SampleOptions own = options;
+    own.seed = options.seed + static_cast<std::uint64_t>(number) - 1;
+    OtherStore other{.directory = directoryName(number), .files = {}};
+    StoreBuilder builder(own);
+    fill(builder, own);
+    other.files = builder.finishOther(other.directory);
+    others.push_back(std::move(other));
+  }
+  StoreBuilder builder(options);
+  fill(builder, options);
+  return builder.finish(std::move(others));
 }
 
 void writeSampleStore(const std::string& folder, const SampleOptions& options) {

@@ -14,6 +14,7 @@ struct SampleOptions {
   int scale = 1;                  ///< multiplies the number of records; 1 is a small dealership
   Date asOf = Date(46350);        ///< the day on which the store stands; dates lie before it
   bool warrantySegments = false;  ///< warranty claims per segment instead of whole ones
+  int stores = 1;  ///< on the server; others than the first are of seeds that follow the first's
   int indexFill = 60;  ///< percent of an index node that is in use; less makes more levels
 };
 
@@ -24,8 +25,9 @@ struct SampleFile {
 };
 
 /// All files of an example store, in the order in which they are written. Names and figures are
-/// invented. The workstation "PC7" is terminal 12 of server "SRV1", store directory "LNK001".
-/// Raises 5 for a scale, a fill or a day that makes no store.
+/// invented. The workstation "PC7" is terminal 12 of server "SRV1", store directory "LNK001";
+/// further stores are "LNK002" and so on. Raises 5 for a scale, a fill or a day that makes no
+/// store.
 std::vector<SampleFile> composeSampleStore(const SampleOptions& options);
 
 /// Writes a complete example store into a folder: share/, temp/ and config/. The folder is made

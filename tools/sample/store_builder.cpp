@@ -1,6 +1,7 @@
 #include "tools/sample/store_builder.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/ini_file.h"
@@ -17,13 +18,13 @@ std::string linkShare() {
   return "share/" + std::string(kServer) + "/VLMRLNK/";
 }
 
-std::string inStoreDirectory(std::string_view name) {
-  return linkShare() + std::string(kDirectory) + "/" + std::string(name);
+std::string inDirectory(std::string_view directory, std::string_view name) {
+  return linkShare() + std::string(directory) + "/" + std::string(name);
 }
 
 /// The directory file of a data file as the link table names it.
-std::string resolution(std::string_view dataFile) {
-  return std::string(kDirectory) + ":" + std::string(dataFile) + "LK";
+std::string resolution(std::string_view directory, std::string_view dataFile) {
+  return std::string(directory) + ":" + std::string(dataFile) + "LK";
 }
 
 }  // namespace
@@ -71,7 +72,7 @@ IndexFile& StoreBuilder::index(std::string_view name) {
 }
 
 void StoreBuilder::addFile(std::string_view name, std::string content) {
-  plainFiles_.push_back({inStoreDirectory(name), std::move(content)});
+  plainFiles_.push_back({std::string(name), std::move(content)});
 }
 
 void StoreBuilder::saveSetting(std::string_view section, std::string_view key,
@@ -79,7 +80,7 @@ void StoreBuilder::saveSetting(std::string_view section, std::string_view key,
   settings_ = withIniValue(settings_, section, key, value);
 }
 
-void StoreBuilder::addDataFiles(std::vector<SampleFile>& files) {
+void StoreBuilder::addDataFiles(std::vector<SampleFile>& files, std::string_view directory) {
   std::vector<std::string_view> stems;
   for (const LogicalFile& file : logicalFiles_) {
     if (std::find(stems.begin(), stems.end(), file.layout->dataFile) == stems.end())
@@ -93,31 +94,45 @@ void StoreBuilder::addDataFiles(std::vector<SampleFile>& files) {
       file.records.reset();
       file.index.reset();
     }
-    files.push_back({inStoreDirectory(std::string(stem) + "LK"), dataFile.directory()});
-    files.push_back({inStoreDirectory(std::string(stem) + "DB"), dataFile.takeData()});
+    files.push_back({inDirectory(directory, std::string(stem) + "LK"), dataFile.directory()});
+    files.push_back({inDirectory(directory, std::string(stem) + "DB"), dataFile.takeData()});
   }
 }
 
-std::string StoreBuilder::links() const {
+std::string StoreBuilder::links(const std::vector<OtherStore>& others) const {
   LinkTable table;
-  for (const LogicalFile& file : logicalFiles_)
-    table.add(kDirectory, file.layout->name, resolution(file.layout->dataFile));
+  const auto addStore = [&](std::string_view directory) {
+    for (const LogicalFile& file : logicalFiles_)
+      table.add(directory, file.layout->name, resolution(directory, file.layout->dataFile));
+  };
+  addStore(kDirectory);
   table.addUnused();
-  // A repeated name leads nowhere: the first entry is the one that counts. The last entry is that
-  // of another store on the same server, whose directory is not there.
+  // A repeated name leads nowhere: the first entry is the one that counts.
   table.add(kDirectory, logicalFiles_.front().layout->name, "LNK000:GONELK");
-  table.add("LNK002", "LINEL", "LNK002:PARTLK");
+  for (const OtherStore& other : others)
+    addStore(other.directory);
+  // The last entry is that of another store on the same server, whose directory is not there.
+  if (others.empty()) table.add("LNK002", "LINEL", "LNK002:PARTLK");
   return table.bytes();
 }
 
-std::vector<SampleFile> StoreBuilder::finish() {
+std::vector<SampleFile> StoreBuilder::finishOther(std::string_view directory) {
   std::vector<SampleFile> files;
-  files.push_back({linkShare() + "LINKSFILE", links()});
-  files.push_back({linkShare() + "ttymap", terminalTable()});
-  files.push_back({inStoreDirectory("FILE0"), controlFile_.bytes()});
-  addDataFiles(files);
-  std::move(plainFiles_.begin(), plainFiles_.end(), std::back_inserter(files));
+  files.push_back({inDirectory(directory, "FILE0"), controlFile_.bytes()});
+  addDataFiles(files, directory);
+  for (SampleFile& file : plainFiles_)
+    files.push_back({inDirectory(directory, file.path), std::move(file.content)});
   plainFiles_.clear();
+  return files;
+}
+
+std::vector<SampleFile> StoreBuilder::finish(std::vector<OtherStore> others) {
+  std::vector<SampleFile> files;
+  files.push_back({linkShare() + "LINKSFILE", links(others)});
+  files.push_back({linkShare() + "ttymap", terminalTable()});
+  std::ranges::move(finishOther(kDirectory), std::back_inserter(files));
+  for (OtherStore& other : others)
+    std::ranges::move(other.files, std::back_inserter(files));
   files.push_back({"temp/cQTCatalog.ini", catalogSettings()});
   files.push_back({"config/DealerGauge.ini", settings_});
   return files;

@@ -13,6 +13,12 @@
 
 namespace dg::sample {
 
+/// A store beside the first one on the same server.
+struct OtherStore {
+  std::string directory;
+  std::vector<SampleFile> files;
+};
+
 /// An example store in the making: the families add records, keys and files to it, and finish()
 /// turns all of it into the files of a store.
 class StoreBuilder {
@@ -35,15 +41,18 @@ class StoreBuilder {
   /// Sets a per-user setting of the program.
   void saveSetting(std::string_view section, std::string_view key, std::string_view value);
 
-  /// The store's files. The builder is used up by it.
-  std::vector<SampleFile> finish();
+  /// The store's files and those of its server and workstation, with what other builders gave. The
+  /// builder is used up by it.
+  std::vector<SampleFile> finish(std::vector<OtherStore> others = {});
+  /// The files of a store beside the first one: its directory alone. The builder is used up by it.
+  std::vector<SampleFile> finishOther(std::string_view directory);
 
  private:
   struct LogicalFile;
 
   LogicalFile& find(std::string_view name, char type);
-  void addDataFiles(std::vector<SampleFile>& files);
-  std::string links() const;
+  void addDataFiles(std::vector<SampleFile>& files, std::string_view directory);
+  std::string links(const std::vector<OtherStore>& others) const;
 
   std::vector<LogicalFile> logicalFiles_;
   ControlFile controlFile_;

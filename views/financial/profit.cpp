@@ -16,7 +16,6 @@ namespace dg {
 namespace {
 
 constexpr std::string_view kAmountMask = "$##,###,##0.00";
-constexpr std::string_view kTotalRateMask = "00.00%";
 constexpr std::string_view kRateMask = "##.0%";
 
 constexpr ColumnSpec money(std::string_view name, std::string_view caption,
@@ -79,11 +78,6 @@ struct Totals {
   Currency cost;
 };
 
-/// Gross profit as a fraction of the sales; 0 without sales.
-double profitRate(Currency sales, Currency cost) {
-  return sales == Currency() ? 0 : (sales - cost).toDouble() / sales.toDouble();
-}
-
 }  // namespace
 
 frmProfit::frmProfit()
@@ -130,7 +124,7 @@ void frmProfit::GetProfit() {
     const auto& [sales, cost] = totals[i];
     writeRecap(kPeriods[i].salesFigure, Format(sales, kAmountMask));
     writeRecap(kPeriods[i].costFigure, Format(cost, kAmountMask));
-    writeRecap(kPeriods[i].rateFigure, Format(profitRate(sales, cost), kTotalRateMask));
+    writeRecap(kPeriods[i].rateFigure, Format(profitRate(sales, cost), kRecapRateMask));
   }
 }
 
