@@ -24,8 +24,7 @@ void takeHistory(BriefStore& store, const frmTRVN& main, const History& history,
   const StoreKey key = currentStore();
   store.changes = recapChanges(history, key, main, today);
   for (const RecapFigure& figure : recapFigures()) {
-    FigureHistory line =
-        readFigure(history, key, {FigureSource::kRecap, std::string(figure.name)});
+    FigureHistory line = readFigure(history, key, {FigureSource::kRecap, std::string(figure.name)});
     std::erase_if(line.values, [today](const KeptValue& value) { return today < value.day; });
     if (line.values.size() > 1) store.lines.push_back(std::move(line));
   }

@@ -76,9 +76,8 @@ std::string Page::write() {
     const HtmlScope body(html_, "body");
     {
       const HtmlScope header(html_, "header");
-      const std::string store = brief_.isGroup
-                                    ? counted(brief_.stores.size(), "store", "stores")
-                                    : terminalText(brief_.stores.front().recap.name);
+      const std::string store = brief_.isGroup ? counted(brief_.stores.size(), "store", "stores")
+                                               : terminalText(brief_.stores.front().recap.name);
       html_.element("h1", store);
       html_.element("p",
                     "Morning report. Figures as of " + brief_.moment.shortDateText() + " " +
@@ -101,8 +100,7 @@ void Page::head() {
   const HtmlScope head(html_, "head");
   html_.single("meta", {{"charset", "utf-8"}});
   html_.single("meta", {{"http-equiv", "Content-Security-Policy"}, {"content", kPagePolicy}});
-  html_.single("meta",
-               {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
+  html_.single("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
   html_.single("meta", {{"name", "color-scheme"}, {"content", "light dark"}});
   html_.single("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
   html_.element("title", briefTitle(brief_));
@@ -162,8 +160,7 @@ void Page::groupTable(RecapBlock block) {
     }
     const GroupFigure& total = totals[static_cast<std::size_t>(figure.index())];
     cell(stores.size() + 1, total.amount ? amountText(*total.amount, figure.kind) : "");
-    cell(stores.size() + 2,
-         std::to_string(total.stores) + " of " + std::to_string(stores.size()));
+    cell(stores.size() + 2, std::to_string(total.stores) + " of " + std::to_string(stores.size()));
   }
 }
 
@@ -253,11 +250,10 @@ void Page::kind(const KindResult& result) {
     html_.element("p", "Could not be read: " + terminalText(result.error), {{"class", "bad"}});
     return;
   }
-  html_.element("p", counted(result.rows.size(), "item, ", "items, ") +
-                         Format(result.amount, kMoney));
+  html_.element("p",
+                counted(result.rows.size(), "item, ", "items, ") + Format(result.amount, kMoney));
   html_.element("p", meaningOf(result), {{"class", "quiet"}});
-  if (!result.isWhole())
-    html_.element("p", "Could not be read completely.", {{"class", "bad"}});
+  if (!result.isWhole()) html_.element("p", "Could not be read completely.", {{"class", "bad"}});
   if (!result.rows.empty()) rows(result);
 }
 
@@ -267,8 +263,7 @@ void Page::rows(const KindResult& result) {
     largest.push_back(&row);
   std::ranges::stable_sort(largest, std::ranges::greater{},
                            [](const AttentionRow* row) { return row->amount; });
-  const std::size_t more =
-      largest.size() > kLargestRows ? largest.size() - kLargestRows : 0;
+  const std::size_t more = largest.size() > kLargestRows ? largest.size() - kLargestRows : 0;
   largest.resize(largest.size() - more);
   {
     const HtmlScope table(html_, "table");
@@ -283,8 +278,7 @@ void Page::rows(const KindResult& result) {
       html_.element("td", Format(row->amount, kMoney), kNumber);
     }
   }
-  if (more > 0)
-    html_.element("p", "and " + std::to_string(more) + " more", {{"class", "quiet"}});
+  if (more > 0) html_.element("p", "and " + std::to_string(more) + " more", {{"class", "quiet"}});
 }
 
 void Page::ageing(const BriefStore& store) {
@@ -311,8 +305,7 @@ void Page::ageing(const BriefStore& store) {
       const Ageing::Bucket& bucket = age.buckets[i];
       cell(i + 1, bucket.count == 0 ? "" : Format(bucket.amount, kDollars));
     }
-    cell(names.size() - 1,
-         Format(age.total, kDollars) + (age.isWhole() ? "" : " (incomplete)"));
+    cell(names.size() - 1, Format(age.total, kDollars) + (age.isWhole() ? "" : " (incomplete)"));
   }
 }
 
@@ -325,10 +318,10 @@ void Page::days(const BriefStore& store) {
     if (lines_ == BriefLines::kDrawings) {
       drawLine(html_, line);
     } else {
-      html_.element("div",
-                    sparkline(line.values, line.values.front().day, line.values.back().day,
-                              kLineCharacters),
-                    {{"class", "bars"}, {"role", "img"}, {"aria-label", lineInWords(line)}});
+      html_.element(
+          "div",
+          sparkline(line.values, line.values.front().day, line.values.back().day, kLineCharacters),
+          {{"class", "bars"}, {"role", "img"}, {"aria-label", lineInWords(line)}});
     }
     const HtmlScope caption(html_, "figcaption");
     html_.text(line.figure.name);

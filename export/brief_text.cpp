@@ -44,8 +44,7 @@ void writeRecap(std::ostream& out, const BriefStore& store) {
         << right(terminalText(store.recap.of(figure).caption), kAmountWidth);
     const auto change = std::ranges::find(store.changes, figure.figure, &RecapChange::figure);
     if (change != store.changes.end()) {
-      out << "  " << changeLabel(*change) << " since "
-          << change->change.from.day.shortDateText();
+      out << "  " << changeLabel(*change) << " since " << change->change.from.day.shortDateText();
     }
     out << '\n';
   }
@@ -87,8 +86,8 @@ void writeAgeing(std::ostream& out, const BriefStore& store) {
 
 void writeStore(std::ostream& out, const BriefStore& store, bool isGroup) {
   if (isGroup) {
-    out << "\n\n" << terminalText(store.recap.directory) << "  " << terminalText(store.recap.name)
-        << '\n';
+    out << "\n\n"
+        << terminalText(store.recap.directory) << "  " << terminalText(store.recap.name) << '\n';
   }
   if (!store.recap.error.empty()) {
     out << "\nCould not be read: " << terminalText(store.recap.error) << '\n';

@@ -39,11 +39,10 @@ std::vector<Point> pointsOf(const FigureHistory& figure) {
   std::vector<std::vector<Point>> places(static_cast<std::size_t>(kWidth) + 1);
   for (const KeptValue& value : figure.values) {
     const double share = span > 0 ? (value.amount.toDouble() - low) / span : 0.5;
-    const int x = kMargin + static_cast<int>(
-                                std::int64_t{value.day.days() - first} * (kWidth - 2 * kMargin) /
-                                days);
-    const int y = static_cast<int>(
-        std::lround(10 * (kMargin + (1 - share) * (kHeight - 2 * kMargin))));
+    const int x = kMargin + static_cast<int>(std::int64_t{value.day.days() - first} *
+                                             (kWidth - 2 * kMargin) / days);
+    const int y =
+        static_cast<int>(std::lround(10 * (kMargin + (1 - share) * (kHeight - 2 * kMargin))));
     places[static_cast<std::size_t>(x)].push_back({x, y});
   }
   std::vector<Point> points;
@@ -51,8 +50,8 @@ std::vector<Point> pointsOf(const FigureHistory& figure) {
     if (place.empty()) continue;
     const auto [top, bottom] = std::ranges::minmax_element(place, {}, &Point::y);
     for (auto point = place.begin(); point != place.end(); ++point) {
-      const bool shows = point == place.begin() || point == top || point == bottom ||
-                         point + 1 == place.end();
+      const bool shows =
+          point == place.begin() || point == top || point == bottom || point + 1 == place.end();
       if (shows && (points.empty() || !(points.back() == *point))) points.push_back(*point);
     }
   }
@@ -66,9 +65,10 @@ std::string lineInWords(const FigureHistory& figure) {
   const auto text = [&](Currency amount) { return amountText(amount, figure.kind()); };
   const KeptValue& first = figure.values.front();
   const KeptValue& last = figure.values.back();
-  return figure.figure.name + " over " + std::to_string(figure.values.size()) + " kept days: " +
-         text(first.amount) + " on " + first.day.shortDateText() + ", " + text(last.amount) +
-         " on " + last.day.shortDateText() + ", least " + text(least) + ", most " + text(most);
+  return figure.figure.name + " over " + std::to_string(figure.values.size()) +
+         " kept days: " + text(first.amount) + " on " + first.day.shortDateText() + ", " +
+         text(last.amount) + " on " + last.day.shortDateText() + ", least " + text(least) +
+         ", most " + text(most);
 }
 
 void drawLine(HtmlWriter& html, const FigureHistory& figure) {

@@ -24,8 +24,7 @@ bool isLetterOrDigit(char c) {
 bool isDotAtom(std::string_view text, std::string_view signs) {
   char former = '.';
   for (const char c : text) {
-    if (c == '.' ? former == '.' : !isLetterOrDigit(c) && signs.find(c) == signs.npos)
-      return false;
+    if (c == '.' ? former == '.' : !isLetterOrDigit(c) && signs.find(c) == signs.npos) return false;
     former = c;
   }
   return former != '.';
@@ -34,7 +33,8 @@ bool isDotAtom(std::string_view text, std::string_view signs) {
 bool isAddress(std::string_view text) {
   const std::size_t at = text.rfind('@');
   if (at == std::string_view::npos || text.size() > kLongestAddress) return false;
-  return isDotAtom(text.substr(0, at), "!#$%&'*+-/=?^_`{|}~") && isDotAtom(text.substr(at + 1), "-");
+  return isDotAtom(text.substr(0, at), "!#$%&'*+-/=?^_`{|}~") &&
+         isDotAtom(text.substr(at + 1), "-");
 }
 
 std::string randomDigits() {
@@ -87,16 +87,16 @@ std::string multipart(std::string_view kind, const std::vector<std::string>& par
 }
 
 std::string body(const Mail& mail) {
-  std::string alternatives = multipart(
-      "alternative",
-      {part("text/plain; charset=utf-8", "quoted-printable", quotedPrintable(mail.text)),
-       part("text/html; charset=utf-8", "quoted-printable", quotedPrintable(mail.html))});
+  std::string alternatives =
+      multipart("alternative",
+                {part("text/plain; charset=utf-8", "quoted-printable", quotedPrintable(mail.text)),
+                 part("text/html; charset=utf-8", "quoted-printable", quotedPrintable(mail.html))});
   if (!mail.attachment) return alternatives;
   const auto& [name, type, content] = *mail.attachment;
-  std::string attached = part(type + ";\r\n name=\"" + name + "\"",
-                              "base64\r\nContent-Disposition: attachment;\r\n filename=\"" + name +
-                                  "\"",
-                              base64Lines(content));
+  std::string attached =
+      part(type + ";\r\n name=\"" + name + "\"",
+           "base64\r\nContent-Disposition: attachment;\r\n filename=\"" + name + "\"",
+           base64Lines(content));
   return multipart("mixed", {std::move(alternatives), std::move(attached)});
 }
 

@@ -48,8 +48,8 @@ class DgtoolStoresTest : public testing::Test {
     return std::stod(amount(figures, static_cast<int>(figure)));
   }
 
-  const std::vector<std::string> kBad{"LNK003", "LNK004",       "..", "..\\VLMRLNK\\LNK001",
-                                      "CON",    "LNK001\\SUB", ".",  "<b>\"'&\xE9",
+  const std::vector<std::string> kBad{"LNK003",     "LNK004",      "..", "..\\VLMRLNK\\LNK001",
+                                      "CON",        "LNK001\\SUB", ".",  "<b>\"'&\xE9",
                                       "A\r\nBcc: x"};
   DgtoolRun tool_;
   TemporaryFolder folder_;

@@ -72,8 +72,9 @@ void offerMorningReport(QWidget* parent, const frmTRVN& main, const TodaysWork& 
   box.setObjectName(QStringLiteral("morningReport"));
   box.setWindowTitle(QMessageBox::tr("Morning Report"));
   box.setTextFormat(Qt::PlainText);
-  box.setText(QMessageBox::tr("The recap, what needs attention and what has changed, on one page "
-                              "to read on a phone, to print or to send."));
+  box.setText(
+      QMessageBox::tr("The recap, what needs attention and what has changed, on one page "
+                      "to read on a phone, to print or to send."));
   const QPushButton* browser =
       box.addButton(QMessageBox::tr("&Show in Browser"), QMessageBox::AcceptRole);
   const QPushButton* save = box.addButton(QMessageBox::tr("S&ave..."), QMessageBox::ActionRole);
@@ -84,8 +85,7 @@ void offerMorningReport(QWidget* parent, const frmTRVN& main, const TodaysWork& 
   } else if (box.clickedButton() == save) {
     const QString file = askForExportFile(parent, QMessageBox::tr("Morning Report"),
                                           QStringLiteral("html"), QMessageBox::tr("Page (*.html)"));
-    if (!file.isEmpty())
-      exported(parent, file, writeFile(file, morningReport(main, work, keeper)));
+    if (!file.isEmpty()) exported(parent, file, writeFile(file, morningReport(main, work, keeper)));
   }
 }
 

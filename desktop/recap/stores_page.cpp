@@ -58,9 +58,9 @@ QStringList arguments() {
 std::vector<ColumnSpec> columns() {
   std::vector<ColumnSpec> specs{{.name = "Store"}, {.name = "Name"}};
   for (const RecapFigure& figure : recapFigures()) {
-    specs.push_back({.name = figure.name,
-                     .kind = figure.kind == FigureKind::kRate ? ColumnKind::kPercent
-                                                              : ColumnKind::kMoney});
+    specs.push_back(
+        {.name = figure.name,
+         .kind = figure.kind == FigureKind::kRate ? ColumnKind::kPercent : ColumnKind::kMoney});
   }
   return specs;
 }

@@ -19,18 +19,22 @@ namespace {
 constexpr const char* kOutput = "-";
 constexpr const char* kWorkbookType =
     "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
-constexpr const char* kAddressHint = "an address such as ann@example.com or \"Ann <ann@example.com>\"";
+constexpr const char* kAddressHint =
+    "an address such as ann@example.com or \"Ann <ann@example.com>\"";
 
 }  // namespace
 
 void BriefCommand::addOptions(CLI::App& app) {
-  CLI::Option* html = app.add_option("--html", html_, "Write the page to this file; - for standard output")
-                          ->type_name("FILE");
-  CLI::Option* eml = app.add_option("--eml", eml_, "Write a mail to this file; - for standard output")
-                         ->type_name("FILE")
-                         ->excludes(html);
-  addParsed(app, "--from", from_, [](const std::string& text) { return parseMailAddress(text); },
-            kAddressHint, "Who the mail is from")
+  CLI::Option* html =
+      app.add_option("--html", html_, "Write the page to this file; - for standard output")
+          ->type_name("FILE");
+  CLI::Option* eml =
+      app.add_option("--eml", eml_, "Write a mail to this file; - for standard output")
+          ->type_name("FILE")
+          ->excludes(html);
+  addParsed(
+      app, "--from", from_, [](const std::string& text) { return parseMailAddress(text); },
+      kAddressHint, "Who the mail is from")
       ->type_name("ADDRESS")
       ->needs(eml);
   app.add_option_function<std::vector<std::string>>(
@@ -73,8 +77,7 @@ Brief BriefCommand::read(const Console& console, bool& whole) {
       history_.empty() ? defaultHistoryFile() : historyFile(history_);
   std::optional<History> history;
   if (!file.empty()) history = History::open(file);
-  if (!history && !history_.empty())
-    throw UsageError("--history: there is no history " + history_);
+  if (!history && !history_.empty()) throw UsageError("--history: there is no history " + history_);
 
   Brief brief{.moment = store_.asOf.value_or(now()), .stores = {}, .isGroup = !stores_.empty()};
   const Date today(brief.moment.days());
@@ -107,8 +110,7 @@ Brief BriefCommand::read(const Console& console, bool& whole) {
 
 void BriefCommand::write(const Console& console, const Brief& brief) const {
   const std::string& file = html_.empty() ? eml_ : html_;
-  const std::string content =
-      html_.empty() ? mail(brief) : briefPage(brief, BriefLines::kDrawings);
+  const std::string content = html_.empty() ? mail(brief) : briefPage(brief, BriefLines::kDrawings);
   if (file == kOutput) {
     console.out << content;
   } else {

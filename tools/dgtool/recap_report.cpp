@@ -159,13 +159,11 @@ std::string recapWorkbook(const std::vector<StoreRecap>& stores) {
       if (own.amount) {
         book.number(row, column, own.amount->toDouble(), numberFormat(figure));
       } else {
-        book.text(row, column, own.caption,
-                  own.error ? CellLook::kFailure : CellLook::kPlain);
+        book.text(row, column, own.caption, own.error ? CellLook::kFailure : CellLook::kPlain);
       }
     }
     const GroupFigure& total = of(group, figure);
-    if (total.amount)
-      book.number(row, totalColumn, total.amount->toDouble(), numberFormat(figure));
+    if (total.amount) book.number(row, totalColumn, total.amount->toDouble(), numberFormat(figure));
     book.text(row, totalColumn + 1, covered(total, stores.size()), CellLook::kPlain);
   }
   return book.finish();
