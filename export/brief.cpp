@@ -9,6 +9,7 @@ namespace dg {
 namespace {
 
 void takeTroubles(BriefStore& store) {
+  if (!store.recap.leftOut.empty()) store.troubles.push_back(store.recap.leftOut);
   for (const RecapFigure& figure : recapFigures()) {
     const StoreFigure& own = store.recap.of(figure);
     const std::string name(figure.name);

@@ -71,7 +71,8 @@ std::string addressText(const MailAddress& who) {
 }
 
 std::string part(std::string_view type, std::string_view encoding, std::string_view body) {
-  std::string result("Content-Type: ");
+  std::string result("Content-Type:");
+  if (!type.starts_with(kEnd)) result += ' ';
   result.append(type).append(kEnd).append("Content-Transfer-Encoding: ").append(encoding);
   return result.append("\r\n\r\n").append(body);
 }
@@ -94,7 +95,7 @@ std::string body(const Mail& mail) {
   if (!mail.attachment) return alternatives;
   const auto& [name, type, content] = *mail.attachment;
   std::string attached =
-      part(type + ";\r\n name=\"" + name + "\"",
+      part("\r\n " + type + ";\r\n name=\"" + name + "\"",
            "base64\r\nContent-Disposition: attachment;\r\n filename=\"" + name + "\"",
            base64Lines(content));
   return multipart("mixed", {std::move(alternatives), std::move(attached)});

@@ -11,8 +11,9 @@ namespace {
 
 constexpr std::size_t kLine = 76;
 constexpr std::size_t kPlainHeader = 60;
-/// Bytes of text in an encoded word: 60 characters in base64, with its frame less than 75.
-constexpr std::size_t kWordBytes = 45;
+/// Bytes of text in an encoded word: 52 characters in base64, so that the first one has room behind
+/// the header's name.
+constexpr std::size_t kWordBytes = 39;
 constexpr std::string_view kHex = "0123456789ABCDEF";
 constexpr std::string_view kBase64 =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";

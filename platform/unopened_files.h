@@ -19,6 +19,8 @@ struct UnopenedFiles {
 };
 
 const UnopenedFiles& unopenedFiles();
+/// What a reader is told of them: a line without its end, empty when there are none.
+std::string unopenedWarning();
 /// Notes a file that could not be opened, once; one that is simply missing is not noted.
 void noteUnopened(const std::string& path, const RunTimeError& error);
 /// At the beginning of a load or refresh.

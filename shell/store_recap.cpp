@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.h"
+#include "platform/unopened_files.h"
 #include "shell/trap.h"
 
 namespace dg {
@@ -31,7 +32,8 @@ bool isIncomplete(const frmTRVN& main, const RecapFigure& figure) {
 
 std::optional<Currency> countedAmount(const StoreRecap& store, Figure figure) {
   const StoreFigure& own = store.figures[place(figure)];
-  return store.error.empty() && !own.incomplete ? own.amount : std::nullopt;
+  const bool counts = store.error.empty() && store.leftOut.empty() && !own.incomplete;
+  return counts ? own.amount : std::nullopt;
 }
 
 GroupFigure sumOf(std::span<const StoreRecap> stores, Figure figure) {
@@ -78,6 +80,7 @@ GroupFigure rateOf(std::span<const StoreRecap> stores, const RateParts& parts) {
 
 void takeRecap(StoreRecap& store, const frmTRVN& main) {
   store.name = trim(shown(main.lblStoreName.caption()));
+  store.leftOut = unopenedWarning();
   const View* recap = main.view("frmRecap");
   for (const RecapFigure& figure : recapFigures()) {
     const Label* label = recapLabel(recap, figure.figure);

@@ -23,6 +23,9 @@ struct StoreRecap {
   std::string directory;
   std::string name;   ///< without the blanks around it
   std::string error;  ///< why the store could not be read; it has no figures then
+  /// Files that could not be opened, in a sentence: the figures may be too small, and are in no
+  /// total.
+  std::string leftOut;
   std::array<StoreFigure, kRecapLabels> figures = {};  ///< by Figure
 
   const StoreFigure& of(const RecapFigure& figure) const {

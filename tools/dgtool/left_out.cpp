@@ -24,16 +24,6 @@ std::vector<std::string> kindWarnings(std::span<const KindResult> kinds) {
   return lines;
 }
 
-std::string unopenedWarning() {
-  const UnopenedFiles& unopened = unopenedFiles();
-  if (unopened.count == 0) return {};
-  std::string line = "Left out, since they could not be opened: ";
-  for (std::size_t i = 0; i < unopened.names.size(); ++i)
-    line += (i > 0 ? ", " : "") + unopened.names[i];
-  const std::size_t more = unopened.count - unopened.names.size();
-  return line + (more > 0 ? " and " + std::to_string(more) + " more." : ".");
-}
-
 void addUnopenedFiles(Json& document) {
   const UnopenedFiles& unopened = unopenedFiles();
   if (unopened.count == 0) return;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "insight/attention.h"
+#include "platform/unopened_files.h"
 #include "shell/main_window.h"
 #include "tools/dgtool/window_json.h"
 
@@ -13,11 +14,8 @@ namespace dg {
 /// What a reader is told under the title of a window that is incomplete.
 inline constexpr const char* kIncomplete = "Could not be read completely: see the log.";
 
-/// What a reader is told of files that could not be opened: a line without its end, empty when
-/// there are none.
-std::string unopenedWarning();
-/// The same as a document's member "unopened": how many, and the first names. Nothing is added when
-/// there are none.
+/// Files that could not be opened as a document's member "unopened": how many, and the first names.
+/// Nothing is added when there are none.
 void addUnopenedFiles(Json& document);
 
 /// What a reader is told of a share that was lost, and of files that could not be opened: a line

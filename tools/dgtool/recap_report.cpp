@@ -36,6 +36,7 @@ Json storeJson(const StoreRecap& store) {
     json["error"] = jsonText(store.error);
     return json;
   }
+  if (!store.leftOut.empty()) json["leftOut"] = jsonText(store.leftOut);
   for (int index = 0; index < kRecapLabels; ++index) {
     const StoreFigure& figure = store.of(recapFigure(static_cast<Figure>(index)));
     Json entry = {{"index", index}, {"caption", jsonText(figure.caption)}};
@@ -99,6 +100,11 @@ void writeRecapText(std::ostream& out, const std::vector<StoreRecap>& stores) {
           << terminalText(store.directory) << " could not be read: " << terminalText(store.error)
           << '\n';
       continue;
+    }
+    if (!store.leftOut.empty()) {
+      out << '\n'
+          << terminalText(store.directory) << " counts in no total. " << terminalText(store.leftOut)
+          << '\n';
     }
     for (const RecapFigure& figure : recapFigures()) {
       if (store.of(figure).incomplete) {

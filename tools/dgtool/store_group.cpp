@@ -6,9 +6,7 @@
 #include "engine/state.h"
 #include "platform/share_path.h"
 #include "platform/text.h"
-#include "platform/unopened_files.h"
 #include "records/control_file.h"
-#include "tools/dgtool/left_out.h"
 #include "tools/dgtool/report_format.h"
 
 namespace dg {
@@ -86,28 +84,32 @@ std::string StoreGroup::whyUnreadable(const std::string& directory) const {
 }
 
 StoreRecap StoreGroup::load(const std::string& directory, const Visitor& visit) {
-  StoreRecap store{.directory = directory, .name = {}, .error = {}, .figures = {}};
-  const auto fail = [&](std::string reason) {
-    whole_ = false;
-    console_.complain(directory + ": " + reason);
-    store.error = std::move(reason);
-    return store;
-  };
-  if (std::string reason = whyUnreadable(directory); !reason.empty())
-    return fail(std::move(reason));
+  StoreRecap store{.directory = directory, .name = {}, .error = {}, .leftOut = {}, .figures = {}};
+  try {
+    store.error = whyUnreadable(directory);
+    if (store.error.empty()) read(store, visit);
+  } catch (const UsageError& error) {
+    store.error = bytesFromUtf8(error.what());
+  } catch (const RunTimeError& error) {
+    store.error = error.description();
+  }
+  if (!store.error.empty()) console_.complain(directory + ": " + store.error);
+  whole_ = whole_ && store.error.empty() && store.leftOut.empty();
+  return store;
+}
 
+void StoreGroup::read(StoreRecap& store, const Visitor& visit) {
   StoreOptions own = options_;
-  own.directory = directory;
+  own.directory = store.directory;
   Session session(own, console_);
   frmTRVN& main = session.load(catalogue_, {});
   session.complain();
-  if (!session.storeReachable()) return fail("the store cannot be reached");
-  if (!main.lostShare().empty()) return fail("the store cannot be reached any more");
-  if (unopenedFiles().count > 0) return fail(unopenedWarning());
+  if (!session.storeReachable()) throw UsageError("the store cannot be reached");
+  if (!main.lostShare().empty()) throw UsageError("the store cannot be reached any more");
   takeRecap(store, main);
+  if (!store.leftOut.empty()) console_.complain(store.directory + ": " + store.leftOut);
   if (!session.isWhole() || !areComplete(main.loadedViews())) whole_ = false;
   if (visit) visit(session, main);
-  return store;
 }
 
 std::vector<StoreRecap> StoreGroup::load(const std::vector<std::string>& directories,

@@ -49,6 +49,8 @@ class StoreGroup {
 
  private:
   std::string whyUnreadable(const std::string& directory) const;
+  /// Raises UsageError and RunTimeError for what keeps a store from being read.
+  void read(StoreRecap& store, const Visitor& visit);
 
   const ViewCatalogue& catalogue_;
   StoreOptions options_;
