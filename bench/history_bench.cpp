@@ -54,12 +54,13 @@ void writeHistory(const std::filesystem::path& file, Date last) {
   History::create(file).keep(kStore, last, figures);
   Database database(file, DatabaseAccess::kExisting);
   const std::string count = std::to_string(kDays);
-  const std::string days =
-      "WITH RECURSIVE n(i) AS (SELECT " + count + " - 1 UNION ALL SELECT i - 1 FROM n WHERE i > 1) ";
+  const std::string days = "WITH RECURSIVE n(i) AS (SELECT " + count +
+                           " - 1 UNION ALL SELECT i - 1 FROM n WHERE i > 1) ";
   const std::string day = "date('" + last.isoText() + "', '-' || i || ' days')";
   database.run(("INSERT INTO days " + days + "SELECT 1, " + day + ", '' FROM n").c_str());
   database.run(("INSERT INTO amounts " + days + "SELECT 1, figures.id, " + day +
-                ", (i * 7919 + figures.id * 104729) % 9999991 * 1000, CASE figures.source WHEN 'attention' THEN i % 50 END FROM figures, n")
+                ", (i * 7919 + figures.id * 104729) % 9999991 * 1000, CASE figures.source WHEN "
+                "'attention' THEN i % 50 END FROM figures, n")
                    .c_str());
 }
 

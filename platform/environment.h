@@ -14,7 +14,7 @@ struct Environment {
   std::string computerName;  ///< this workstation's name
   std::string settingsFile;  ///< ini file of the per-user settings; empty: the system's own store
   std::string desktopFile =
-      {};                       ///< what the desktop program remembers of this user; empty: nothing
+      {};  ///< what the desktop program remembers of this user; empty: nothing
   /// Store directory in place of the one that the catalog file names; empty: the catalog's.
   std::string directory = {};
   std::string dataFolder = {};  ///< what the program keeps for this user; empty: no such folder

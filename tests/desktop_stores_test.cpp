@@ -80,8 +80,9 @@ TEST(DesktopStoresTest, TheMorningReportIsOfWhatIsOnShowAndStandsBehindTheOtherP
   EXPECT_EQ(last.join(u'/'), "Charts/Today/History/Morning Report.../Stores");
   EXPECT_TRUE(withDialog([&] { session.window().menus().morningReport()->trigger(); },
                          [](QDialog& dialog) { dialog.reject(); }));
-  const HistoryKeeper keeper(session.form());
-  const QByteArray page = morningReport(session.form(), TodaysWork(), keeper);
+  const TodaysWork work;
+  const HistoryKeeper keeper(session.form(), work);
+  const QByteArray page = morningReport(session.form(), work, keeper);
   EXPECT_TRUE(page.contains(recapLabel(Figure::kUnits).caption().c_str()));
   EXPECT_TRUE(page.contains("What needs attention"));
   session.end();
