@@ -277,7 +277,7 @@ bool isMissing(const std::string& native) {
   }
   const std::size_t end = native.rfind('/');
   const std::shared_ptr<const Listing> listing = listingOf(native.substr(0, end));
-  if (listing->empty()) return false;  // or it could not be listed
+  if (listing == nullptr || listing->empty()) return false;
   return !listing->contains(lowerCase(native.substr(end + 1)));
 }
 
