@@ -495,6 +495,7 @@ TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
       << "a home without permission";
   EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
   session.form().menuClick("mfile", 0);
+  QApplication::processEvents();
 #else
   start->click();
 #endif

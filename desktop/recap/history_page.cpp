@@ -95,7 +95,7 @@ QWidget* HistoryPage::buildOffer() {
   text->setWordWrap(true);
   text->setMaximumWidth(640);
   layout->addWidget(text);
-  auto* start = new QPushButton(tr("&Start keeping"), page);
+  auto* start = new QPushButton(tr("Start keepin&g"), page);
   connect(start, &QPushButton::clicked, &keeper_, &HistoryKeeper::start);
   layout->addWidget(start, 0, Qt::AlignLeft);
   layout->addStretch(1);
