@@ -18,7 +18,7 @@
 namespace dg {
 namespace {
 
-constexpr int kPatience = 120'000;
+constexpr int kLongest = 120'000;
 
 bool isTold(const StoresPage& page, const QString& text) {
   for (const auto* label : page.findChildren<QLabel*>()) {
@@ -35,7 +35,7 @@ TEST(DesktopStoresTest, AToolOfItsOwnReadsThemAndAClickAsksForAWindow) {
   QSignalSpy ended(&page, &StoresPage::loadEnded);
   page.load();
   EXPECT_TRUE(page.isLoading());
-  ASSERT_TRUE(ended.wait(kPatience));
+  ASSERT_TRUE(ended.wait(kLongest));
   ASSERT_NE(page.table(), nullptr);
   Grid& grid = page.table()->view().grid();
   ASSERT_EQ(grid.Rows(), 3);
@@ -62,7 +62,7 @@ TEST(DesktopStoresTest, AToolThatIsNotThereIsTold) {
   StoresPage page(QStringLiteral("/none/dgtool"));
   QSignalSpy ended(&page, &StoresPage::loadEnded);
   page.load();
-  ASSERT_TRUE(ended.count() > 0 || ended.wait(kPatience));
+  ASSERT_TRUE(ended.count() > 0 || ended.wait(kLongest));
   EXPECT_TRUE(isTold(page, "cannot be started"));
   StoresPage none{QString()};
   none.load();

@@ -164,8 +164,8 @@ void StoresPage::endProcess() {
   ending->disconnect(this);
   if (ending->state() != QProcess::NotRunning) {
     ending->kill();
-    constexpr int kKillAfter = 2000;
-    ending->waitForFinished(kKillAfter);
+    constexpr int kEndPatience = 2000;
+    ending->waitForFinished(kEndPatience);
   }
   ending->deleteLater();
 }
