@@ -52,8 +52,8 @@ TEST(DgtoolCommandLineTest, AWrongCommandLineIsToldAndHasItsOwnStatus) {
   } kCases[] = {
       {{}, "subcommand"},
       {{"reprot"},
-       "no command reprot; the commands are report inspect attention snapshot history check "
-       "sample"},
+       "no command reprot; the commands are report inspect attention snapshot history brief recap "
+       "stores check sample"},
       {{"inspect"}, "subcommand"},
       {{"report", "--nonsense"}, "--nonsense"},
       {{"report", "frmGLA"}, "frmGLA"},
