@@ -33,16 +33,6 @@ void takeHistory(BriefStore& store, const frmTRVN& main, const History& history,
 
 }  // namespace
 
-void takeAttention(BriefStore& store, const OpenItems& items, Date today,
-                   const AttentionLimits& limits) {
-  for (const KindEntry& entry : attentionKinds()) {
-    if (entry.file == WholeFile::kNone)
-      store.kinds.push_back(attentionOf(entry.kind, items, today, limits));
-  }
-  for (const FamilyEntry& family : openFamilies())
-    store.ageing.push_back(ageingOf(family.family, items, today));
-}
-
 void takeFigures(BriefStore& store, const frmTRVN& main, const History* history, Date today) {
   takeRecap(store.recap, main);
   takeTroubles(store);

@@ -28,9 +28,6 @@ struct Brief {
   bool isGroup = false;  ///< whether totals stand on top, and a section a store below
 };
 
-/// The kinds of the open work, by these limits, and its ageing.
-void takeAttention(BriefStore& store, const OpenItems& items, Date today,
-                   const AttentionLimits& limits);
 /// Recap, troubles, and what the history knows of the store on show; `history` may be null. A
 /// history that cannot be read is a trouble.
 void takeFigures(BriefStore& store, const frmTRVN& main, const History* history, Date today);

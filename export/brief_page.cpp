@@ -15,8 +15,9 @@ namespace {
 
 constexpr std::size_t kLargestRows = 5;
 constexpr std::size_t kLineCharacters = 24;
+constexpr RecapBlock kBlocks[] = {RecapBlock::kAssets, RecapBlock::kLiabilities,
+                                  RecapBlock::kProfit};
 constexpr std::string_view kDollars = "$#,###,##0";
-constexpr std::string_view kMoney = "$#,###,##0.00";
 
 using Attributes = HtmlWriter::Attributes;
 
@@ -49,7 +50,8 @@ class Page {
   }
   void head();
   void group();
-  void groupTable(RecapBlock block);
+  void groupTable(RecapBlock block, const std::vector<StoreRecap>& stores,
+                  const GroupRecap& totals);
   void store(const BriefStore& store);
   void troubles(const BriefStore& store);
   void recap(const BriefStore& store);
@@ -125,23 +127,20 @@ void Page::group() {
     stores.push_back(each.recap);
   html_.element("p", "The totals cover " + std::to_string(readableStores(stores)) + " of " +
                          counted(stores.size(), "store.", "stores."));
-  for (const RecapBlock block :
-       {RecapBlock::kAssets, RecapBlock::kLiabilities, RecapBlock::kProfit}) {
-    groupTable(block);
-  }
+  const GroupRecap totals = groupRecap(stores);
+  for (const RecapBlock block : kBlocks)
+    groupTable(block, stores, totals);
 }
 
-void Page::groupTable(RecapBlock block) {
-  std::vector<StoreRecap> stores;
+void Page::groupTable(RecapBlock block, const std::vector<StoreRecap>& stores,
+                      const GroupRecap& totals) {
   std::vector<std::string> names{"Figure"};
   std::vector<std::string> storeNames{""};
-  for (const BriefStore& each : brief_.stores) {
-    stores.push_back(each.recap);
-    storeNames.push_back(terminalText(each.recap.name));
-    names.push_back(terminalText(each.recap.directory));
+  for (const StoreRecap& each : stores) {
+    storeNames.push_back(terminalText(each.name));
+    names.push_back(terminalText(each.directory));
   }
   names.insert(names.end(), {"Total", "Stores"});
-  const GroupRecap totals = groupRecap(stores);
   const HtmlScope table(html_, "table", {{"class", "wide"}});
   html_.element("caption", plainHeading(block));
   heads(names, storeNames);
@@ -194,10 +193,8 @@ void Page::troubles(const BriefStore& store) {
 void Page::recap(const BriefStore& store) {
   html_.element(heading(2), "Recap");
   const HtmlScope columns(html_, "div", {{"class", "cols"}});
-  for (const RecapBlock block :
-       {RecapBlock::kAssets, RecapBlock::kLiabilities, RecapBlock::kProfit}) {
+  for (const RecapBlock block : kBlocks)
     recapTable(store, block);
-  }
 }
 
 void Page::recapTable(const BriefStore& store, RecapBlock block) {
@@ -233,7 +230,7 @@ void Page::attention(const BriefStore& store) {
   {
     const HtmlScope columns(html_, "div", {{"class", "cols"}});
     for (const KindResult& result : store.kinds) {
-      if (result.rows.empty() && result.error.empty() && result.isWhole()) {
+      if (result.rows.empty() && result.isWhole()) {
         quiet += (quiet.empty() ? "" : ", ") + std::string(entryOf(result.kind).caption);
       } else {
         kind(result);
@@ -250,8 +247,7 @@ void Page::kind(const KindResult& result) {
     html_.element("p", "Could not be read: " + terminalText(result.error), {{"class", "bad"}});
     return;
   }
-  html_.element("p",
-                counted(result.rows.size(), "item, ", "items, ") + Format(result.amount, kMoney));
+  html_.element("p", counted(result.rows.size(), "item, ", "items, ") + moneyText(result.amount));
   html_.element("p", meaningOf(result), {{"class", "quiet"}});
   if (!result.isWhole()) html_.element("p", "Could not be read completely.", {{"class", "bad"}});
   if (!result.rows.empty()) rows(result);
@@ -275,7 +271,7 @@ void Page::rows(const KindResult& result) {
       if (!row->who.empty()) html_.element("small", terminalText(row->who));
       html_.close();
       html_.element("td", row->days ? std::to_string(*row->days) : "", kNumber);
-      html_.element("td", Format(row->amount, kMoney), kNumber);
+      html_.element("td", moneyText(row->amount), kNumber);
     }
   }
   if (more > 0) html_.element("p", "and " + std::to_string(more) + " more", {{"class", "quiet"}});

@@ -3,25 +3,14 @@
 
 #include "export/brief.h"
 #include "export/printable.h"
-#include "platform/values/format.h"
+#include "platform/text.h"
 
 namespace dg {
 
 namespace {
 
-constexpr std::string_view kMoney = "$#,###,##0.00";
 constexpr std::size_t kNameWidth = 22;
 constexpr std::size_t kAmountWidth = 17;
-
-std::string left(std::string text, std::size_t width) {
-  text.resize(std::max(width, text.size()), ' ');
-  return text;
-}
-
-std::string right(std::string text, std::size_t width) {
-  if (text.size() < width) text.insert(0, width - text.size(), ' ');
-  return text;
-}
 
 void writeGroup(std::ostream& out, const Brief& brief) {
   std::vector<StoreRecap> stores;
@@ -31,17 +20,17 @@ void writeGroup(std::ostream& out, const Brief& brief) {
   out << "\nTOTALS over " << readableStores(stores) << " of " << stores.size() << "\n\n";
   for (const RecapFigure& figure : recapFigures()) {
     const GroupFigure& total = totals[static_cast<std::size_t>(figure.index())];
-    out << left(std::string(figure.name), kNameWidth)
-        << right(total.amount ? amountText(*total.amount, figure.kind) : "-", kAmountWidth) << "  "
-        << total.stores << " of " << stores.size() << '\n';
+    out << padRight(std::string(figure.name), kNameWidth)
+        << padLeft(total.amount ? amountText(*total.amount, figure.kind) : "-", kAmountWidth)
+        << "  " << total.stores << " of " << stores.size() << '\n';
   }
 }
 
 void writeRecap(std::ostream& out, const BriefStore& store) {
   out << "\nRECAP\n\n";
   for (const RecapFigure& figure : recapFigures()) {
-    out << left(std::string(figure.name), kNameWidth)
-        << right(terminalText(store.recap.of(figure).caption), kAmountWidth);
+    out << padRight(std::string(figure.name), kNameWidth)
+        << padLeft(terminalText(store.recap.of(figure).caption), kAmountWidth);
     const auto change = std::ranges::find(store.changes, figure.figure, &RecapChange::figure);
     if (change != store.changes.end()) {
       out << "  " << changeLabel(*change) << " since " << change->change.from.day.shortDateText();
@@ -56,14 +45,14 @@ void writeAttention(std::ostream& out, const BriefStore& store) {
   for (const KindResult& kind : store.kinds) {
     if (kind.rows.empty() && kind.isWhole()) continue;
     anything = true;
-    out << left(std::string(entryOf(kind.kind).caption), kNameWidth + 8);
+    out << padRight(std::string(entryOf(kind.kind).caption), kNameWidth + 8);
     if (!kind.error.empty()) {
       out << "  could not be read: " << terminalText(kind.error) << '\n';
       continue;
     }
-    out << right(std::to_string(kind.rows.size()), 6)
-        << right(Format(kind.amount, kMoney), kAmountWidth)
-        << (kind.isWhole() ? "" : "  incomplete") << '\n';
+    out << padLeft(std::to_string(kind.rows.size()), 6)
+        << padLeft(moneyText(kind.amount), kAmountWidth) << (kind.isWhole() ? "" : "  incomplete")
+        << '\n';
   }
   if (!anything) out << "Nothing.\n";
 }
@@ -72,14 +61,14 @@ void writeAgeing(std::ostream& out, const BriefStore& store) {
   out << "\nOPEN WORK, AND WHAT OF IT IS OVER 90 DAYS OLD\n\n";
   constexpr std::size_t kOldest = 3;
   for (const Ageing& age : store.ageing) {
-    out << left(std::string(openFamilies()[static_cast<std::size_t>(age.family)].caption),
-                kNameWidth);
+    out << padRight(std::string(openFamilies()[static_cast<std::size_t>(age.family)].caption),
+                    kNameWidth);
     if (!age.error.empty()) {
       out << "  could not be read: " << terminalText(age.error) << '\n';
       continue;
     }
-    out << right(Format(age.total, kMoney), kAmountWidth)
-        << right(Format(age.buckets[kOldest].amount, kMoney), kAmountWidth)
+    out << padLeft(moneyText(age.total), kAmountWidth)
+        << padLeft(moneyText(age.buckets[kOldest].amount), kAmountWidth)
         << (age.isWhole() ? "" : "  incomplete") << '\n';
   }
 }

@@ -36,6 +36,10 @@ FigureHistory readFigure(const History& history, const StoreKey& store, const Fi
 
 /// An amount as the recap shows it: "$1,234.50", of a rate "25.30%".
 std::string amountText(Currency amount, FigureKind kind);
+/// An amount of money as amountText shows it.
+inline std::string moneyText(Currency amount) {
+  return amountText(amount, FigureKind::kMoney);
+}
 /// A change likewise, with its sign: "+$1,234.50", of a rate "-2.10%".
 std::string changeText(Currency amount, FigureKind kind);
 

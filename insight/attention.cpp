@@ -150,11 +150,22 @@ Ageing ageingOf(OpenFamily family, const OpenItems& items, Date today) {
   return ageing;
 }
 
-std::string meaningOf(const KindResult& result) {
-  std::string text(entryOf(result.kind).meaning);
+std::vector<Ageing> ageingOf(const OpenItems& items, Date today) {
+  std::vector<Ageing> all;
+  for (const FamilyEntry& family : openFamilies())
+    all.push_back(ageingOf(family.family, items, today));
+  return all;
+}
+
+std::string meaningOf(AttentionKind kind, int days) {
+  std::string text(entryOf(kind).meaning);
   const std::size_t place = text.find('%');
-  if (place != std::string::npos) text.replace(place, 1, std::to_string(result.days.value_or(0)));
+  if (place != std::string::npos) text.replace(place, 1, std::to_string(days));
   return text;
+}
+
+std::string meaningOf(const KindResult& result) {
+  return meaningOf(result.kind, result.days.value_or(0));
 }
 
 }  // namespace dg

@@ -43,7 +43,9 @@ struct KindResult {
   std::optional<Date> oldest() const;
 };
 
-/// What the kind is, in one line, with its limit in it.
+/// What the kind is, in one line, with a limit in it.
+std::string meaningOf(AttentionKind kind, int days);
+/// The same with the limit that the result was made with.
 std::string meaningOf(const KindResult& result);
 
 inline constexpr std::array<std::string_view, 5> kAgeBuckets = {"0-30", "31-60", "61-90", "over 90",
@@ -79,5 +81,7 @@ KindResult attentionOf(AttentionKind kind, const WholeFileItems& items, Date tod
 
 /// A family's five buckets; a date in the future counts as the youngest. Never raises.
 Ageing ageingOf(OpenFamily family, const OpenItems& items, Date today);
+/// That of all families, in their order.
+std::vector<Ageing> ageingOf(const OpenItems& items, Date today);
 
 }  // namespace dg

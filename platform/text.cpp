@@ -128,6 +128,16 @@ std::string_view trim(std::string_view text) {
   return trimLeft(trimRight(text));
 }
 
+std::string padRight(std::string text, std::size_t width) {
+  text.resize(std::max(width, text.size()), ' ');
+  return text;
+}
+
+std::string padLeft(std::string text, std::size_t width) {
+  if (text.size() < width) text.insert(0, width - text.size(), ' ');
+  return text;
+}
+
 std::string_view shown(std::string_view text) {
   return cutRight(text, std::string_view(" \0", 2));
 }

@@ -10,6 +10,10 @@ std::string_view trimLeft(std::string_view text);
 std::string_view trimRight(std::string_view text);
 std::string_view trim(std::string_view text);
 
+/// With blanks behind, or in front, up to a width in bytes; a longer text stays as it is.
+std::string padRight(std::string text, std::size_t width);
+std::string padLeft(std::string text, std::size_t width);
+
 /// A record's text as it is shown: without its trailing blanks and NULs. Leading blanks stay.
 std::string_view shown(std::string_view text);
 

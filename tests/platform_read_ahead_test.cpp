@@ -252,18 +252,22 @@ struct Reports {
 constexpr std::chrono::microseconds kEveryLineIsFar(-1);
 constexpr std::chrono::microseconds kNoLineIsFar = std::chrono::hours(1);
 
-Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
-  const ReadAheadSettings former = setReadAhead(settings);
-  Reports reports;
-  std::ostringstream unused;
-  const Console console{unused, unused};
+StoreOptions optionsOf(const std::string& store) {
   StoreOptions options;
   options.store = store;
   options.computer = "127.0.0.1";
   options.asOf = Date::fromText("11/24/26 10:30:00");
   options.noLog = true;
+  return options;
+}
+
+Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
+  const ReadAheadSettings former = setReadAhead(settings);
+  Reports reports;
+  std::ostringstream unused;
+  const Console console{unused, unused};
   {
-    Session session(options, console);
+    Session session(optionsOf(store), console);
     const std::uint64_t before = readStatistics().calls;
     frmTRVN& main = session.load(viewCatalogue(), {});
     const auto report = [&] {
@@ -291,11 +295,7 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
       setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::milliseconds(100)});
   std::ostringstream unused;
   const Console console{unused, unused};
-  StoreOptions options;
-  options.store = store;
-  options.computer = "127.0.0.1";
-  options.noLog = true;
-  Session session(options, console);
+  Session session(optionsOf(store), console);
   frmTRVN& main = session.load(viewCatalogue(), {});
   ASSERT_EQ(main.lostShare(), "");
   for (const int answers : {0, 1, 2, 5, 10, 20, 40, 80}) {

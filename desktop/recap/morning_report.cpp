@@ -61,8 +61,7 @@ QByteArray morningReport(const frmTRVN& main, const TodaysWork& work, const Hist
   for (const KindEntry& entry : attentionKinds()) {
     if (const auto result = work.result(entry.kind)) store.kinds.push_back(*result);
   }
-  for (const FamilyEntry& family : openFamilies())
-    store.ageing.push_back(work.ageing(family.family));
+  store.ageing = work.ageing();
   return QByteArray::fromStdString(briefPage(brief, BriefLines::kDrawings));
 }
 

@@ -55,9 +55,8 @@ QString money(Currency amount) {
 }
 
 /// The kind's meaning with its limit in it.
-QString meaning(const KindEntry& entry, const AttentionLimits& limits) {
-  return fromBytes(entry.meaning)
-      .replace(u'%', QString::number(limits[static_cast<std::size_t>(entry.kind)]));
+QString meaning(AttentionKind kind, const AttentionLimits& limits) {
+  return fromBytes(meaningOf(kind, limits[static_cast<std::size_t>(kind)]));
 }
 
 QString countText(const KindResult& result) {
@@ -180,7 +179,7 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
   auto* title = label(fromBytes(entry.caption), card);
   title->setFont(scaledFont(font(), 1.1, QFont::DemiBold));
   layout.addWidget(title, 0, 0);
-  layout.addWidget(label(meaning(entry, work_.limits()), card, true), 1, 0, 1, 2);
+  layout.addWidget(label(meaning(kind, work_.limits()), card, true), 1, 0, 1, 2);
   layout.setColumnStretch(0, 1);
   layout.setRowStretch(4, 1);  // where the card beside it is higher
 
@@ -249,9 +248,7 @@ QWidget* TodayPage::buildAgeing() {
   auto* layout = new QGridLayout(area);
   layout->setContentsMargins({});
   layout->setSpacing(kGap);
-  std::vector<Ageing> ageing;
-  for (const FamilyEntry& family : openFamilies())
-    ageing.push_back(work_.ageing(family.family));
+  const std::vector<Ageing> ageing = work_.ageing();
   ages_ = ageingGrid(ageing);
   agesForm_ = std::make_unique<Form>("today", "Age of what is open");
   if (!std::ranges::all_of(ageing, &Ageing::isWhole)) agesForm_->markIncomplete();
@@ -305,7 +302,7 @@ void TodayPage::open(AttentionKind kind) {
   back->setObjectName(QStringLiteral("back"));
   connect(back, &QToolButton::clicked, this, &TodayPage::showCards);
   layout->addWidget(back);
-  layout->addWidget(label(meaning(entryOf(kind), work_.limits()), rowsPage_, true));
+  layout->addWidget(label(meaning(kind, work_.limits()), rowsPage_, true));
   rowsForm_ = std::make_unique<Form>("today", std::string(entryOf(kind).caption));
   if (!result->isWhole()) rowsForm_->markIncomplete();
   auto* table = new GridPanel(*rows_, *rowsForm_, rowsPage_);

@@ -17,6 +17,7 @@ class TodaysWork {
   /// A kind as it stands; nothing while its whole file has not been read.
   std::optional<KindResult> result(AttentionKind kind) const;
   Ageing ageing(OpenFamily family) const { return ageingOf(family, items_, today()); }
+  std::vector<Ageing> ageing() const { return ageingOf(items_, today()); }
 
   /// The open work of the last load.
   const OpenItems& items() const { return items_; }

@@ -132,8 +132,7 @@ AttentionReport AttentionCommand::read(const Console& console) {
                                ? attentionOf(kind, items, report.asOf, limits)
                                : files.of(kind));
   }
-  for (const FamilyEntry& family : openFamilies())
-    report.ageing.push_back(ageingOf(family.family, items, report.asOf));
+  report.ageing = ageingOf(items, report.asOf);
   session.clearProgress();
   return report;
 }

@@ -19,16 +19,6 @@ std::string money(Currency amount) {
   return Format(amount, kMoneyMask);
 }
 
-std::string column(std::string text, std::size_t width) {
-  if (text.size() < width) text.insert(0, width - text.size(), ' ');
-  return text;
-}
-
-std::string left(std::string text, std::size_t width) {
-  text.resize(std::max(width, text.size()), ' ');
-  return text;
-}
-
 std::string counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " item" : " items");
 }
@@ -94,9 +84,9 @@ void writeKindText(std::ostream& out, const KindResult& result) {
     widest = std::max(widest, result.rows[i].what.size());
   for (std::size_t i = 0; i < shownRows; ++i) {
     const AttentionRow& row = result.rows[i];
-    out << "  " << left(row.date ? row.date->isoText() : "", 10)
-        << column(row.days ? std::to_string(*row.days) : "", 6) << column(money(row.amount), 18)
-        << "  " << terminalText(left(row.what, row.who.empty() ? 0 : widest));
+    out << "  " << padRight(row.date ? row.date->isoText() : "", 10)
+        << padLeft(row.days ? std::to_string(*row.days) : "", 6) << padLeft(money(row.amount), 18)
+        << "  " << terminalText(padRight(row.what, row.who.empty() ? 0 : widest));
     if (!row.who.empty()) out << "  " << terminalText(row.who);
     out << '\n';
   }
@@ -108,17 +98,18 @@ void writeKindText(std::ostream& out, const KindResult& result) {
 void writeAgeingText(std::ostream& out, const AttentionReport& report) {
   out << "\nAge in days" << std::string(11, ' ');
   for (const std::string_view bucket : kAgeBuckets)
-    out << column(std::string(bucket), 18);
-  out << column("Total", 18) << column("Items", 8) << '\n';
+    out << padLeft(std::string(bucket), 18);
+  out << padLeft("Total", 18) << padLeft("Items", 8) << '\n';
   for (const Ageing& ageing : report.ageing) {
-    out << left(std::string(openFamilies()[static_cast<std::size_t>(ageing.family)].caption), 22);
+    out << padRight(std::string(openFamilies()[static_cast<std::size_t>(ageing.family)].caption),
+                    22);
     if (!ageing.error.empty()) {
       out << "could not be read: " << terminalText(ageing.error) << '\n';
       continue;
     }
     for (const Ageing::Bucket& bucket : ageing.buckets)
-      out << column(money(bucket.amount), 18);
-    out << column(money(ageing.total), 18) << column(std::to_string(ageing.count), 8)
+      out << padLeft(money(bucket.amount), 18);
+    out << padLeft(money(ageing.total), 18) << padLeft(std::to_string(ageing.count), 8)
         << (ageing.isWhole() ? "" : "  incomplete") << '\n';
   }
 }

@@ -91,7 +91,8 @@ Brief BriefCommand::read(const Console& console, bool& whole) {
       store.recap = group.load(directory, [&](const Session&, frmTRVN& main) {
         items.readMissing();
         takeFigures(store, main, history ? &*history : nullptr, today);
-        takeAttention(store, items, today, defaultLimits());
+        store.kinds = attentionOf(items, today);
+        store.ageing = ageingOf(items, today);
         if (attach_ && !brief.isGroup) workbook_ = reportWorkbook(main, main.loadedViews());
       });
     }
