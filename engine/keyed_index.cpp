@@ -39,11 +39,9 @@ class Cursor {
   /// For going on with a walk: raises 31 for a text that is no cursor.
   Cursor(const cLogicalFile& file, std::string& buff) : file_(file), buff_(buff) {
     // Read in this order: the first that a short text does not reach is the one that is told.
-    Unpack('B', buff, kCurrentEntry);
-    Unpack('B', buff, kPathDepth);
-    Unpack('C', buff, kEntryCount);
-    Unpack('C', buff, kNextLeaf);
-    Unpack('B', buff, kSize);
+    for (const NumberField field :
+         {kCurrentEntry, kPathDepth, kEntryCount, kNextLeaf, NumberField{'B', kSize}})
+      Unpack(field, buff);
     readEntryLength();
   }
 
@@ -53,12 +51,16 @@ class Cursor {
   std::int32_t pathDepth() const { return byteAt(kPathDepth); }
   std::int32_t entryCount() const { return field16(kEntryCount); }
   std::int32_t nextLeaf() const { return field16(kNextLeaf); }
-  std::int32_t nodeAt(std::int32_t level) const { return field16(pathPosition(level)); }
+  std::int32_t nodeAt(std::int32_t level) const { return field16(nodeField(level)); }
 
-  void setCurrentEntry(std::int32_t entry) { buff_[kCurrentEntry - 1] = static_cast<char>(entry); }
-  void setPathDepth(std::int32_t depth) { buff_[kPathDepth - 1] = static_cast<char>(depth); }
+  void setCurrentEntry(std::int32_t entry) {
+    buff_[kCurrentEntry.position - 1] = static_cast<char>(entry);
+  }
+  void setPathDepth(std::int32_t depth) {
+    buff_[kPathDepth.position - 1] = static_cast<char>(depth);
+  }
   void setNodeAt(std::int32_t level, std::int32_t node) {
-    const auto at = static_cast<std::size_t>(pathPosition(level)) - 1;
+    const auto at = static_cast<std::size_t>(nodeField(level).position) - 1;
     buff_[at] = static_cast<char>(node >> 8);
     buff_[at + 1] = static_cast<char>(node);
   }
@@ -110,13 +112,15 @@ class Cursor {
     const auto room = static_cast<std::int32_t>(buff_.size()) - kEntries + 1;
     return std::min(entryCount(), room / entryLength_);
   }
-  std::int32_t byteAt(std::int32_t position) const {
-    return static_cast<unsigned char>(buff_[static_cast<std::size_t>(position) - 1]);
+  std::int32_t byteAt(NumberField field) const {
+    return static_cast<unsigned char>(buff_[static_cast<std::size_t>(field.position) - 1]);
   }
-  std::int32_t field16(std::int32_t position) const {
-    return static_cast<std::int32_t>(bigEndian16(buff_.data() + position - 1));
+  std::int32_t field16(NumberField field) const {
+    return static_cast<std::int32_t>(bigEndian16(buff_.data() + field.position - 1));
   }
-  static std::int32_t pathPosition(std::int32_t level) { return kNodePath + 2 * (level - 1); }
+  static NumberField nodeField(std::int32_t level) {
+    return kNodePath.behind(kNodePath.width() * (level - 1));
+  }
 
   void readEntryLength() {
     entryLength_ = field16(kEntryLength);
@@ -325,13 +329,14 @@ std::int32_t iKCount(const cLogicalFile& LogicalFile, bool& Orb) {
 std::int32_t iKLength(const cLogicalFile& LogicalFile, bool& Orb) {
   Block header;
   readBlock(LogicalFile, 0, header, Orb);
-  return static_cast<std::int32_t>(bigEndian16(header.data())) - kPointerSize;
+  return static_cast<std::int32_t>(bigEndian16(header.data() + kEntryLength.position - 1)) -
+         kPointerSize;
 }
 
 std::int64_t placeOf(std::string_view cursor) {
-  const std::int32_t depth = Unpack('B', cursor, kPathDepth);
-  const std::int32_t leaf = Unpack('C', cursor, kNodePath + 2 * (depth - 1));
-  return std::int64_t{leaf} * 256 + Unpack('B', cursor, kCurrentEntry);
+  const std::int32_t depth = Unpack(kPathDepth, cursor);
+  const std::int32_t leaf = Unpack(kNodePath.behind(kNodePath.width() * (depth - 1)), cursor);
+  return std::int64_t{leaf} * 256 + Unpack(kCurrentEntry, cursor);
 }
 
 int compareKeys(std::string_view a, std::string_view b) {

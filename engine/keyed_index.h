@@ -5,23 +5,43 @@
 #include <string>
 #include <string_view>
 
+#include "engine/layout.h"
 #include "engine/logical_file.h"
 
 namespace dg {
 
-/// Layout of the 544-byte cursor that a caller owns for each walk. Positions count from 1.
+/// Layout of an index's block 0.
+namespace index_header {
+inline constexpr NumberField kEntryLength{'C', 1};  ///< the key's length and 4
+inline constexpr NumberField kEntriesPerNode{'C', 3};
+inline constexpr NumberField kLastBlock{'C', 5};
+inline constexpr NumberField kAlwaysTwo{'C', 7};
+inline constexpr NumberField kRoot{'C', 9};
+inline constexpr NumberField kFirstFill{'C', 11};
+inline constexpr NumberField kDuplicateKeys{'C', 13};  ///< all ones when keys may repeat, else 0
+}  // namespace index_header
+
+/// Layout of all other blocks.
+namespace index_node {
+inline constexpr NumberField kEntryCount{'C', 1};
+inline constexpr NumberField kNextLeaf{'C', 3};  ///< 0 in an interior node
+inline constexpr std::int32_t kEntries = 5;      ///< where the first entry begins
+}  // namespace index_node
+
+/// Layout of the 544-byte cursor that a caller owns for each walk: what it needs of the header,
+/// then the walk's state, then the current node.
 namespace index_cursor {
 inline constexpr std::int32_t kSize = 544;
-inline constexpr std::int32_t kEntryLength = 1;    ///< C, copy of the header
-inline constexpr std::int32_t kRootNode = 9;       ///< C, copy of the header
-inline constexpr std::int32_t kCurrentEntry = 17;  ///< B, 1-based entry in the current leaf
-inline constexpr std::int32_t kPathDepth = 18;     ///< B, levels from the root (1) to the leaf
-inline constexpr std::int32_t kNodePath = 19;      ///< C each, node number of level 1 and on
-inline constexpr std::int32_t kMaxDepth = 7;       ///< levels that the path has room for
-inline constexpr std::int32_t kNode = 33;          ///< the current node, 512 bytes
-inline constexpr std::int32_t kEntryCount = 33;    ///< C
-inline constexpr std::int32_t kNextLeaf = 35;      ///< C
-inline constexpr std::int32_t kEntries = 37;       ///< first entry
+inline constexpr NumberField kEntryLength = index_header::kEntryLength;
+inline constexpr NumberField kRootNode = index_header::kRoot;
+inline constexpr NumberField kCurrentEntry{'B', 17};  ///< 1-based entry in the current leaf
+inline constexpr NumberField kPathDepth{'B', 18};     ///< levels from the root (1) to the leaf
+inline constexpr NumberField kNodePath{'C', 19};      ///< node number of level 1; the others behind
+inline constexpr std::int32_t kMaxDepth = 7;          ///< levels that the path has room for
+inline constexpr std::int32_t kNode = 33;
+inline constexpr NumberField kEntryCount = index_node::kEntryCount.behind(kNode - 1);
+inline constexpr NumberField kNextLeaf = index_node::kNextLeaf.behind(kNode - 1);
+inline constexpr std::int32_t kEntries = kNode - 1 + index_node::kEntries;
 }  // namespace index_cursor
 
 /// NextLeaf of the last leaf.
@@ -29,7 +49,7 @@ inline constexpr std::int32_t kNoNextLeaf = 65535;
 
 /// Bytes of an entry behind its key, and bytes of a node behind its count and next leaf.
 inline constexpr std::int32_t kPointerSize = 4;
-inline constexpr std::int32_t kEntriesSize = kBlockSize - 4;
+inline constexpr std::int32_t kEntriesSize = kBlockSize - (index_node::kEntries - 1);
 
 /// A bound of the entries that a walk meets in one block of an index; for a WalkGuard.
 constexpr std::int64_t mostEntriesPerBlock(std::int32_t keyLength) {

@@ -13,15 +13,17 @@ namespace dg {
 
 namespace {
 
-constexpr std::size_t kEntrySize = 160;
-constexpr std::size_t kNameSize = 79;
-// Each name has one byte in front of it that nobody reads.
-constexpr std::size_t kLinkNamePosition = 2;
-constexpr std::size_t kResolutionNamePosition = 82;
-
+constexpr std::size_t kEntrySize = link_entry::kSize;
 constexpr std::size_t kEntriesPerRead = 512;
 
 }  // namespace
+
+cLink cLink::decode(std::string_view entry) {
+  cLink link;
+  link.LinkFile = Trun(bytesOf(link_entry::kLinkName, entry), true);
+  link.ResolutionFile = Trun(bytesOf(link_entry::kResolutionName, entry), true);
+  return link;
+}
 
 std::shared_ptr<cLink> cLinks::Add(const std::string& LinkFile, const std::string& ResolutionFile,
                                    const std::string& sKey) {
@@ -44,10 +46,10 @@ void cLinks::load(const std::string& path) {
     offset += static_cast<std::int64_t>(count);
     const std::string_view table = std::string_view(block).substr(0, count);
     for (std::size_t start = 0; start < table.size(); start += kEntrySize) {
-      const std::string_view entry = table.substr(start, kEntrySize);
-      const std::string link = Trun(middle(entry, kLinkNamePosition, kNameSize), true);
-      if (link.empty() || find(link)) continue;  // of a repeated name the first stays
-      Add(link, Trun(middle(entry, kResolutionNamePosition, kNameSize), true), link);
+      const cLink link = cLink::decode(table.substr(start, kEntrySize));
+      // Of a repeated name the first stays.
+      if (link.LinkFile.empty() || find(link.LinkFile)) continue;
+      Add(link.LinkFile, link.ResolutionFile, link.LinkFile);
     }
   }
 }

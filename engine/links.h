@@ -1,21 +1,34 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/collection.h"
+#include "engine/layout.h"
 
 namespace dg {
 
 /// Name of the link table in the root of the link share.
 inline constexpr const char* kLinkTable = "LINKSFILE";
 
+/// Layout of an entry of the link table. Each name has one byte in front of it that nobody reads.
+namespace link_entry {
+inline constexpr std::int32_t kSize = 160;
+inline constexpr TextField kLinkName{2, 79};
+inline constexpr TextField kResolutionName{82, 79};
+}  // namespace link_entry
+
 /// One entry of the link table: where the directory file of a logical file lies.
 class cLink {
  public:
   std::string LinkFile;        ///< ":directory:file name"
   std::string ResolutionFile;  ///< path below the link share, ":" in place of each backslash
+
+  /// Both names without their padding; an entry that is cut short has what there is of them.
+  static cLink decode(std::string_view entry);
 };
 
 /// The link table, by link name.

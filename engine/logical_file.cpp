@@ -88,12 +88,12 @@ bool isLegal(const cLogicalFile& file, std::int32_t record) {
 
 std::int32_t cLogicalFile::ActiveCount(bool& Orb) const {
   if (!OpenFile || FileType != "L") return 0;
-  return Unpack('L', readRecordZero(*this, Orb), record_zero::kActiveCount);
+  return Unpack(record_zero::kActiveCount, readRecordZero(*this, Orb));
 }
 
 std::int32_t cLogicalFile::HighUsedRecord(bool& Orb) const {
   if (!OpenFile || FileType != "L") return 0;
-  return Unpack('L', readRecordZero(*this, Orb), record_zero::kHighUsedRecord);
+  return Unpack(record_zero::kHighUsedRecord, readRecordZero(*this, Orb));
 }
 
 std::int32_t cLogicalFile::recordOffset(std::int32_t RecordNumber) const {
@@ -119,17 +119,14 @@ std::shared_ptr<cLogicalFile> cLogicalFiles::Add(const std::string& FileName,
 }
 
 DirectoryEntry DirectoryEntry::decode(std::string entry) {
-  constexpr std::size_t kNameSize = 10;
   entry.resize(kSize, '\0');
   DirectoryEntry result;
-  result.FileName = Trun(std::string_view(entry).substr(0, kNameSize), true);
-  // Two bytes of the name: the suite's layout has it so, and an entry with flags is met by no
-  // short name.
-  result.Flags = Unpack('C', entry, 7);
-  result.Position = Unpack('D', entry, 11);
-  result.RecordLength = Unpack('C', entry, 14);
-  result.FileType = entry.substr(15, 1);
-  result.LastRecord = Unpack('L', entry, 17);
+  result.FileName = Trun(bytesOf(kName, entry), true);
+  result.Flags = Unpack(kFlags, entry);
+  result.Position = Unpack(kStartBlock, entry);
+  result.RecordLength = Unpack(kRecordLength, entry);
+  result.FileType = bytesOf(kType, entry);
+  result.LastRecord = Unpack(kCapacity, entry);
   return result;
 }
 
@@ -141,8 +138,8 @@ std::string directoryFilePath(const std::string& ResolutionFile) {
 }
 
 std::string dataFilePath(const std::string& directoryFile) {
-  if (directoryFile.size() < 2) throw RunTimeError(kInvalidProcedureCall);
-  return directoryFile.substr(0, directoryFile.size() - 2) + "DB";
+  if (directoryFile.size() < kDirectoryEndingWidth) throw RunTimeError(kInvalidProcedureCall);
+  return directoryFile.substr(0, directoryFile.size() - kDirectoryEndingWidth) + "DB";
 }
 
 void iExpectStore() {

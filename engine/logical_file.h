@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include "engine/collection.h"
+#include "engine/layout.h"
 #include "engine/open_file.h"
 
 namespace dg {
@@ -41,9 +43,17 @@ class cLogicalFiles : public Collection<cLogicalFile> {
 /// One 32-byte entry of a directory file.
 struct DirectoryEntry {
   static constexpr std::int32_t kSize = 32;
+  static constexpr TextField kName{1, 10};
+  /// Two bytes of the name: the suite's layout has it so, and an entry with flags is met by no
+  /// short name.
+  static constexpr NumberField kFlags{'C', 7};
+  static constexpr NumberField kStartBlock{'D', 11};
+  static constexpr NumberField kRecordLength{'C', 14};
+  static constexpr TextField kType{16, 1};
+  static constexpr NumberField kCapacity{'L', 17};
 
-  std::string FileName;           ///< without its padding
-  std::int32_t Flags = 0;         ///< overlaps the last bytes of the name field
+  std::string FileName;  ///< without its padding
+  std::int32_t Flags = 0;
   std::int32_t Position = 0;      ///< start block
   std::int32_t RecordLength = 0;  ///< bytes
   std::string FileType;           ///< one character
@@ -61,6 +71,8 @@ std::string iLreadFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::in
 void iLwriteFile(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_t RecordNumber,
                  const std::string& Data);
 
+/// Bytes of a directory file's name that its data file has not: "DB" stands in their place.
+inline constexpr std::size_t kDirectoryEndingWidth = 2;
 /// The paths of the directory file and of the data file that a resolution name stands for. Raise 91
 /// without module state, and 5 for a path that is too short.
 std::string directoryFilePath(const std::string& ResolutionFile);

@@ -17,8 +17,8 @@ std::int32_t headOffset(const cLogicalFile& file) {
 
 void initialiseRecords(const std::shared_ptr<cLogicalFile>& file, bool& orb) {
   std::string head(kBlockSize, '\0');
-  Pack('J', head, -2, record_zero::kMarker);
-  Pack('L', head, -1, record_zero::kFreeHead);
+  Pack(record_zero::kMarker, head, -2);
+  Pack(record_zero::kFreeHead, head, -1);
   iWriteFile(file->OpenFile, head, headOffset(*file), orb);
 
   if (file->RecordLength < 0) throw RunTimeError(kInvalidProcedureCall);
@@ -34,19 +34,19 @@ void initialiseIndex(const cLogicalFile& file, std::int32_t keyLength, bool dupl
   const std::int32_t entries = kEntriesSize / entryLength;
 
   std::string header(kBlockSize, '\0');
-  Pack('C', header, entryLength, 1);
-  Pack('C', header, entries, 3);
-  Pack('C', header, file.LastRecord, 5);
-  Pack('C', header, 2, 7);
-  Pack('C', header, 1, 9);
+  Pack(index_header::kEntryLength, header, entryLength);
+  Pack(index_header::kEntriesPerNode, header, entries);
+  Pack(index_header::kLastBlock, header, file.LastRecord);
+  Pack(index_header::kAlwaysTwo, header, 2);
+  Pack(index_header::kRoot, header, 1);
   // The division by 100 comes first and rounds down: a factor below 100 stores 0.
-  Pack('C', header, checkedMultiply(entries, blockingFactor / 100), 11);
-  Pack('C', header, duplicateKeys ? -1 : 0, 13);
+  Pack(index_header::kFirstFill, header, checkedMultiply(entries, blockingFactor / 100));
+  Pack(index_header::kDuplicateKeys, header, duplicateKeys ? -1 : 0);
   iWriteFile(file.OpenFile, header, headOffset(file), orb);
 
   // One leaf, the last, with nothing but the sentinel.
   std::string leaf(kBlockSize, '\xFF');
-  Pack('C', leaf, 1, 1);
+  Pack(index_node::kEntryCount, leaf, 1);
   iWriteFile(file.OpenFile, leaf, checkedMultiply(checkedAdd(file.Position, 1), kBlockSize), orb);
 }
 
@@ -58,17 +58,17 @@ std::string readRecordZero(const cLogicalFile& LogicalFile, bool& Orb) {
 
 std::int32_t allocateRecord(const cLogicalFile& LogicalFile, bool& Orb) {
   std::string head = readRecordZero(LogicalFile, Orb);
-  std::int32_t record = Unpack('L', head, record_zero::kFreeHead);
+  std::int32_t record = Unpack(record_zero::kFreeHead, head);
   if (record < 1) {
-    record = checkedAdd(Unpack('L', head, record_zero::kHighUsedRecord), 1);
-    Pack('L', head, record, record_zero::kHighUsedRecord);
+    record = checkedAdd(Unpack(record_zero::kHighUsedRecord, head), 1);
+    Pack(record_zero::kHighUsedRecord, head, record);
   } else {
     const std::string data = iReadFile(LogicalFile.OpenFile, LogicalFile.RecordLength,
                                        LogicalFile.recordOffset(record), Orb);
-    Pack('L', head, Unpack('L', data, kNextFreeRecord), record_zero::kFreeHead);
+    Pack(record_zero::kFreeHead, head, Unpack(kNextFreeRecord, data));
   }
-  const std::int32_t active = Unpack('L', head, record_zero::kActiveCount);
-  Pack('L', head, checkedAdd(active, 1), record_zero::kActiveCount);
+  const std::int32_t active = Unpack(record_zero::kActiveCount, head);
+  Pack(record_zero::kActiveCount, head, checkedAdd(active, 1));
   iWriteFile(LogicalFile.OpenFile, head, headOffset(LogicalFile), Orb);
   return record;
 }
@@ -77,17 +77,17 @@ void releaseRecord(const std::shared_ptr<cLogicalFile>& LogicalFile, std::int32_
                    bool& Orb) {
   if (!LogicalFile) throw RunTimeError(kObjectNotSet);
   std::string head = readRecordZero(*LogicalFile, Orb);
-  const std::int32_t freeHead = Unpack('L', head, record_zero::kFreeHead);
-  const std::int32_t active = Unpack('L', head, record_zero::kActiveCount);
+  const std::int32_t freeHead = Unpack(record_zero::kFreeHead, head);
+  const std::int32_t active = Unpack(record_zero::kActiveCount, head);
   const std::string data = iLreadFile(LogicalFile, RecordNumber, Orb);
-  if (Unpack('J', data, kRecordInUse) <= 0) {
+  if (Unpack(kRecordInUse, data) <= 0) {
     throw RunTimeError(81, "DelRec", "Attempt to delete a deleted record");
   }
   std::string cleared(data.size(), '\0');
-  Pack('L', cleared, freeHead, kNextFreeRecord);
+  Pack(kNextFreeRecord, cleared, freeHead);
   iLwriteFile(LogicalFile, RecordNumber, cleared);
-  Pack('L', head, RecordNumber, record_zero::kFreeHead);
-  Pack('L', head, std::max(active, 1) - 1, record_zero::kActiveCount);
+  Pack(record_zero::kFreeHead, head, RecordNumber);
+  Pack(record_zero::kActiveCount, head, std::max(active, 1) - 1);
   iWriteFile(LogicalFile->OpenFile, head, headOffset(*LogicalFile), Orb);
 }
 

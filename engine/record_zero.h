@@ -4,24 +4,25 @@
 #include <memory>
 #include <string>
 
+#include "engine/layout.h"
 #include "engine/logical_file.h"
 
 namespace dg {
 
 /// The allocation state of a record file (type "L"): the first 16 bytes of the place where its
-/// record 0 would stand. Positions count from 1.
+/// record 0 would stand.
 namespace record_zero {
 inline constexpr std::int32_t kSize = 16;
-inline constexpr std::int32_t kMarker = 1;          ///< J, -2 from the start; never tested
-inline constexpr std::int32_t kFreeHead = 3;        ///< L, first free record; below 1: none
-inline constexpr std::int32_t kHighUsedRecord = 7;  ///< L, highest number ever handed out
-inline constexpr std::int32_t kActiveCount = 11;    ///< L, records in use
+inline constexpr NumberField kMarker{'J', 1};          ///< -2 from the start; never tested
+inline constexpr NumberField kFreeHead{'L', 3};        ///< first free record; below 1: none
+inline constexpr NumberField kHighUsedRecord{'L', 7};  ///< highest number ever handed out
+inline constexpr NumberField kActiveCount{'L', 11};    ///< records in use
 }  // namespace record_zero
 
-/// Where a data record says whether it is in use (J, above 0), and where a free one holds the next
-/// free record (L).
-inline constexpr std::int32_t kRecordInUse = 1;
-inline constexpr std::int32_t kNextFreeRecord = 3;
+/// Where a data record says whether it is in use (above 0), and where a free one holds the next
+/// free record.
+inline constexpr NumberField kRecordInUse{'J', 1};
+inline constexpr NumberField kNextFreeRecord{'L', 3};
 
 /// The 16 bytes of record zero.
 std::string readRecordZero(const cLogicalFile& LogicalFile, bool& Orb);

@@ -5,23 +5,13 @@
 #include "engine/open_file.h"
 #include "engine/state.h"
 #include "platform/file.h"
-#include "platform/text.h"
 #include "platform/values/run_time_error.h"
 #include "records/file_names.h"
 #include "records/read.h"
 
 namespace dg {
 
-namespace {
-
-/// Holds the company options, one character each.
-constexpr std::int32_t kOptionBlock = 401;
-/// The company record.
-constexpr std::int32_t kCompanyBlock = 1;
-constexpr std::size_t kStoreNamePosition = 151;
-constexpr std::size_t kStoreNameWidth = 35;
-
-}  // namespace
+using namespace control_file;
 
 void expectStore() {
   iExpectFile(files::kControlFile, FileAccess::kReadWrite, Expected::kSoon);
@@ -36,8 +26,8 @@ std::string readControlBlock(std::int32_t block) {
 std::string readStoreName(const std::string& directory) {
   const auto control = openIfThere(directory + '\\' + files::kControlFile);
   if (!control) throw RunTimeError(kFileNotFound);
-  std::string name(kStoreNameWidth, '\0');
-  const std::int64_t at = std::int64_t{kCompanyBlock} * kBlockSize + kStoreNamePosition - 1;
+  std::string name(kStoreName.width, '\0');
+  const std::int64_t at = std::int64_t{kCompanyBlock} * kBlockSize + kStoreName.position - 1;
   if (control->read(at, name.data(), name.size()) < name.size()) throw RunTimeError(kInputPastEnd);
   return name;
 }
@@ -46,7 +36,7 @@ std::string readStoreName(const cBusinessBasic& engine) {
   const FileArgument control = engine.OpenFile(files::kControlFile);
   bool orb = true;
   const std::string company = engine.BlockReadFile(control, kCompanyBlock, orb);
-  std::string name(middle(company, kStoreNamePosition, kStoreNameWidth));
+  std::string name(bytesOf(kStoreName, company));
   engine.CloseFile(control);
   return name;
 }
@@ -57,7 +47,7 @@ bool companyOption(std::int32_t position) {
   const cBusinessBasic& engine = sharedEngine();
   const FileArgument control = engine.OpenFile(files::kControlFile);
   const std::string options = readBlock(control, kOptionBlock);
-  const bool isSet = middle(options, static_cast<std::size_t>(position), 1) == "Y";
+  const bool isSet = bytesOf({.position = position, .width = 1}, options) == "Y";
   engine.CloseFile(control);
   return isSet;
 }

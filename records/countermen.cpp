@@ -10,20 +10,20 @@ constexpr std::int32_t kFlagUnit = 10000;
 
 /// One field holds a flag and a number. Reading never clears the flag, so that an instance that is
 /// used again keeps it.
-void readField198(clsCounterman& man, const std::string& record) {
-  const std::int32_t value = Unpack('C', record, 198);
+void readField198(clsCounterman& man, const std::string& record, TextField field) {
+  const std::int32_t value = Unpack('C', record, field.position);
   if (value >= kFlagUnit) man.Field198Flag = -1;
   man.Field198 = value % kFlagUnit;
 }
 
-void writeField198(const clsCounterman& man, std::string& record) {
+void writeField198(const clsCounterman& man, std::string& record, TextField field) {
   const std::int32_t value =
       man.Field198Flag != 0 ? man.Field198 % kFlagUnit + kFlagUnit : man.Field198;
-  Pack('C', record, value, 198);
+  Pack('C', record, value, field.position);
 }
 
 constexpr Field<clsCounterman> kFields[] = {
-    integer(3, 'C', DG_MEMBER(COUNTERMAN_Number)),
+    integer(counterman_record::kNumber, DG_MEMBER(COUNTERMAN_Number)),
     packedText(5, 2, DG_MEMBER(COUNTERMAN_Alpha)),
     packedText(7, 20, DG_MEMBER(Name)),
     date(27, 'D', DG_MEMBER(Date_Set_Up)),

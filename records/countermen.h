@@ -8,6 +8,11 @@
 
 namespace dg {
 
+/// Fields of a counterman that are also read without the class.
+namespace counterman_record {
+inline constexpr NumberField kNumber{'C', 3};
+}  // namespace counterman_record
+
 /// A sales person, counterman or mechanic with running totals: "MANL", found through "MANI" by
 /// number, continued in "EMANL". A look-up that needs only the name reads "MANL" alone. The members
 /// stand in the class's order, which is the order of reading and not that of the positions.

@@ -16,17 +16,17 @@ constexpr std::int32_t kMaxPhone = 9999999;
 constexpr std::int32_t kMaxAreaCode = 999;
 
 /// Name and address lines as one block, in which state and ZIP code are looked for.
-std::string addressBlock(const std::string& record) {
-  return unpackText(textField(record, 6, 80));
+std::string addressBlock(const std::string& record, TextField field) {
+  return unpackText(bytesOf(field, record));
 }
 
-void readState(clsCustomers& customer, const std::string& record) {
-  std::string block = addressBlock(record);
+void readState(clsCustomers& customer, const std::string& record, TextField field) {
+  std::string block = addressBlock(record, field);
   customer.State = AddressState(block);
 }
 
-void readZipCode(clsCustomers& customer, const std::string& record) {
-  std::string block = addressBlock(record);
+void readZipCode(clsCustomers& customer, const std::string& record, TextField field) {
+  std::string block = addressBlock(record, field);
   customer.Zip_Code = AddressZip(block);
 }
 
@@ -34,7 +34,7 @@ void readZipCode(clsCustomers& customer, const std::string& record) {
 constexpr Field<clsCustomers> kFields[] = {
     integer(3, 'D', DG_MEMBER(Account)),
     maskHead<clsCustomers>(kDashHead),
-    packedText(6, 20, DG_MEMBER(Name)),
+    packedText(customer_record::kName, DG_MEMBER(Name)),
     packedText(26, 20, DG_MEMBER(Address_Line_1)),
     packedText(46, 20, DG_MEMBER(Address_Line_2)),
     packedText(66, 20, DG_MEMBER(Address_Line_3)),

@@ -8,6 +8,11 @@
 
 namespace dg {
 
+/// Fields of a customer that are also read without the class.
+namespace customer_record {
+inline constexpr TextField kName{6, 20};  ///< packed
+}  // namespace customer_record
+
 /// A customer account: "CUSTL", found through "CUSTI" by account number, continued in "ECUSTL". A
 /// look-up that needs only the name reads "CUSTL" alone. Most members are carried, not shown.
 /// Unpack leaves the packed-text table with its head " ,/.".

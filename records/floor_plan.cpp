@@ -16,32 +16,38 @@ constexpr Field<clsFloorPlan> kFields[] = {
     packedText(29, 6, DG_MEMBER(Reference_1)),
     packedText(35, 4, DG_MEMBER(Reference_2)),
     date(39, 'J', DG_MEMBER(Date_Received)),
-    date(41, 'J', DG_MEMBER(Date_Sold)),
+    date(floor_plan_record::kDateSold.position, 'J', DG_MEMBER(Date_Sold)),
     date(43, 'J', DG_MEMBER(Date_Due)),
     date(45, 'J', DG_MEMBER(Date_Paid)),
     packedText(47, 4, DG_MEMBER(Payment_Reference)),
     scaled(51, 'K', 100, DG_MEMBER(Cost)),
     scaled(54, 'K', 100, DG_MEMBER(Sold_For_Price)),
     integer(57, 'D', DG_MEMBER(Account)),
-    integer(60, 'L', DG_MEMBER(Customer_Invoice)),
+    integer(floor_plan_record::kCustomerInvoice, DG_MEMBER(Customer_Invoice)),
     date(64, 'J', DG_MEMBER(pas_Date_Due)),
     date(66, 'J', DG_MEMBER(pas_Date_Paid)),
     packedText(68, 4, DG_MEMBER(pas_Payment_Ref)),
     packedText(72, 4, DG_MEMBER(pas_Status)),
     integer(76, 'C', DG_MEMBER(pas_Serv_Chg_Perc)),
     scaled(78, 'K', 100, DG_MEMBER(pas_Amount_Paid)),
-    integer(94, 'D', DG_MEMBER(ExtentChain)),
+    integer(floor_plan_record::kExtentChain, DG_MEMBER(ExtentChain)),
 };
 }  // namespace floor_plan
 
 namespace extent {
 using Self = clsFloorPlanExtent;
+// clang-format off: a row of the format is a line
 constexpr Field<clsFloorPlanExtent> kFields[] = {
-    integer(1, 'C', DG_MEMBER(recordStatus)), packedText(3, 2, DG_MEMBER(Line)),
-    packedText(5, 12, DG_MEMBER(PartNumber)), packedText(5, 24, DG_MEMBER(LongText)),
-    integer(17, 'J', DG_MEMBER(Quantity)),    scaled(19, 'D', 100, DG_MEMBER(Cost)),
-    scaled(22, 'D', 100, DG_MEMBER(Net)),     integer(29, 'D', DG_MEMBER(ExtentNext)),
+    integer(1, 'C', DG_MEMBER(recordStatus)),
+    packedText(3, 2, DG_MEMBER(Line)),
+    packedText(5, 12, DG_MEMBER(PartNumber)),
+    packedText(5, 24, DG_MEMBER(LongText)),
+    integer(17, 'J', DG_MEMBER(Quantity)),
+    scaled(19, 'D', 100, DG_MEMBER(Cost)),
+    scaled(22, 'D', 100, DG_MEMBER(Net)),
+    integer(floor_plan_extent::kNext, DG_MEMBER(ExtentNext)),
 };
+// clang-format on
 }  // namespace extent
 
 }  // namespace

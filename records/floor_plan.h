@@ -8,6 +8,17 @@
 
 namespace dg {
 
+/// Fields of a floor-plan entry and of its extents that are also read without their classes.
+namespace floor_plan_record {
+inline constexpr NumberField kDateSold{'C', 41};         ///< day number, 0 in an open entry
+inline constexpr NumberField kCustomerInvoice{'L', 60};  ///< 0 in an open entry
+inline constexpr NumberField kExtentChain{'D', 94};
+inline constexpr TextField kPartKey{5, 14};  ///< taken as a key into "PARTI"
+}  // namespace floor_plan_record
+namespace floor_plan_extent {
+inline constexpr NumberField kNext{'D', 29};
+}  // namespace floor_plan_extent
+
 /// One financed unit: "FPLNL", found through "FPLNI" by product line. Unpack leaves the packed-text
 /// table with its head " ,-.".
 class clsFloorPlan final : public TableRecord<clsFloorPlan> {

@@ -15,6 +15,9 @@ using Self = clsInvoiceHistory;
 
 constexpr std::int16_t kTrue = -1;
 
+/// What a record is, which says how it is laid out.
+constexpr NumberField kType{'J', 1};
+
 enum class Layout { kNone, kSales, kOrder };
 
 Layout layoutOf(std::int32_t type) {
@@ -26,22 +29,22 @@ Layout layoutOf(std::int32_t type) {
 }
 
 /// -1 is no ship-to: the account itself. Any lower value is the upper half of an unsigned account.
-void readShipTo(clsInvoiceHistory& header, const std::string& record) {
-  header.ShipTo = Unpack('K', record, 141);
-  if (header.ShipTo < -1) header.ShipTo = Unpack('D', record, 141);
+void readShipTo(clsInvoiceHistory& header, const std::string& record, TextField field) {
+  header.ShipTo = Unpack('K', record, field.position);
+  if (header.ShipTo < -1) header.ShipTo = Unpack('D', record, field.position);
   if (header.ShipTo < 0) header.ShipTo = header.Account;
 }
-void writeShipTo(const clsInvoiceHistory& header, std::string& record) {
-  Pack('K', record, header.ShipTo, 141);
+void writeShipTo(const clsInvoiceHistory& header, std::string& record, TextField field) {
+  Pack('K', record, header.ShipTo, field.position);
 }
 
 constexpr std::int32_t kLastPlainTransaction = 20;
 
-void readSaleFlag(clsInvoiceHistory& header, const std::string& record) {
+void readSaleFlag(clsInvoiceHistory& header, const std::string& record, TextField field) {
   header.SaleFlag = 0;
-  if (Unpack('B', record, 123) > kLastPlainTransaction) header.SaleFlag = kTrue;
+  if (Unpack('B', record, field.position) > kLastPlainTransaction) header.SaleFlag = kTrue;
 }
-void clearSaleFlag(clsInvoiceHistory& header, const std::string&) {
+void clearSaleFlag(clsInvoiceHistory& header) {
   header.SaleFlag = 0;
 }
 
@@ -49,41 +52,40 @@ void clearSaleFlag(clsInvoiceHistory& header, const std::string&) {
 /// record's own type is stored only behind it.
 constexpr std::int32_t kTypeWithLongField = 2;
 
-void readField151(clsInvoiceHistory& header, const std::string& record) {
+void readField151(clsInvoiceHistory& header, const std::string& record, TextField field) {
   if (header.Record_Status == kTypeWithLongField) {
-    header.Field151Long = Unpack('L', record, 151);
+    header.Field151Long = Unpack('L', record, field.position);
   } else {
-    header.Field151 = Unpack('C', record, 151);
+    header.Field151 = Unpack('C', record, field.position);
   }
 }
-void writeField151(const clsInvoiceHistory& header, std::string& record) {
+void writeField151(const clsInvoiceHistory& header, std::string& record, TextField field) {
   if (header.Record_Status == kTypeWithLongField) {
-    Pack('L', record, header.Field151Long, 151);
+    Pack('L', record, header.Field151Long, field.position);
   } else {
-    Pack('C', record, header.Field151, 151);
+    Pack('C', record, header.Field151, field.position);
   }
 }
 
 constexpr std::int32_t kRentalBit = 1 << 6;
 
-void readRental(clsInvoiceHistory& header, const std::string& record) {
-  header.Rental = (Unpack('B', record, 116) & kRentalBit) != 0 ? kTrue : std::int16_t{0};
+void readRental(clsInvoiceHistory& header, const std::string& record, TextField field) {
+  header.Rental = (Unpack('B', record, field.position) & kRentalBit) != 0 ? kTrue : std::int16_t{0};
 }
-void writeRental(const clsInvoiceHistory& header, std::string& record) {
-  std::int32_t flags = Unpack('B', record, 116) & ~kRentalBit;
+void writeRental(const clsInvoiceHistory& header, std::string& record, TextField field) {
+  std::int32_t flags = Unpack('B', record, field.position) & ~kRentalBit;
   if (header.Rental != 0) flags |= kRentalBit;
-  Pack('B', record, flags, 116);
+  Pack('B', record, flags, field.position);
 }
 
 /// The terminal that writes the record, in the place of its own layout.
-template <std::int32_t Position>
-void writeTerminalNumber(const clsInvoiceHistory&, std::string& record) {
-  Pack('B', record, sharedEngine().Sys(4), Position);
+void writeTerminalNumber(const clsInvoiceHistory&, std::string& record, TextField field) {
+  Pack('B', record, sharedEngine().Sys(4), field.position);
 }
 
 /// Only the last digit of a sale's type counts; with a sub-total above zero the types 3 and 4 are
 /// the types 1 and 2.
-void normaliseTransactionType(clsInvoiceHistory& header, const std::string&) {
+void normaliseTransactionType(clsInvoiceHistory& header) {
   if (header.IsOrderLayout == 0) header.Transaction_Type %= 10;
   if (header.Sub_Total > Currency()) {
     if (header.Transaction_Type == 3) {
@@ -95,7 +97,7 @@ void normaliseTransactionType(clsInvoiceHistory& header, const std::string&) {
 }
 
 constexpr Field<clsInvoiceHistory> kSalesFields[] = {
-    writeOnly(integer(1, 'J', DG_MEMBER(Record_Status))),
+    writeOnly(integer(kType, DG_MEMBER(Record_Status))),
     integer(3, 'D', DG_MEMBER(Account)),
     rule<clsInvoiceHistory>(141, 3, &readShipTo, &writeShipTo, DG_MEMBER(ShipTo)),
     integer(50, 'C', DG_MEMBER(Invoice_Time)),
@@ -140,7 +142,7 @@ constexpr Field<clsInvoiceHistory> kSalesFields[] = {
 constexpr Field<clsInvoiceHistory> kOrderFields[] = {
     integer(3, 'L', DG_MEMBER(Account)),
     integer(7, 'D', DG_MEMBER(ShipTo)),
-    integer(10, 'C', DG_MEMBER(ReplacementEstimate)),
+    wholeCurrency(10, 'C', DG_MEMBER(ReplacementEstimate)),
     scaled(14, 'D', 10, DG_MEMBER(Meter)),
     date(17, 'J', DG_MEMBER(ScheduleDate)),
     date(19, 'J', DG_MEMBER(PostCardDate)),
@@ -154,7 +156,7 @@ constexpr Field<clsInvoiceHistory> kOrderFields[] = {
     integer(75, 'L', DG_MEMBER(ShopReference)),
     integer(79, 'B', DG_MEMBER(Mechanic)),
     integer(80, 'B', DG_MEMBER(PostCardCount)),
-    integer(81, 'C', DG_MEMBER(EstimateAmount)),
+    wholeCurrency(81, 'C', DG_MEMBER(EstimateAmount)),
     date(83, 'J', DG_MEMBER(PromiseDate)),
     date(85, 'J', DG_MEMBER(DeliveryDate)),
     packedText(87, 6, DG_MEMBER(Purchase_Order_No)),
@@ -173,7 +175,7 @@ constexpr Field<clsInvoiceHistory> kOrderFields[] = {
     integer(120, 'B', DG_ELEMENT(CallStatus, 0)),
     integer(121, 'B', DG_ELEMENT(CallStatus, 1)),
     integer(122, 'B', DG_ELEMENT(CallStatus, 2)),
-    step<clsInvoiceHistory>(&clearSaleFlag),
+    step<&clearSaleFlag>(),
     integer(151, 'C', DG_MEMBER(Field151)),
     integer(156, 'B', DG_MEMBER(Terms_Code)),
     integer(157, 'B', DG_MEMBER(Terminal)),
@@ -187,7 +189,7 @@ constexpr Field<clsInvoiceHistory> kCommonFields[] = {
     integer(123, 'B', DG_MEMBER(Transaction_Type)),
     integer(124, 'B', DG_MEMBER(Delivery_Code)),
     scaled(125, 'L', 100, DG_MEMBER(Sub_Total)),
-    step<clsInvoiceHistory>(&normaliseTransactionType),
+    step<&normaliseTransactionType>(),
     integer(129, 'J', DG_MEMBER(Disc_Percentage)),
     scaled(131, 'L', 100, DG_MEMBER(Discount_Amount)),
     integer(135, 'C', DG_MEMBER(Tax_Rate)),
@@ -201,10 +203,10 @@ constexpr Field<clsInvoiceHistory> kCommonFields[] = {
 
 // Written last, over what the layouts and the common fields have put there.
 constexpr Field<clsInvoiceHistory> kSalesTerminal[] = {
-    rule<clsInvoiceHistory>(54, 1, nullptr, &writeTerminalNumber<54>),
+    rule<clsInvoiceHistory>(54, 1, nullptr, &writeTerminalNumber),
 };
 constexpr Field<clsInvoiceHistory> kOrderTerminal[] = {
-    rule<clsInvoiceHistory>(157, 1, nullptr, &writeTerminalNumber<157>),
+    rule<clsInvoiceHistory>(157, 1, nullptr, &writeTerminalNumber),
 };
 
 constexpr Field<clsInvoiceHistory> kFlagMembers[] = {
@@ -239,7 +241,7 @@ std::span<const Field<clsInvoiceHistory>> fieldsOf(Layout layout) {
 
 void clsInvoiceHistory::Unpack(const std::string& record) {
   // A record too short for its type has none of the layouts.
-  const std::int32_t type = tryUnpack('J', record, 1).value_or(0);
+  const std::int32_t type = tryUnpack(kType.opcode, record, kType.position).value_or(0);
   const Layout layout = layoutOf(type);
   if (layout == Layout::kOrder) IsOrderLayout = kTrue;
   if (layout == Layout::kSales) IsOrderLayout = 0;
@@ -248,7 +250,7 @@ void clsInvoiceHistory::Unpack(const std::string& record) {
 }
 
 void clsInvoiceHistory::Pack(std::string& record) const {
-  const Layout layout = layoutOf(tryUnpack('J', record, 1).value_or(0));
+  const Layout layout = layoutOf(tryUnpack(kType.opcode, record, kType.position).value_or(0));
   packFields<clsInvoiceHistory>(fieldsOf(layout), *this, record);
   packFields<clsInvoiceHistory>(kCommonFields, *this, record);
   packFields<clsInvoiceHistory>(terminalOf(layout), *this, record);

@@ -11,30 +11,14 @@ namespace {
 using Self = clsInvoiceHistoryDetail;
 
 constexpr const char* kRemark = "REM";
-constexpr std::size_t kPartCharacters = 18;
-constexpr std::size_t kMaskCharacters = 3;
+/// In front of the dash mask.
+constexpr int kPartCharacters = 18;
 
-/// Part number and dash mask stand in one packed text of 21 characters.
-void readPartWithDashes(clsInvoiceHistoryDetail& line, const std::string& record) {
-  const std::string decoded = unpackText(textField(record, 11, 14));
-  line.Part_w_Dash = std::string(middle(decoded, 1, kPartCharacters));
-  InsertDashes(line.Part_w_Dash, middle(decoded, kPartCharacters + 1, kMaskCharacters));
+void readSerialLine(clsInvoiceHistoryDetail& line, const std::string& record, TextField field) {
+  line.snLine = CLng(std::string_view(unpackText(bytesOf(field, record))));
 }
-
-void writePart(const clsInvoiceHistoryDetail& line, std::string& record) {
-  std::string number = line.Part_w_Dash;
-  std::string mask;
-  StripDashes(number, mask);
-  number.resize(kPartCharacters, ' ');
-  mask.resize(kMaskCharacters, ' ');
-  putTextField(record, 11, 14, packText(number + mask), '\0');
-}
-
-void readSerialLine(clsInvoiceHistoryDetail& line, const std::string& record) {
-  line.snLine = CLng(std::string_view(unpackText(textField(record, 35, 2))));
-}
-void writeSerialLine(const clsInvoiceHistoryDetail& line, std::string& record) {
-  putTextField(record, 35, 2, packText(std::to_string(line.snLine)), '\0');
+void writeSerialLine(const clsInvoiceHistoryDetail& line, std::string& record, TextField field) {
+  putTextField(record, field.position, field.width, packText(std::to_string(line.snLine)), '\0');
 }
 
 constexpr Field<clsInvoiceHistoryDetail> kHeadFields[] = {
@@ -48,13 +32,13 @@ constexpr Field<clsInvoiceHistoryDetail> kTextFields[] = {
     packedText(11, 12, DG_MEMBER(Part_Number)),
     // Stays in force afterwards: for the texts from here on, and for every later decode.
     maskHead<clsInvoiceHistoryDetail>(kDashHead),
-    rule<clsInvoiceHistoryDetail>(11, 14, &readPartWithDashes, nullptr, DG_MEMBER(Part_w_Dash)),
+    readOnly(dashedText(11, 14, DG_MEMBER(Part_w_Dash), kPartCharacters)),
     packedText(25, 14, DG_MEMBER(Description)),
     packedText(11, 24, DG_MEMBER(Comment)),
 };
 
 constexpr Field<clsInvoiceHistoryDetail> kPartFields[] = {
-    rule<clsInvoiceHistoryDetail>(11, 14, nullptr, &writePart),
+    writeOnly(dashedText(11, 14, DG_MEMBER(Part_w_Dash), kPartCharacters)),
     packedText(25, 14, DG_MEMBER(Description)),
 };
 
@@ -80,17 +64,28 @@ constexpr Field<clsInvoiceHistoryDetail> kUnitFields[] = {
 
 // clang-format off: a row of the format is a line
 constexpr Field<clsInvoiceHistoryDetail> kEveryLineFields[] = {
-    integer(39, 'J', DG_MEMBER(Quantity)),      scaled(41, 'D', 100, DG_MEMBER(Net_Each)),
-    scaled(44, 'D', 100, DG_MEMBER(Cost_Each)), integer(47, 'J', DG_MEMBER(Back_Ordered_Qty)),
-    rawText(49, 1, DG_MEMBER(Commodity)),       integer(50, 'B', DG_MEMBER(Mechanic_No)),
-    bit(51, 'C', 15, DG_MEMBER(Flag51Bit15)),   bit(51, 'C', 14, DG_MEMBER(Flag51Bit14)),
-    bit(51, 'C', 13, DG_MEMBER(Flag51Bit13)),   bit(51, 'C', 12, DG_MEMBER(Flag51Bit12)),
-    bit(51, 'C', 11, DG_MEMBER(Flag51Bit11)),   bit(51, 'C', 10, DG_MEMBER(Flag51Bit10)),
-    bit(51, 'C', 9, DG_MEMBER(Flag51Bit9)),     bit(51, 'C', 8, DG_MEMBER(Flag51Bit8)),
-    bit(51, 'C', 7, DG_MEMBER(Flag51Bit7)),     bit(51, 'C', 6, DG_MEMBER(Flag51Bit6)),
-    bit(51, 'C', 5, DG_MEMBER(Flag51Bit5)),     bit(51, 'C', 4, DG_MEMBER(Flag51Bit4)),
-    bit(51, 'C', 3, DG_MEMBER(Flag51Bit3)),     bit(51, 'C', 2, DG_MEMBER(Flag51Bit2)),
-    bit(51, 'C', 1, DG_MEMBER(Flag51Bit1)),     bit(51, 'C', 0, DG_MEMBER(Flag51Bit0)),
+    wholeCurrency(39, 'J', DG_MEMBER(Quantity)),
+    scaled(41, 'D', 100, DG_MEMBER(Net_Each)),
+    scaled(44, 'D', 100, DG_MEMBER(Cost_Each)),
+    wholeCurrency(47, 'J', DG_MEMBER(Back_Ordered_Qty)),
+    rawText(49, 1, DG_MEMBER(Commodity)),
+    integer(50, 'B', DG_MEMBER(Mechanic_No)),
+    bit(51, 'C', 15, DG_MEMBER(Flag51Bit15)),
+    bit(51, 'C', 14, DG_MEMBER(Flag51Bit14)),
+    bit(51, 'C', 13, DG_MEMBER(Flag51Bit13)),
+    bit(51, 'C', 12, DG_MEMBER(Flag51Bit12)),
+    bit(51, 'C', 11, DG_MEMBER(Flag51Bit11)),
+    bit(51, 'C', 10, DG_MEMBER(Flag51Bit10)),
+    bit(51, 'C', 9, DG_MEMBER(Flag51Bit9)),
+    bit(51, 'C', 8, DG_MEMBER(Flag51Bit8)),
+    bit(51, 'C', 7, DG_MEMBER(Flag51Bit7)),
+    bit(51, 'C', 6, DG_MEMBER(Flag51Bit6)),
+    bit(51, 'C', 5, DG_MEMBER(Flag51Bit5)),
+    bit(51, 'C', 4, DG_MEMBER(Flag51Bit4)),
+    bit(51, 'C', 3, DG_MEMBER(Flag51Bit3)),
+    bit(51, 'C', 2, DG_MEMBER(Flag51Bit2)),
+    bit(51, 'C', 1, DG_MEMBER(Flag51Bit1)),
+    bit(51, 'C', 0, DG_MEMBER(Flag51Bit0)),
 };
 // clang-format on
 

@@ -17,23 +17,12 @@ namespace {
 constexpr std::string_view kRemark = "REM";
 constexpr std::int32_t kLastPage = 1;
 
-// Positions in a line, from 1, and widths.
-constexpr std::size_t kCodePosition = 1;
-constexpr std::size_t kCodeWidth = 2;
-constexpr std::size_t kRemarkPosition = 3;
-constexpr std::size_t kPartPosition = 3;
-constexpr std::size_t kPartWidth = 14;
-constexpr std::size_t kMaskPosition = 15;  ///< overlaps the end of the part number
-constexpr std::size_t kMaskWidth = 2;
-constexpr std::size_t kDescriptionPosition = 17;
-constexpr std::size_t kDescriptionWidth = 14;
-constexpr std::int32_t kQuantityPosition = 31;  ///< tenths
-constexpr std::int32_t kNetPosition = 33;       ///< hundredths
-constexpr std::int32_t kCostPosition = 36;      ///< hundredths
+/// The part number as it is shown has the mask's own characters behind it.
+constexpr TextField kPartAndMask{page_line::kPart.position,
+                                 page_line::kPart.width + page_line::kDashMask.width};
 
-std::string decoded(std::string_view line, std::size_t position,
-                    std::size_t width = std::string_view::npos) {
-  return unpackText(middle(line, position, width));
+std::string decoded(std::string_view line, TextField field) {
+  return unpackText(bytesOf(field, line));
 }
 
 }  // namespace
@@ -59,7 +48,7 @@ std::shared_ptr<const DisplayLines> LineBuilder::DetailReturn() const {
 }
 
 std::int32_t& LineBuilder::pageEntry(std::int32_t page) {
-  if (page < 0 || page > kHighestPage) throw RunTimeError(kSubscriptOutOfRange);
+  if (page < 0 || page > page_record::kHighestPage) throw RunTimeError(kSubscriptOutOfRange);
   return PageList_[static_cast<std::size_t>(page)];
 }
 
@@ -109,10 +98,10 @@ void LineBuilder::addPage(const PageRecord& page, DisplayLine& line) {
 /// A remark sets its code and text only; unless the format says that it clears the rest, the line
 /// before it shows through: description, quantity, price and cost stand again beside the remark.
 void LineBuilder::decodeLine(std::string_view text, std::int32_t request, DisplayLine& line) {
-  const std::string code = decoded(text, kCodePosition, kCodeWidth);
+  const std::string code = decoded(text, page_line::kCode);
   line[0] = code;
   if (code == kRemark) {
-    line[1] = decoded(text, kRemarkPosition);
+    line[1] = unpackText(middle(text, page_line::kRemark));
     if (format_.remarkClears) {
       line[2] = std::string();
       line[3] = line[4] = line[5] = 0;
@@ -120,15 +109,15 @@ void LineBuilder::decodeLine(std::string_view text, std::int32_t request, Displa
     if (format_.hasRequest) line[6] = request;
     return;
   }
-  std::string part = decoded(text, kPartPosition, kPartWidth);
-  line[1] = FormatPartNumber(part, decoded(text, kMaskPosition, kMaskWidth));
-  line[2] = decoded(text, kDescriptionPosition, kDescriptionWidth);
+  std::string part = decoded(text, kPartAndMask);
+  line[1] = FormatPartNumber(part, decoded(text, page_line::kDashMask));
+  line[2] = decoded(text, page_line::kDescription);
   // Whole units: the tenths are cut off before anything is multiplied.
-  const std::int32_t quantity = Unpack('J', text, kQuantityPosition) / 10;
+  const std::int32_t quantity = Unpack(page_line::kQuantity, text) / 10;
   line[3] = quantity;
-  const std::int32_t net = Unpack('K', text, kNetPosition);
+  const std::int32_t net = Unpack(page_line::kNet, text);
   line[4] = net;
-  line[5] = Unpack('D', text, kCostPosition);
+  line[5] = Unpack(page_line::kCost, text);
   if (format_.hasRequest) line[6] = request;
 
   LineTotal kind = LineTotal::kPart;

@@ -73,8 +73,6 @@ class LineBuilder {
   double total(LineTotal kind) const { return totals_[static_cast<std::size_t>(kind)]; }
 
  private:
-  static constexpr std::int32_t kHighestPage = 200;
-
   std::int32_t& pageEntry(std::int32_t page);
   void addPage(const PageRecord& page, DisplayLine& line);
   void decodeLine(std::string_view text, std::int32_t request, DisplayLine& line);
@@ -82,7 +80,7 @@ class LineBuilder {
   const LineFormat& format_;
   std::shared_ptr<DisplayLines> lines_;
   /// Record number of each page; entry 0 is the highest page number met.
-  std::array<std::int32_t, kHighestPage + 1> PageList_{};
+  std::array<std::int32_t, page_record::kHighestPage + 1> PageList_{};
   std::array<double, kDetailTotals> totals_{};  ///< hundredths
   bool error_ = false;
 };

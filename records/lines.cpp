@@ -20,8 +20,8 @@ constexpr int kIllegalRecordNumber = 81;
 
 /// The commodity index has a key of the line number and one commodity code. The list begins with
 /// the code in the record itself, and goes on with those of the index from that code on.
-void readCommodities(clsLines& line, const std::string& record) {
-  line.Commodities.assign(1, std::string(textField(record, 28, 1)));
+void readCommodities(clsLines& line, const std::string& record, TextField field) {
+  line.Commodities.assign(1, std::string(bytesOf(field, record)));
   std::string key(4, '\0');
   Pack('C', key, line.Line, 1);
   putTextField(key, 3, 1, line.Commodities.front(), '\0');
@@ -36,11 +36,11 @@ void readCommodities(clsLines& line, const std::string& record) {
 }
 
 /// The flag is a letter in the record. Nothing writes it back.
-void readRecalculateMax(clsLines& line, const std::string& record) {
-  line.ReCalculateMax = YesFlag(textField(record, 124, 1));
+void readRecalculateMax(clsLines& line, const std::string& record, TextField field) {
+  line.ReCalculateMax = YesFlag(bytesOf(field, record));
 }
 
-void normaliseLineType(clsLines& line, const std::string&) {
+void normaliseLineType(clsLines& line) {
   if (line.Line_Type != "U" && line.Line_Type != "R") line.Line_Type = "P";
 }
 
@@ -75,17 +75,17 @@ constexpr Field<clsLines> kFields[] = {
     integer(71, 'B', DG_MEMBER(Price_Def_6_Level)),
     integer(72, 'B', DG_MEMBER(Price_Def_6_Use)),
     integer(73, 'J', DG_MEMBER(Price_Def_6_Perc)),
-    scaled(75, 'L', 100, DG_MEMBER(Cost_of_Mdse)),
+    scaled(line_record::kMerchandise, 100, DG_MEMBER(Cost_of_Mdse)),
     scaled(79, 'L', 100, DG_MEMBER(Cost_of_Freight)),
     integer(83, 'L', DG_MEMBER(MTD_No_Sales)),
     scaled(87, 'L', 100, DG_MEMBER(MTD_Sales)),
-    scaled(91, 'L', 100, DG_MEMBER(MTD_Cost)),
+    scaled(line_record::kMonthCost, 100, DG_MEMBER(MTD_Cost)),
     integer(95, 'L', DG_MEMBER(YTD_No_Sales)),
     // Writing puts the month's values into the year's place; the suite's files are kept that way.
     readOnly(scaled(99, 'L', 100, DG_MEMBER(YTD_Sales))),
-    readOnly(scaled(103, 'L', 100, DG_MEMBER(YTD_Cost))),
+    readOnly(scaled(line_record::kYearCost, 100, DG_MEMBER(YTD_Cost))),
     writeOnly(scaled(99, 'L', 100, DG_MEMBER(MTD_Sales))),
-    writeOnly(scaled(103, 'L', 100, DG_MEMBER(MTD_Cost))),
+    writeOnly(scaled(line_record::kYearCost, 100, DG_MEMBER(MTD_Cost))),
     integer(107, 'L', DG_MEMBER(PYTD_No_Sales)),
     scaled(111, 'L', 100, DG_MEMBER(PYTD_Sales)),
     scaled(115, 'L', 100, DG_MEMBER(PYTD_COGS)),
@@ -105,7 +105,7 @@ constexpr Field<clsLines> kFields[] = {
     integer(139, 'B', DG_MEMBER(SerPol_No_Months_4)),
     integer(140, 'C', DG_MEMBER(SerPol_List_Perc_4)),
     rawText(142, 1, DG_MEMBER(Line_Type)),
-    step<clsLines>(&normaliseLineType),
+    step<&normaliseLineType>(),
     integer(143, 'L', DG_MEMBER(Unit_Counter)),
     integer(147, 'B', DG_MEMBER(A_P_Company)),
     integer(148, 'L', DG_MEMBER(A_P_Vendor)),

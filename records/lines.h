@@ -15,6 +15,13 @@ namespace dg {
 /// Line numbers from here on are no product lines; walks over "LINEI" end at the first of them.
 inline constexpr std::int32_t kFirstForeignLine = 1000;
 
+/// Fields of a product line that are also read without the class: cents.
+namespace line_record {
+inline constexpr NumberField kMerchandise{'L', 75};
+inline constexpr NumberField kMonthCost{'L', 91};
+inline constexpr NumberField kYearCost{'L', 103};
+}  // namespace line_record
+
 /// A product line of the parts department with its running totals: "LINEL", found through "LINEI"
 /// by line number, continued in "ELINEL". Members without a comment are carried, not shown.
 class clsLines final : public TableRecord<clsLines> {

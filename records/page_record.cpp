@@ -1,44 +1,32 @@
 #include "records/page_record.h"
 
-#include "engine/codec.h"
-#include "platform/text.h"
 #include "records/read.h"
 
 namespace dg {
-
-namespace {
-
-constexpr std::int32_t kRequestPosition = 97;
-constexpr std::int32_t kLinkPosition = 110;
-constexpr std::int32_t kPagePosition = 115;
-constexpr std::int32_t kLineCountPosition = 146;
-constexpr std::int32_t kLinesPosition = 161;
-
-}  // namespace
 
 PageRecord PageRecord::read(const char* file, std::int32_t record) {
   return PageRecord(readRecord(file, record));
 }
 
 std::int32_t PageRecord::requestNumber() const {
-  return Unpack('B', bytes_, kRequestPosition);
+  return Unpack(page_record::kRequest, bytes_);
 }
 
 std::int32_t PageRecord::pageNumber() const {
-  return Unpack('B', bytes_, kPagePosition);
+  return Unpack(page_record::kNumber, bytes_);
 }
 
 std::int32_t PageRecord::lineCount() const {
-  return Unpack('B', bytes_, kLineCountPosition);
+  return Unpack(page_record::kLineCount, bytes_);
 }
 
 std::int32_t PageRecord::link() const {
-  return Unpack('K', bytes_, kLinkPosition);
+  return Unpack(page_record::kLink, bytes_);
 }
 
 std::string_view PageRecord::line(std::int32_t number) const {
-  const std::int32_t position = kLinesPosition + kLineWidth * (number - 1);
-  return middle(bytes_, static_cast<std::size_t>(position), kLineWidth);
+  using namespace page_record;
+  return bytesOf({.position = kLines + kLineWidth * (number - 1), .width = kLineWidth}, bytes_);
 }
 
 }  // namespace dg

@@ -16,80 +16,51 @@ namespace {
 using Self = clsParts;
 
 constexpr int kIllegalRecordNumber = 81;
-constexpr int kMaskCharacters = 3;
-
-/// A part number and its dash mask stand in one packed text: the mask is the last three characters.
-std::string withDashes(const std::string& record, int position, int width) {
-  std::string number = unpackText(textField(record, position, width));
-  if (number.size() < kMaskCharacters) return number;
-  const std::string mask = number.substr(number.size() - kMaskCharacters);
-  number.resize(number.size() - kMaskCharacters);
-  InsertDashes(number, mask);
-  return number;
-}
-
-void putWithDashes(std::string& record, int position, int width, std::string number) {
-  std::string mask;
-  StripDashes(number, mask);
-  number.resize(static_cast<std::size_t>(width) / 2 * 3 - kMaskCharacters, ' ');
-  mask.resize(kMaskCharacters, ' ');
-  putTextField(record, position, width, packText(number + mask), '\0');
-}
-
-void readPartWithDashes(clsParts& part, const std::string& record) {
-  part.Part_w_Dash = withDashes(record, 5, 14);
-}
-void writePartWithDashes(const clsParts& part, std::string& record) {
-  putWithDashes(record, 5, 14, part.Part_w_Dash);
-}
 
 /// The substitute is decoded over 142 bytes, not 14: a decoded text runs to the record's end, so
 /// its mask is taken from far behind the field. The suite's own programs do the same. Nothing of it
 /// is written back: the number is Sub_Part_Number's, and the rest belongs to other members.
 constexpr int kSubPartReadWidth = 142;
 
-void readSubPartWithDashes(clsParts& part, const std::string& record) {
-  part.Sub_Part_w_Dash = withDashes(record, 129, kSubPartReadWidth);
-}
 /// Six one-character codes stand in one packed text from position 21 on.
 constexpr int kCodesPosition = 21;
 constexpr int kCodesReadWidth = 24;
 constexpr int kCodesWidth = 4;
 
-void writeCodes(const clsParts& part, std::string& record) {
+void writeCodes(const clsParts& part, std::string& record, TextField field) {
   std::string codes;
   for (const std::string* code : {&part.Comodity, &part.Unit_of_Measure, &part.Return_Flag,
                                   &part.Mfg_Popularity, &part.Dlr_Popularity, &part.Order_Code}) {
     codes += code->empty() ? ' ' : code->front();
   }
-  putTextField(record, kCodesPosition, kCodesWidth, packText(codes), '\0');
+  putTextField(record, field.position, field.width, packText(codes), '\0');
 }
 
 constexpr std::int32_t kKindOneBit = 1 << 4;
 constexpr std::int32_t kKindTwoBit = 1 << 5;
 
-void readField89Kind(clsParts& part, const std::string& record) {
+void readField89Kind(clsParts& part, const std::string& record, TextField field) {
   part.Field89Kind = 0;
-  const std::int32_t flags = Unpack('B', record, 89);
+  const std::int32_t flags = Unpack('B', record, field.position);
   if ((flags & kKindOneBit) != 0) part.Field89Kind = 1;
   if ((flags & kKindTwoBit) != 0) part.Field89Kind = 2;
 }
 
-void writeField89Kind(const clsParts& part, std::string& record) {
-  std::int32_t flags = Unpack('B', record, 89) & ~(kKindOneBit | kKindTwoBit);
+void writeField89Kind(const clsParts& part, std::string& record, TextField field) {
+  std::int32_t flags = Unpack('B', record, field.position) & ~(kKindOneBit | kKindTwoBit);
   if (part.Field89Kind == 1) flags |= kKindOneBit;
   if (part.Field89Kind == 2) flags |= kKindTwoBit;
-  Pack('B', record, flags, 89);
+  Pack('B', record, flags, field.position);
 }
 
-void blankTransactionCodes(clsParts& part, const std::string&) {
+void blankTransactionCodes(clsParts& part) {
   std::replace(part.Last_Tran_Codes.begin(), part.Last_Tran_Codes.end(), '\0', ' ');
 }
 
 constexpr Field<clsParts> kFields[] = {
     integer(3, 'C', DG_MEMBER(Line)),
     packedText(5, 12, DG_MEMBER(Part_Number)),
-    rule<clsParts>(5, 14, &readPartWithDashes, &writePartWithDashes, DG_MEMBER(Part_w_Dash)),
+    dashedText(5, 14, DG_MEMBER(Part_w_Dash)),
     packedText(19, 2, DG_MEMBER(Package_Code)),
     character(kCodesPosition, kCodesReadWidth, 0, DG_MEMBER(Comodity)),
     character(kCodesPosition, kCodesReadWidth, 1, DG_MEMBER(Unit_of_Measure)),
@@ -112,7 +83,8 @@ constexpr Field<clsParts> kFields[] = {
     scaled(52, 'K', 100, DG_MEMBER(Level_3_Price)),
     scaled(55, 'K', 100, DG_MEMBER(Level_4_Price)),
     scaled(58, 'K', 100, DG_MEMBER(Level_5_Price)),
-    scaled(61, 'K', 100, DG_MEMBER(Cost)),
+    // Readers without the class take it unsigned.
+    scaled(part_record::kCost.position, 'K', 100, DG_MEMBER(Cost)),
     scaled(64, 'K', 100, DG_MEMBER(F_Freight_Resale)),
     scaled(67, 'K', 100, DG_MEMBER(F_Freight_Cost)),
     date(70, 'R', DG_MEMBER(Date_Last_Change)),
@@ -152,10 +124,9 @@ constexpr Field<clsParts> kFields[] = {
     integer(125, 'J', DG_MEMBER(MTD_Demand_2_back)),
     integer(127, 'J', DG_MEMBER(MTD_Demand_1_back)),
     packedText(129, 10, DG_MEMBER(Sub_Part_Number)),
-    rule<clsParts>(129, kSubPartReadWidth, &readSubPartWithDashes, nullptr,
-                   DG_MEMBER(Sub_Part_w_Dash)),
+    readOnly(dashedText(129, kSubPartReadWidth, DG_MEMBER(Sub_Part_w_Dash))),
     rawText(141, 6, DG_MEMBER(Last_Tran_Codes)),
-    step<clsParts>(&blankTransactionCodes),
+    step<&blankTransactionCodes>(),
     scaled(148, 'D', 10, DG_MEMBER(Quantity_Alloc)),
     integer(151, 'K', DG_MEMBER(Year_End_Quantity)),
     scaled(154, 'K', 100, DG_MEMBER(Year_End_Cost)),
@@ -165,7 +136,7 @@ constexpr Field<clsParts> kFields[] = {
     scaled(167, 'L', 100, DG_MEMBER(MTD_Cost)),
     scaled(171, 'L', 100, DG_MEMBER(YTD_Sales)),
     scaled(175, 'L', 100, DG_MEMBER(YTD_Cost)),
-    packedText(179, 14, DG_MEMBER(Description)),
+    packedText(part_record::kDescription, DG_MEMBER(Description)),
     integer(193, 'J', DG_MEMBER(YTD_Demand_3_back)),
     integer(195, 'J', DG_MEMBER(MTD_Demand_36_back)),
     integer(197, 'J', DG_MEMBER(MTD_Demand_35_back)),

@@ -10,6 +10,12 @@
 
 namespace dg {
 
+/// Fields of a part that are also read without the class.
+namespace part_record {
+inline constexpr NumberField kCost{'D', 61};       ///< cents
+inline constexpr TextField kDescription{179, 14};  ///< packed
+}  // namespace part_record
+
 /// The part master: one record for each part number of each product line. "PARTL", found through
 /// "PARTI" by line code and part number, continued in "EPARTL". Most members are carried, not
 /// shown.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/text_utilities.h"
+
 namespace dg {
 
 void putTextField(std::string& record, int position, int width, std::string_view text, char fill) {
@@ -13,6 +15,32 @@ void putTextField(std::string& record, int position, int width, std::string_view
   record.replace(start, count, field, 0, count);
 }
 
+namespace {
+
+constexpr std::size_t kDashMaskCharacters = 3;
+
+}  // namespace
+
+std::string readDashedText(std::string_view bytes, int digits) {
+  const std::string decoded = unpackText(bytes);
+  std::size_t width = static_cast<std::size_t>(digits);
+  if (width == 0) {
+    if (decoded.size() < kDashMaskCharacters) return decoded;
+    width = decoded.size() - kDashMaskCharacters;
+  }
+  std::string number = decoded.substr(0, width);
+  InsertDashes(number, middle(decoded, width + 1, kDashMaskCharacters));
+  return number;
+}
+
+void putDashedText(std::string& record, int position, int width, std::string number) {
+  std::string mask;
+  StripDashes(number, mask);
+  number.resize(static_cast<std::size_t>(width) / 2 * 3 - kDashMaskCharacters, ' ');
+  mask.resize(kDashMaskCharacters, ' ');
+  putTextField(record, position, width, packText(number + mask), '\0');
+}
+
 std::string formText(Encoding encoding, char opcode, int scaleOrBit) {
   const std::string letter(1, opcode);
   switch (encoding) {
@@ -22,6 +50,8 @@ std::string formText(Encoding encoding, char opcode, int scaleOrBit) {
       return "raw text";
     case Encoding::kPackedText:
       return "packed text";
+    case Encoding::kDashedText:
+      return "packed text with dash mask";
     case Encoding::kDate:
       return "date " + letter;
     case Encoding::kBit:

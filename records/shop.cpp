@@ -9,7 +9,7 @@ using Self = clsShop;
 /// The sub-total tested here is the one of the record that this instance unpacked before, since
 /// this record's own is read behind it: a new instance never maps its first record. The views see
 /// what has always come of that.
-void normaliseTransactionType(clsShop& job, const std::string&) {
+void normaliseTransactionType(clsShop& job) {
   job.Transaction_Type %= 10;
   if (job.Sub_Total < Currency()) {
     if (job.Transaction_Type == 3) {
@@ -21,38 +21,38 @@ void normaliseTransactionType(clsShop& job, const std::string&) {
 }
 
 /// A record that ends before this field keeps what position 7 gave; 0 is the account there too.
-void readShipTo(clsShop& job, const std::string& record) {
-  if (const auto stored = tryUnpack('K', record, 141)) {
-    job.ShipTo = *stored == -1 ? -1 : Unpack('D', record, 141);
+void readShipTo(clsShop& job, const std::string& record, TextField field) {
+  if (const auto stored = tryUnpack('K', record, field.position)) {
+    job.ShipTo = *stored == -1 ? -1 : Unpack('D', record, field.position);
   }
   if (job.ShipTo == 0) job.ShipTo = job.Account;
 }
 
-void writeShipTo(const clsShop& job, std::string& record) {
-  Pack('K', record, job.ShipTo, 141);
+void writeShipTo(const clsShop& job, std::string& record, TextField field) {
+  Pack('K', record, job.ShipTo, field.position);
 }
 
 /// Elements that a short record does not reach are those of new arrays.
-void renewArrays(clsShop& job, const std::string&) {
+void renewArrays(clsShop& job) {
   job.CallDates = {};
   job.WarrVend = {};
   job.CallStatus = {};
 }
 
 constexpr Field<clsShop> kFields[] = {
-    step<clsShop>(&renewArrays),
+    step<&renewArrays>(),
     integer(1, 'J', DG_MEMBER(Record_Status)),
     integer(3, 'L', DG_MEMBER(Account)),
     integer(7, 'D', DG_MEMBER(ShipTo)),
-    integer(10, 'C', DG_MEMBER(ReplacementEstimate)),
+    wholeCurrency(10, 'C', DG_MEMBER(ReplacementEstimate)),
     member(DG_MEMBER(Field72)),
     integer(12, 'C', DG_MEMBER(AlternateTaxCode)),
     scaled(14, 'D', 10, DG_MEMBER(Meter)),
     date(17, 'J', DG_MEMBER(ScheduleDate)),
     date(19, 'J', DG_MEMBER(PostCardDate)),
-    date(21, 'J', DG_ELEMENT(CallDates, 0)),
-    date(23, 'J', DG_ELEMENT(CallDates, 1)),
-    date(25, 'J', DG_ELEMENT(CallDates, 2)),
+    date(shop_days::kCalls[0].position, 'J', DG_ELEMENT(CallDates, 0)),
+    date(shop_days::kCalls[1].position, 'J', DG_ELEMENT(CallDates, 1)),
+    date(shop_days::kCalls[2].position, 'J', DG_ELEMENT(CallDates, 2)),
     packedText(27, 10, DG_MEMBER(RepairBrand)),
     packedText(37, 14, DG_MEMBER(RepairBrandDescription)),
     packedText(51, 12, DG_MEMBER(SerialNumber1)),
@@ -60,12 +60,12 @@ constexpr Field<clsShop> kFields[] = {
     integer(75, 'L', DG_MEMBER(ShopReference)),
     integer(79, 'B', DG_MEMBER(Mechanic)),
     integer(80, 'B', DG_MEMBER(PostCardCount)),
-    integer(81, 'C', DG_MEMBER(EstimateAmount)),
+    wholeCurrency(81, 'C', DG_MEMBER(EstimateAmount)),
     date(83, 'J', DG_MEMBER(PromiseDate)),
     date(85, 'J', DG_MEMBER(DeliveryDate)),
     packedText(87, 6, DG_MEMBER(POReference)),
-    date(93, 'J', DG_MEMBER(DateCompleted)),
-    date(95, 'J', DG_MEMBER(DateCheckedIn)),
+    date(shop_days::kCompleted.position, 'J', DG_MEMBER(DateCompleted)),
+    date(shop_days::kCheckedIn.position, 'J', DG_MEMBER(DateCheckedIn)),
     integer(97, 'B', DG_MEMBER(LastRequest)),
     rawText(99, 1, DG_MEMBER(Status)),
     integer(100, 'B', DG_MEMBER(DeliveryCode)),
@@ -85,7 +85,7 @@ constexpr Field<clsShop> kFields[] = {
     integer(121, 'B', DG_ELEMENT(CallStatus, 1)),
     integer(122, 'B', DG_ELEMENT(CallStatus, 2)),
     integer(123, 'B', DG_MEMBER(Transaction_Type)),
-    step<clsShop>(&normaliseTransactionType),
+    step<&normaliseTransactionType>(),
     integer(124, 'B', DG_MEMBER(Delivery_Code)),
     scaled(125, 'L', 100, DG_MEMBER(Sub_Total)),
     integer(129, 'J', DG_MEMBER(Disc_Percentage)),

@@ -5,9 +5,20 @@
 #include <span>
 #include <string>
 
+#include "engine/layout.h"
 #include "records/record_table.h"
 
 namespace dg {
+
+/// The day numbers of a job's dates as they stand, 0 for none: windows sort by them, and tell a
+/// call that was blanked.
+namespace shop_days {
+inline constexpr NumberField kCalls[] = {{'C', 21}, {'C', 23}, {'C', 25}};
+inline constexpr NumberField kCompleted{'C', 93};
+inline constexpr NumberField kCheckedIn{'C', 95};
+/// What the suite writes for a call date that was blanked.
+inline constexpr std::int32_t kBlanked = 40699;
+}  // namespace shop_days
 
 /// A shop job: the first record of its page chain in "INVOL", found through the job table of the
 /// control file. Members without a meaning are carried, not shown.

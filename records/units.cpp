@@ -53,7 +53,7 @@ constexpr Field<clsUnits> kFields[] = {
     date(229, 'J', DG_MEMBER(FlooringDateDue)),
     date(231, 'J', DG_MEMBER(FlooringDatePaid)),
     integer(501, 'L', DG_MEMBER(NoteChain)),
-    integer(505, 'L', DG_MEMBER(SubLedgerChain)),
+    integer(unit_record::kLedgerChain, DG_MEMBER(SubLedgerChain)),
     integer(509, 'L', DG_MEMBER(HistoryChain)),
 };
 }  // namespace unit
@@ -69,7 +69,7 @@ constexpr Field<clsUnitsLedger> kFields[] = {
     rawText(19, 30, DG_MEMBER(Transaction_Description)),
     integer(49, 'L', DG_MEMBER(Field49)),
     scaled(57, 'L', 100, DG_MEMBER(Amount)),
-    integer(61, 'L', DG_MEMBER(LedgerNext)),
+    integer(unit_ledger::kNext, DG_MEMBER(LedgerNext)),
 };
 }  // namespace ledger
 

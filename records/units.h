@@ -8,6 +8,14 @@
 
 namespace dg {
 
+/// Where a unit's ledger chain begins, and where an entry of it leads on.
+namespace unit_record {
+inline constexpr NumberField kLedgerChain{'L', 505};
+}  // namespace unit_record
+namespace unit_ledger {
+inline constexpr NumberField kNext{'L', 61};
+}  // namespace unit_ledger
+
 /// A vehicle or machine: "UNITL", found through "UNITI" by unit number and through "LUNITI" by
 /// line.
 class clsUnits final : public TableRecord<clsUnits> {

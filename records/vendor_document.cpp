@@ -4,7 +4,6 @@
 #include "engine/codec.h"
 #include "engine/open_file.h"
 #include "engine/state.h"
-#include "platform/text.h"
 #include "platform/values/trap.h"
 #include "records/digit_date.h"
 #include "records/file_names.h"
@@ -15,20 +14,7 @@ namespace dg {
 
 namespace {
 
-constexpr std::int32_t kRecordLength = 38;
-
-constexpr std::size_t kKeyNameWidth = 10;
-constexpr std::int32_t kKeyStatus = 16;
-
-constexpr std::size_t kHeaderNumber = 3;
-constexpr std::size_t kHeaderNumberWidth = 8;
-constexpr std::int32_t kHeaderVendor = 11;
-constexpr std::int32_t kHeaderDate = 13;
-constexpr std::int32_t kHeaderDropShip = 17;
-constexpr std::int32_t kTotalAmount = 22;  ///< cents
-
-constexpr std::size_t kVendorName = 6;
-constexpr std::size_t kVendorNameWidth = 20;
+using namespace vendor_document;
 
 /// A name comes out of a record. To the engine one with a backslash is a whole path, which could
 /// lead anywhere on this workstation; documents lie in the store directory.
@@ -61,16 +47,16 @@ std::string VendorDocument::record(std::int32_t number) const {
 
 VendorDocumentKey VendorDocumentKey::decode(const std::string& key) {
   return {.kind = key.empty() ? '\0' : key.front(),
-          .name = Trun(middle(key, 1, kKeyNameWidth), true),
-          .status = Unpack('B', key, kKeyStatus)};
+          .name = Trun(bytesOf(kKeyName, key), true),
+          .status = Unpack(kKeyStatus, key)};
 }
 
 VendorDocumentHeader VendorDocumentHeader::decode(const std::string& record) {
-  return {.number = Trun(middle(record, kHeaderNumber, kHeaderNumberWidth), true),
-          .vendor = Unpack('C', record, kHeaderVendor),
-          .date = UnPackDate("D", record, kHeaderDate),
-          .dateDigits = Unpack('D', record, kHeaderDate),
-          .dropShipInvoice = Unpack('L', record, kHeaderDropShip)};
+  return {.number = Trun(bytesOf(kNumber, record), true),
+          .vendor = Unpack(kVendor, record),
+          .date = UnPackDate({&kDate.opcode, 1}, record, kDate.position),
+          .dateDigits = Unpack(kDate, record),
+          .dropShipInvoice = Unpack(kDropShipInvoice, record)};
 }
 
 std::int32_t VendorDocumentHeader::dayNumber() const {
@@ -78,14 +64,14 @@ std::int32_t VendorDocumentHeader::dayNumber() const {
 }
 
 Currency vendorDocumentTotal(const std::string& record) {
-  return Currency::fromScaled(Unpack('L', record, kTotalAmount), 100);
+  return Currency::fromScaled(Unpack(kTotal, record), 100);
 }
 
 std::string vendorName(std::int32_t vendor) {
   const std::int32_t found = findExact(files::kVendorIndex, integerKey('L', vendor));
   if (found == 0) return "Vendor not found";
   const std::string record = readRecord(files::kVendors, found);
-  return unpackText(middle(record, kVendorName, kVendorNameWidth));
+  return unpackText(bytesOf(vendor_record::kName, record));
 }
 
 }  // namespace dg

@@ -5,11 +5,46 @@
 #include <optional>
 #include <string>
 
+#include "engine/layout.h"
 #include "engine/logical_file.h"
 #include "platform/values/currency.h"
 #include "platform/values/date.h"
 
 namespace dg {
+
+/// Layout of a vendor, "VNDRL".
+namespace vendor_record {
+inline constexpr TextField kName{6, 20};  ///< packed
+}  // namespace vendor_record
+
+/// Layout of a purchase order or return: of its entry's key, its header, its comments, its total
+/// and its lines.
+namespace vendor_document {
+inline constexpr std::int32_t kRecordLength = 38;
+
+inline constexpr std::size_t kKeyLength = 16;
+inline constexpr TextField kKeyName{1, 10};
+inline constexpr NumberField kKeyStatus{'B', 16};
+
+inline constexpr TextField kNumber{3, 8};
+inline constexpr NumberField kVendor{'C', 11};
+inline constexpr NumberField kDate{'D', 13};
+inline constexpr NumberField kDropShipInvoice{'L', 17};
+
+inline constexpr TextField kComment{3, 35};  ///< packed
+
+inline constexpr NumberField kTotal{'L', 22};  ///< cents
+
+inline constexpr NumberField kLineKind{'J', 1};  ///< 4 is an ordered part
+inline constexpr NumberField kProductLine{'C', 3};
+inline constexpr TextField kPart{5, 12};  ///< packed
+inline constexpr NumberField kQuantity{'K', 18};
+inline constexpr NumberField kUnitCost{'D', 33};  ///< cents; 0: the part's own cost
+
+/// Product line and part number as they stand: the key into "PARTI".
+inline constexpr TextField kPartKey{kProductLine.position, kProductLine.width() + kPart.width};
+inline constexpr std::int32_t kOrderedPart = 4;
+}  // namespace vendor_document
 
 /// A purchase order or return: a small file of its own in the store directory, of 38-byte records.
 /// Record 1 is the header, 2 to 5 are comments, 6 is the total, 7 and on are lines. Closed at the

@@ -9,6 +9,12 @@
 
 namespace dg {
 
+/// Fields of a claim that are also read without the class, as they stand.
+namespace warranty_record {
+inline constexpr NumberField kReconciled{'C', 401};  ///< day number, 0 while it is open
+inline constexpr NumberField kBilled{'D', 403};      ///< MMDDYY digits
+}  // namespace warranty_record
+
 /// The first page of a warranty claim: "WARRL", found through "WARRI". The lines and the page
 /// chain, which share some positions with these members, are read separately. Money is in cents,
 /// unscaled.

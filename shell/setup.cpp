@@ -5,14 +5,13 @@
 #include <optional>
 #include <utility>
 
-#include "engine/state.h"
 #include "platform/message_box.h"
 #include "platform/settings.h"
-#include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/ledger.h"
 #include "records/read.h"
 #include "shell/sort_grid.h"
 #include "shell/trap.h"
@@ -47,13 +46,6 @@ struct Kind {
 };
 constexpr Kind kAssets{"A", "Avalable Asset Accounts", kAssetSection};
 constexpr Kind kLiabilities{"L", "Avalable Liability Accounts", kLiabilitySection};
-
-// A record of the chart of accounts. Positions count from 1.
-constexpr std::int32_t kCompanyPosition = 3;
-constexpr std::int32_t kAccountPosition = 5;
-constexpr std::size_t kKindPosition = 9;
-constexpr std::size_t kNamePosition = 10;
-constexpr std::size_t kNameWidth = 30;
 
 /// The walk over the chart begins here; the key's last two bytes are blank.
 constexpr std::int32_t kFirstKey = 3;
@@ -162,16 +154,15 @@ void frmSetup::GetGLAccount(const std::string& kind, Grid& grid) {
         for (IndexWalk walk(files::kChartIndex, key); !walk.atEnd();
              walk.next(), ++progress.walked) {
           progress.record = walk.record();
-          const cBusinessBasic& engine = sharedEngine();
           const std::string account = readRecord(files::kChart, walk.record());
           ++progress.read;
-          if (middle(account, kKindPosition, 1) != kind) continue;
-          const std::int32_t company = engine.Unpack('C', account, kCompanyPosition);
-          const std::int32_t number = engine.Unpack('L', account, kAccountPosition);
+          if (bytesOf(chart_record::kKind, account) != kind) continue;
+          const std::int32_t company = Unpack(chart_record::kCompany, account);
+          const std::int32_t number = Unpack(chart_record::kAccount, account);
           grid.AddNew();
           grid.set("Co #", company);
           grid.set("Account #", number);
-          grid.set("Account Name", std::string(middle(account, kNamePosition, kNameWidth)));
+          grid.set("Account Name", std::string(bytesOf(chart_record::kDescription, account)));
           grid.Update();
           ++progress.added;
         }

@@ -11,16 +11,23 @@
 namespace dg::test {
 namespace {
 
+// Record zero and a freed record, by positions of the test's own.
+constexpr std::int32_t kMarker = 1;
+constexpr std::int32_t kFreeHead = 3;
+constexpr std::int32_t kHighUsedRecord = 7;
+constexpr std::int32_t kActiveCount = 11;
+constexpr std::int32_t kNextFree = 3;
+
 using namespace std::string_literals;
 
 /// A record file of records 0 to 4, of 100 bytes each, behind a block of something else: the data
 /// records are in use and full of their number.
 std::string records() {
   std::string content(100, '\0');
-  Pack('J', content, -2, record_zero::kMarker);
-  Pack('L', content, -1, record_zero::kFreeHead);
-  Pack('L', content, 4, record_zero::kHighUsedRecord);
-  Pack('L', content, 3, record_zero::kActiveCount);
+  Pack('J', content, -2, kMarker);
+  Pack('L', content, -1, kFreeHead);
+  Pack('L', content, 4, kHighUsedRecord);
+  Pack('L', content, 3, kActiveCount);
   for (char number = '1'; number <= '4'; ++number)
     content += std::string(100, number);
   content.resize(700, '\0');
@@ -155,7 +162,7 @@ TEST_F(EngineLogical, CountsComeFromRecordZeroAtEachCall) {
   EXPECT_EQ(file->ActiveCount(orb_), 3);
   EXPECT_EQ(file->HighUsedRecord(orb_), 4);
   std::string head = recordZero();
-  Pack('L', head, 77, record_zero::kHighUsedRecord);
+  Pack('L', head, 77, kHighUsedRecord);
   engine().WriteFile(file->OpenFile, head, 512, orb_);
   EXPECT_EQ(file->HighUsedRecord(orb_), 77);
   EXPECT_EQ(engine().LogicalOpen("OTHER")->ActiveCount(orb_), 0);
@@ -204,19 +211,19 @@ TEST_F(EngineLogical, WritesRecordsWithChecksOfItsOwn) {
 TEST_F(EngineLogical, DeletesRecordsOntoTheFreeChain) {
   engine().DelRec("PUTBL", 3, orb_);
   std::string freed(100, '\0');
-  Pack('L', freed, -1, kNextFreeRecord);
+  Pack('L', freed, -1, kNextFree);
   EXPECT_EQ(record(3), freed);
-  EXPECT_EQ(Unpack('L', recordZero(), record_zero::kFreeHead), 3);
-  EXPECT_EQ(Unpack('L', recordZero(), record_zero::kActiveCount), 2);
-  EXPECT_EQ(Unpack('L', recordZero(), record_zero::kHighUsedRecord), 4);
+  EXPECT_EQ(Unpack('L', recordZero(), kFreeHead), 3);
+  EXPECT_EQ(Unpack('L', recordZero(), kActiveCount), 2);
+  EXPECT_EQ(Unpack('L', recordZero(), kHighUsedRecord), 4);
 
   EXPECT_EQ(raised([&] { engine().DelRec("PUTBL", 3, orb_); }),
             (Raised{81, "DelRec", "Attempt to delete a deleted record"}));
   engine().DelRec("PUTBL", 1, orb_);
-  EXPECT_EQ(Unpack('L', record(1), kNextFreeRecord), 3);
+  EXPECT_EQ(Unpack('L', record(1), kNextFree), 3);
   engine().DelRec("PUTBL", 2, orb_);
   engine().DelRec("PUTBL", 4, orb_);  // the count was 3: it stops at 0
-  EXPECT_EQ(Unpack('L', recordZero(), record_zero::kActiveCount), 0);
+  EXPECT_EQ(Unpack('L', recordZero(), kActiveCount), 0);
   EXPECT_EQ(errorNumber([&] { engine().DelRec("PUTBL", 7, orb_); }), 81);
 }
 
@@ -248,8 +255,8 @@ TEST_F(EngineLogical, InitialisesARecordFile) {
   engine().InitFile("PUTBL", 0, false, 0, orb_);
   const auto file = engine().LogicalOpen("PUTBL");
   EXPECT_EQ(file->ActiveCount(orb_), 0);
-  EXPECT_EQ(Unpack('J', recordZero(), record_zero::kMarker), -2);
-  EXPECT_EQ(Unpack('L', recordZero(), record_zero::kFreeHead), -1);
+  EXPECT_EQ(Unpack('J', recordZero(), kMarker), -2);
+  EXPECT_EQ(Unpack('L', recordZero(), kFreeHead), -1);
   EXPECT_EQ(allocateRecord(*file, orb_), 1);
   for (std::int32_t number = 1; number <= 6; ++number)
     EXPECT_EQ(record(number), std::string(100, '\0')) << number;

@@ -1,33 +1,26 @@
 #include "records/open/floor_plan_entries.h"
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "platform/text.h"
 #include "records/customer_lookup.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/open_work.h"
 #include "records/open/own_lines.h"
+#include "records/parts.h"
 #include "records/read.h"
 
 namespace dg {
 
 namespace {
 
-constexpr std::size_t kModelKey = 5;
-constexpr std::size_t kModelKeyWidth = 14;
-constexpr std::int32_t kPartCost = 61;  ///< cents
-
 using VisitEntry = std::function<void(const clsFloorPlan& entry, const std::string& record)>;
 
 /// The part cost of an entry's model, by the entry's own bytes as a key; 0 when there is none.
 Currency GetPartCost(const std::string& entry) {
   const std::int32_t found =
-      findExact(files::kPartIndex, std::string(middle(entry, kModelKey, kModelKeyWidth)));
+      findExact(files::kPartIndex, std::string(bytesOf(floor_plan_record::kPartKey, entry)));
   if (found == 0) return Currency();
-  const cBusinessBasic& engine = sharedEngine();
-  const std::string part = readRecord(files::kParts, found);
-  return Currency::fromScaled(engine.Unpack('D', part, kPartCost), 100);
+  return Currency::fromScaled(Unpack(part_record::kCost, readRecord(files::kParts, found)), 100);
 }
 
 Currency costOf(const clsFloorPlan& entry, const std::string& record) {
@@ -35,8 +28,8 @@ Currency costOf(const clsFloorPlan& entry, const std::string& record) {
 }
 
 bool isOpen(const std::string& entry) {
-  const cBusinessBasic& engine = sharedEngine();
-  return engine.Unpack('C', entry, 41) == 0 && engine.Unpack('L', entry, 60) == 0;
+  return Unpack(floor_plan_record::kDateSold, entry) == 0 &&
+         Unpack(floor_plan_record::kCustomerInvoice, entry) == 0;
 }
 
 /// Visits all entries of a line: open ones as `open`, the others as `sold`.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "engine/codec.h"
-#include "platform/text.h"
 #include "platform/values/date.h"
 #include "records/control_file.h"
 #include "records/customer_lookup.h"
@@ -20,19 +18,12 @@ namespace {
 
 /// The blocks of the control file that hold the saved invoices' slots. The second range belongs to
 /// stores that mark themselves with "Y"; the mark is never set, so it is always the first.
-struct BlockRange {
+struct SavedBlocks {
   std::string_view mark;
-  std::int32_t first, last;
+  control_file::Blocks blocks;
 };
-constexpr BlockRange kSavedBlocks[] = {{"", 301, 325}, {"Y", 701, 764}};
+constexpr SavedBlocks kSavedBlocks[] = {{"", control_file::kSavedInvoices}, {"Y", {701, 764}}};
 constexpr std::string_view kStoreMark;
-
-// Each block holds four groups of 31 four-byte slots.
-constexpr std::int32_t kGroups = 4;
-constexpr std::int32_t kGroupWidth = 128;
-constexpr std::int32_t kGroupSlots = 5;
-constexpr std::int32_t kSlots = 31;
-constexpr std::int32_t kSlotWidth = 4;
 
 bool isAllNul(std::string_view bytes) {
   return std::ranges::all_of(bytes, [](char byte) { return byte == '\0'; });
@@ -40,16 +31,17 @@ bool isAllNul(std::string_view bytes) {
 
 /// Calls `visit` with the record number of each used slot of the saved invoices' table.
 void forEachSavedInvoice(const std::function<void(std::int32_t record)>& visit) {
-  const auto& range = *std::ranges::find(kSavedBlocks, kStoreMark, &BlockRange::mark);
+  using namespace control_file;
+  const Blocks range = std::ranges::find(kSavedBlocks, kStoreMark, &SavedBlocks::mark)->blocks;
   for (std::int32_t number = range.first; number <= range.last; ++number) {
     const std::string block = readControlBlock(number);
-    for (std::int32_t group = 0; group < kGroups; ++group) {
-      const std::int32_t start = group * kGroupWidth + kGroupSlots;
-      if (isAllNul(middle(block, static_cast<std::size_t>(start), kSlots * kSlotWidth))) continue;
-      for (std::int32_t slot = 0; slot < kSlots; ++slot) {
-        const std::int32_t position = start + slot * kSlotWidth;
-        if (isAllNul(middle(block, static_cast<std::size_t>(position), kSlotWidth))) continue;
-        visit(Unpack('L', block, position));
+    for (std::int32_t group = 0; group < kSavedGroups; ++group) {
+      const NumberField first = savedSlot(group, 0);
+      if (isAllNul(bytesOf({first.position, kSavedPerGroup * first.width()}, block))) continue;
+      for (std::int32_t slot = 0; slot < kSavedPerGroup; ++slot) {
+        const NumberField field = savedSlot(group, slot);
+        if (isAllNul(bytesOf({field.position, field.width()}, block))) continue;
+        visit(Unpack(field, block));
       }
     }
   }

@@ -10,20 +10,11 @@ namespace dg {
 
 namespace {
 
-// The job table: two ranges of blocks of the control file, 128 four-byte slots in each.
-constexpr std::int32_t kFirstBlock = 451;
-constexpr std::int32_t kEndOfFirstRange = 459;
-constexpr std::int32_t kSecondRange = 501;
-constexpr std::int32_t kLastBlock = 571;
-constexpr std::int32_t kSlotsPerBlock = 128;
-constexpr std::int32_t kSlotWidth = 4;
+using namespace control_file;
+
 constexpr std::int32_t kFirstJobOfSecondRange = 1000;
 
 constexpr std::string_view kBilled = "B";
-
-std::int32_t slot(const std::string& block, std::int32_t index) {
-  return Unpack('L', block, 1 + kSlotWidth * index);
-}
 
 OpenWork workOf(const clsShop& job) {
   const std::string number = std::to_string(job.JobNumber);
@@ -42,11 +33,9 @@ OpenWork workOf(const clsShop& job) {
 void forEachOpenJob(const std::function<void(const OpenJob&)>& visit) {
   OpenWorkReport report(OpenFamily::kShop);
   clsShop job;
-  for (std::int32_t block = kFirstBlock; block <= kLastBlock; ++block) {
-    if (block == kEndOfFirstRange) block = kSecondRange;
-    const std::string slots = readControlBlock(block);
-    for (std::int32_t index = 0; index < kSlotsPerBlock; ++index) {
-      const std::int32_t recordNumber = slot(slots, index);
+  const auto visitBlock = [&](const std::string& slots) {
+    for (std::int32_t slot = 0; slot < kJobsPerBlock; ++slot) {
+      const std::int32_t recordNumber = Unpack(jobSlot(slot), slots);
       if (recordNumber < 1) continue;
       const std::string record = readRecord(files::kInvoices, recordNumber);
       job.Unpack(record);
@@ -55,6 +44,10 @@ void forEachOpenJob(const std::function<void(const OpenJob&)>& visit) {
       visit({job, record});
       report.add([&job] { return workOf(job); });
     }
+  };
+  for (const Blocks& range : kJobs) {
+    for (std::int32_t block = range.first; block <= range.last; ++block)
+      visitBlock(readControlBlock(block));
   }
   report.end();
 }
@@ -62,9 +55,9 @@ void forEachOpenJob(const std::function<void(const OpenJob&)>& visit) {
 /// The second range counts its blocks from job 999 and its slots from 0: the table is addressed so.
 std::int32_t GetJob(std::int32_t job) {
   const std::int32_t block = job < kFirstJobOfSecondRange
-                                 ? kFirstBlock + job / kSlotsPerBlock
-                                 : kSecondRange + (job - 999) / kSlotsPerBlock;
-  return slot(readControlBlock(block), job % kSlotsPerBlock);
+                                 ? kJobs[0].first + job / kJobsPerBlock
+                                 : kJobs[1].first + (job - 999) / kJobsPerBlock;
+  return Unpack(jobSlot(job % kJobsPerBlock), readControlBlock(block));
 }
 
 }  // namespace dg

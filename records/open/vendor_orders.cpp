@@ -15,7 +15,6 @@ namespace dg {
 
 namespace {
 
-constexpr std::size_t kKeyLength = 16;
 constexpr std::int32_t kPendingReturn = 20;
 
 /// A family of documents as data.
@@ -97,7 +96,7 @@ class DocumentsAhead {
 
 void forEachDocument(const DocumentFamily& family, const VisitDocument& visit) {
   OpenWorkReport report(family.family);
-  std::string first(kKeyLength, '\0');
+  std::string first(vendor_document::kKeyLength, '\0');
   Pack('C', first, 1, 1);
   // Only the first entry is taken by its magnitude: behind it a negative pointer ends the list, as
   // the owners' totals have always had it.

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "engine/codec.h"
 #include "records/customers.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
@@ -14,8 +13,6 @@ namespace dg {
 namespace {
 
 constexpr std::int32_t kOpenStatus = 1;
-constexpr std::int32_t kSettledPosition = 401;
-constexpr std::int32_t kBilledPosition = 403;
 /// 1 January 1968 as MMDDYY digits, the empty date: a billed claim lies above it.
 constexpr std::int32_t kEmptyBilledDigits = 10168;
 
@@ -66,8 +63,8 @@ void forEachBilledClaim(bool bySegments, const std::function<void(const BilledCl
   for (IndexWalk walk(files::kWarrantyIndex, integerKey('L', 1)); !walk.atEnd(); walk.next()) {
     const std::string record = readRecord(files::kWarranties, walk.record());
     claim.Unpack(record);
-    const std::int32_t settled = Unpack('C', record, kSettledPosition);
-    const std::int32_t billed = Unpack('D', record, kBilledPosition);
+    const std::int32_t settled = Unpack(warranty_record::kReconciled, record);
+    const std::int32_t billed = Unpack(warranty_record::kBilled, record);
     if (claim.Status != kOpenStatus || billed <= kEmptyBilledDigits || settled != 0) continue;
     const ClaimReference reference = referenceOf(claim, walk.keyField('L', 1), bySegments);
     clsWarrDetail detail;

@@ -1,28 +1,19 @@
 #include "tools/check/control_checker.h"
 
+#include <iterator>
+
 #include "engine/open_file.h"
+#include "records/control_file.h"
 #include "tools/check/text.h"
 
 namespace dg::check {
 
 namespace {
 
-constexpr std::int32_t kFirstSavedBlock = 301;
-constexpr std::int32_t kLastSavedBlock = 325;
-constexpr std::int32_t kGroups = 4;
-constexpr std::int32_t kGroupSize = 128;
-constexpr std::int32_t kGroupHead = 4;
-constexpr std::int32_t kSlotsPerGroup = 31;
-
-constexpr std::int32_t kFirstJobBlock = 451;
-constexpr std::int32_t kLastJobBlock = 458;
-constexpr std::int32_t kFirstHighJobBlock = 501;
-constexpr std::int32_t kLastHighJobBlock = 571;
-constexpr std::int32_t kSlotsPerBlock = 128;
-constexpr std::int32_t kSlotSize = 4;
+using namespace control_file;
 
 /// Readers look at no block behind the job table.
-constexpr std::int64_t kBlocksRead = kLastHighJobBlock + 1;
+constexpr std::int64_t kBlocksRead = std::end(kJobs)[-1].last + 1;
 
 }  // namespace
 
@@ -64,18 +55,18 @@ void ControlChecker::checkLength() {
 void ControlChecker::checkTables(PageChainChecker& pages) {
   if (!file_) return;
   checkSavedInvoices(pages);
-  checkJobs(pages, kFirstJobBlock, kLastJobBlock);
-  checkJobs(pages, kFirstHighJobBlock, kLastHighJobBlock);
+  for (const Blocks& range : kJobs)
+    checkJobs(pages, range.first, range.last);
 }
 
 void ControlChecker::checkJobs(PageChainChecker& pages, std::int32_t firstBlock,
                                std::int32_t lastBlock) {
   for (std::int32_t block = firstBlock; block <= lastBlock; ++block) {
     const std::string bytes = file_->bytes(std::int64_t{block} * kBlockSize, kBlockSize);
-    for (std::int32_t slot = 0; slot < kSlotsPerBlock; ++slot) {
-      const std::int32_t record = field('L', bytes, slot * kSlotSize + 1);
+    for (std::int32_t slot = 0; slot < kJobsPerBlock; ++slot) {
+      const std::int32_t record = numberOf(jobSlot(slot), bytes);
       if (record < 1) continue;  // free
-      pages.checkDocument(record, placeOf(block, std::int64_t{slot} * kSlotSize),
+      pages.checkDocument(record, placeOf(block, within(jobSlot(slot))),
                           "the job of slot " + text(slot) + " in block " + text(block),
                           kind::kJobSlot);
     }
@@ -83,14 +74,14 @@ void ControlChecker::checkJobs(PageChainChecker& pages, std::int32_t firstBlock,
 }
 
 void ControlChecker::checkSavedInvoices(PageChainChecker& pages) {
-  for (std::int32_t block = kFirstSavedBlock; block <= kLastSavedBlock; ++block) {
+  for (std::int32_t block = kSavedInvoices.first; block <= kSavedInvoices.last; ++block) {
     const std::string bytes = file_->bytes(std::int64_t{block} * kBlockSize, kBlockSize);
-    for (std::int32_t group = 0; group < kGroups; ++group) {
-      for (std::int32_t slot = 0; slot < kSlotsPerGroup; ++slot) {
-        const std::int32_t offset = group * kGroupSize + kGroupHead + slot * kSlotSize;
-        const std::int32_t record = field('L', bytes, offset + 1);
+    for (std::int32_t group = 0; group < kSavedGroups; ++group) {
+      for (std::int32_t slot = 0; slot < kSavedPerGroup; ++slot) {
+        const NumberField field = savedSlot(group, slot);
+        const std::int32_t record = numberOf(field, bytes);
         if (record == 0) continue;  // free
-        pages.checkDocument(record, placeOf(block, offset),
+        pages.checkDocument(record, placeOf(block, within(field)),
                             "the saved invoice of slot " + text(slot) + " in group " + text(group) +
                                 " of block " + text(block),
                             kind::kSavedSlot);

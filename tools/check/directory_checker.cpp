@@ -169,7 +169,7 @@ void DirectoryChecker::checkExtent(const DirectoryTable& table, const DirectoryT
   const std::string sentence = "The file " + view.name + " may go on to byte " + text(view.end()) +
                                ", and the data file ends at " + text(size);
   const std::string recordZero = view.data->bytes(view.begin(), record_zero::kSize);
-  const std::int32_t highUsed = field('L', recordZero, record_zero::kHighUsedRecord);
+  const std::int32_t highUsed = numberOf(record_zero::kHighUsedRecord, recordZero);
   const bool usedPartIsThere =
       view.isRecordFile() && view.recordOffset(std::int64_t{highUsed} + 1) <= addressable;
   if (usedPartIsThere || view.isIndex()) {

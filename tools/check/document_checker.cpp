@@ -3,16 +3,16 @@
 #include <algorithm>
 
 #include "engine/text_utilities.h"
+#include "records/vendor_document.h"
 #include "tools/check/text.h"
 
 namespace dg::check {
 
 namespace {
 
-constexpr std::size_t kNameWidth = 10;
-constexpr std::int64_t kRecordLength = 38;
-/// Up to record 6, the total; record 0 has its place.
-constexpr std::int64_t kFewestRecords = 7;
+constexpr std::int64_t kRecordLength = vendor_document::kRecordLength;
+/// Up to the total; record 0 has its place.
+constexpr std::int64_t kFewestRecords = VendorDocument::kTotalRecord + 1;
 
 }  // namespace
 
@@ -22,7 +22,7 @@ void DocumentChecker::check(std::string_view index) {
   for (const IndexEntry& entry : contents->entries) {
     const std::string key = contents->file->data->bytes(
         entry.offset,
-        std::min<std::size_t>(kNameWidth, static_cast<std::size_t>(contents->keyLength)));
+        static_cast<std::size_t>(std::min(vendor_document::kKeyName.width, contents->keyLength)));
     checkDocument(Trun(key, true), contents->placeOf(entry));
   }
 }

@@ -10,23 +10,10 @@ namespace dg::check {
 
 namespace {
 
-// Header: positions from 1.
-constexpr std::int32_t kEntryLength = 1;
-constexpr std::int32_t kEntriesPerNode = 3;
-constexpr std::int32_t kLastBlock = 5;
-constexpr std::int32_t kRoot = 9;
-constexpr std::int32_t kDuplicateKeys = 13;
-// Where a node has its link, seen from the start of a cursor: a reader that asks for the last key
-// takes these bytes of the header for it.
-constexpr std::int32_t kFalseLink = 35;
+// Where a cursor has a node's link, as it stands in the header that begins a search: a reader that
+// asks for the last key takes these bytes for a link.
+constexpr NumberField kFalseLink = index_cursor::kNextLeaf;
 
-// Node: positions from 1.
-constexpr std::int32_t kCount = 1;
-constexpr std::int32_t kNextLeaf = 3;
-constexpr std::int32_t kEntries = 5;
-
-constexpr std::int32_t kPointerLength = 4;
-constexpr std::int32_t kRoom = kBlockSize - (kEntries - 1);
 constexpr std::int32_t kNoRecord = -1;
 
 bool isSentinelKey(std::string_view key) {
@@ -48,7 +35,7 @@ void IndexChecker::check() {
   if (!checkHeader()) return;
   const std::int64_t nodes = std::min<std::int64_t>(file_.entry.LastRecord, kNoNextLeaf - 1);
   visited_.assign(static_cast<std::size_t>(nodes) + 1, false);
-  walk(root_, 1, file_.atBlock(0, within(kRoot)));
+  walk(root_, 1, file_.atBlock(0, within(index_header::kRoot)));
   checkLeafChain();
   checkSentinel();
   if (repeatedKeys_ > 0 && !mayRepeat_) {
@@ -62,33 +49,34 @@ void IndexChecker::check() {
 
 bool IndexChecker::checkHeader() {
   const std::string header = file_.block(0);
-  entryLength_ = field('C', header, kEntryLength);
-  root_ = field('C', header, kRoot);
-  mayRepeat_ = field('C', header, kDuplicateKeys) != 0;
-  if (entryLength_ <= kPointerLength || entryLength_ > kRoom) {
-    damage(kind::kIndexEntryLength, file_.atBlock(0, within(kEntryLength)),
+  entryLength_ = numberOf(index_header::kEntryLength, header);
+  root_ = numberOf(index_header::kRoot, header);
+  mayRepeat_ = numberOf(index_header::kDuplicateKeys, header) != 0;
+  if (entryLength_ <= kPointerSize || entryLength_ > kEntriesSize) {
+    damage(kind::kIndexEntryLength, file_.atBlock(0, within(index_header::kEntryLength)),
            "The entry length is " + text(entryLength_) + "; it must be the key's length and 4.");
     return false;
   }
-  contents_.keyLength = entryLength_ - kPointerLength;
+  contents_.keyLength = entryLength_ - kPointerSize;
   if (traits_ != nullptr && contents_.keyLength != traits_->keyLength) {
-    run_.findings.note(kind::kIndexEntryLength, file_.atBlock(0, within(kEntryLength)),
+    run_.findings.note(kind::kIndexEntryLength,
+                       file_.atBlock(0, within(index_header::kEntryLength)),
                        "The keys have " + text(contents_.keyLength) + " bytes; those of " +
                            file_.name + " are known with " + text(traits_->keyLength) + ".");
   }
-  const std::int32_t perNode = field('C', header, kEntriesPerNode);
-  if (perNode != kRoom / entryLength_) {
-    run_.findings.note(kind::kIndexHeader, file_.atBlock(0, within(kEntriesPerNode)),
+  const std::int32_t perNode = numberOf(index_header::kEntriesPerNode, header);
+  if (perNode != kEntriesSize / entryLength_) {
+    run_.findings.note(kind::kIndexHeader, file_.atBlock(0, within(index_header::kEntriesPerNode)),
                        "The header gives a node room for " + text(perNode) +
-                           " entries; it has for " + text(kRoom / entryLength_) + ".");
+                           " entries; it has for " + text(kEntriesSize / entryLength_) + ".");
   }
-  const std::int32_t lastBlock = field('C', header, kLastBlock);
+  const std::int32_t lastBlock = numberOf(index_header::kLastBlock, header);
   if (lastBlock != file_.entry.LastRecord) {
-    run_.findings.note(kind::kIndexHeader, file_.atBlock(0, within(kLastBlock)),
+    run_.findings.note(kind::kIndexHeader, file_.atBlock(0, within(index_header::kLastBlock)),
                        "The header gives the highest block as " + text(lastBlock) +
                            ", the directory as " + text(file_.entry.LastRecord) + ".");
   }
-  if (field('C', header, kFalseLink) != 0) {
+  if (numberOf(kFalseLink, header) != 0) {
     damage(kind::kIndexHeader, file_.atBlock(0, within(kFalseLink)),
            "The bytes 34 and 35 of the header must be 0: with any other value the last key is not "
            "found.");
@@ -143,19 +131,19 @@ std::optional<IndexChecker::Node> IndexChecker::readNode(std::int32_t number) {
     return std::nullopt;
   }
   Node node{.number = number, .bytes = file_.block(number)};
-  node.count = field('C', node.bytes, kCount);
-  node.nextLeaf = field('C', node.bytes, kNextLeaf);
-  if (node.count >= 1 && node.count <= kRoom / entryLength_) return node;
-  damage(kind::kIndexEntryCount, file_.atBlock(number, within(kCount)),
+  node.count = numberOf(index_node::kEntryCount, node.bytes);
+  node.nextLeaf = numberOf(index_node::kNextLeaf, node.bytes);
+  if (node.count >= 1 && node.count <= kEntriesSize / entryLength_) return node;
+  damage(kind::kIndexEntryCount, file_.atBlock(number, within(index_node::kEntryCount)),
          "The node " + text(number) + " has " + text(node.count) + " entries; a node has 1 to " +
-             text(kRoom / entryLength_) + ".");
+             text(kEntriesSize / entryLength_) + ".");
   // What links here and where it links to is known all the same.
   if (node.nextLeaf != 0) leaves_.push_back({.number = number, .nextLeaf = node.nextLeaf});
   return std::nullopt;
 }
 
 std::int64_t IndexChecker::entryOffset(std::int32_t entry) const {
-  return (kEntries - 1) + std::int64_t{entry - 1} * entryLength_;
+  return (index_node::kEntries - 1) + std::int64_t{entry - 1} * entryLength_;
 }
 
 std::string_view IndexChecker::key(const Node& node, std::int32_t entry) const {
@@ -166,7 +154,7 @@ std::string_view IndexChecker::key(const Node& node, std::int32_t entry) const {
 
 std::int32_t IndexChecker::pointer(const Node& node, std::int32_t entry) const {
   const std::int64_t position = entryOffset(entry) + contents_.keyLength + 1;
-  return field('L', node.bytes, static_cast<std::int32_t>(position));
+  return numberOf({'L', static_cast<std::int32_t>(position)}, node.bytes);
 }
 
 void IndexChecker::checkKeyOrder(const Node& node) {
@@ -221,7 +209,7 @@ void IndexChecker::checkLeafChain() {
   // Below a node that could not be read there are leaves that are not known.
   for (std::size_t i = 0; i < leaves_.size(); ++i) {
     const Leaf& leaf = leaves_[i];
-    const Place place = file_.atBlock(leaf.number, within(kNextLeaf));
+    const Place place = file_.atBlock(leaf.number, within(index_node::kNextLeaf));
     const bool isLast = i + 1 == leaves_.size();
     const std::int32_t expected = isLast ? kNoNextLeaf : leaves_[i + 1].number;
     if (leaf.nextLeaf == expected) continue;

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "engine/links.h"
 #include "platform/text.h"
 #include "tools/check/known_files.h"
 #include "tools/check/text.h"
@@ -10,7 +11,7 @@ namespace dg::check {
 
 namespace {
 
-const std::string kTable(kLinkTableName);
+const std::string kTable = kLinkTable;
 
 Place table() {
   return {.file = kTable, .physical = kTable};
@@ -21,7 +22,7 @@ Place placeOf(const LinkEntry& link) {
           .physical = kTable,
           .unit = Unit::kEntry,
           .number = link.number,
-          .offset = link.number * kLinkEntrySize};
+          .offset = link.number * link_entry::kSize};
 }
 
 /// Whether a name is ":directory:file".

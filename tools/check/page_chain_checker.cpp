@@ -5,20 +5,12 @@
 #include <cstdlib>
 #include <utility>
 
+#include "records/page_record.h"
 #include "tools/check/text.h"
 
 namespace dg::check {
 
-namespace {
-
-constexpr std::int32_t kLink = 110;        ///< K, its sign means nothing
-constexpr std::int32_t kPageNumber = 115;  ///< B
-constexpr std::int32_t kLineCount = 146;   ///< B
-constexpr std::int32_t kLines = 161;
-constexpr std::int32_t kLineWidth = 44;
-constexpr std::int32_t kHighestPage = 200;  ///< readers keep a list of so many
-
-}  // namespace
+using namespace page_record;
 
 /// The pages of one chain as it is walked.
 class PageChainChecker::Walk {
@@ -58,9 +50,9 @@ bool PageChainChecker::hasRoomForHeader() {
 
 PageChainChecker::Page PageChainChecker::readPage(std::int64_t record) const {
   const std::string bytes = file_.record(record);
-  return {.number = field('B', bytes, kPageNumber),
-          .link = std::abs(std::int64_t{field('K', bytes, kLink)}),
-          .lines = field('B', bytes, kLineCount)};
+  return {.number = numberOf(kNumber, bytes),
+          .link = std::abs(std::int64_t{numberOf(kLink, bytes)}),
+          .lines = numberOf(kLineCount, bytes)};
 }
 
 void PageChainChecker::checkLines(std::int64_t record, const Page& page) {
@@ -95,14 +87,14 @@ void PageChainChecker::checkDocument(std::int32_t start, const Place& place,
     const Place link = file_.atRecord(record, within(kLink));
     checkLines(record, page);
     if (page.number < 1 || page.number > kHighestPage) {
-      run_.findings.damage(kind::kPageNumber, file_.atRecord(record, within(kPageNumber)),
+      run_.findings.damage(kind::kPageNumber, file_.atRecord(record, within(kNumber)),
                            "Record " + text(record) +
                                " is on a chain of pages with the page number " + text(page.number) +
-                               "; pages go from 1 to 200.");
+                               "; pages go from 1 to " + text(kHighestPage) + ".");
       return;
     }
     if (!walk.add(page.number)) {
-      run_.findings.damage(kind::kPageNumber, file_.atRecord(record, within(kPageNumber)),
+      run_.findings.damage(kind::kPageNumber, file_.atRecord(record, within(kNumber)),
                            "Record " + text(record) + " is a second page " + text(page.number) +
                                " of its document.");
     }

@@ -8,8 +8,8 @@ void RecordChainChecker::check(const RecordChain& chain) {
   const RecordUse* heads = run_.use(chain.headFile);
   const RecordUse* links = run_.use(chain.linkFile);
   if (heads == nullptr || links == nullptr) return;
-  const bool fieldsAreThere = hasRoom(heads->file(), chain.headPosition, chain.headOpcode) &&
-                              hasRoom(links->file(), chain.linkPosition, chain.linkOpcode);
+  const bool fieldsAreThere =
+      hasRoom(heads->file(), chain.first) && hasRoom(links->file(), chain.next);
   if (!fieldsAreThere) return;
   owner_.assign(static_cast<std::size_t>(links->last()) + 1, 0);
   for (std::int64_t head = 1; head <= heads->last(); ++head) {
@@ -17,8 +17,8 @@ void RecordChainChecker::check(const RecordChain& chain) {
   }
 }
 
-bool RecordChainChecker::hasRoom(const LogicalView& file, std::int32_t position, char opcode) {
-  const std::int32_t needed = position - 1 + opcodeWidth(opcode);
+bool RecordChainChecker::hasRoom(const LogicalView& file, NumberField field) {
+  const std::int32_t needed = field.position - 1 + field.width();
   if (file.entry.RecordLength >= needed) return true;
   run_.findings.damage(kind::kRecordLength, file.whole(),
                        "The records have " + text(file.entry.RecordLength) +
@@ -30,8 +30,8 @@ void RecordChainChecker::checkChain(const RecordChain& chain, const RecordUse& h
                                     const RecordUse& links, std::int64_t head) {
   const std::string whose = "The " + std::string(chain.noun) + " chain of record " + text(head) +
                             " of " + heads.file().name;
-  Place place = heads.file().atRecord(head, within(chain.headPosition));
-  std::int64_t next = field(chain.headOpcode, heads.file().record(head), chain.headPosition);
+  Place place = heads.file().atRecord(head, within(chain.first));
+  std::int64_t next = numberOf(chain.first, heads.file().record(head));
   while (next != 0) {
     const std::string step = " leads to record " + text(next) + " of " + links.file().name;
     if (!links.isValidTarget(next)) {
@@ -50,8 +50,8 @@ void RecordChainChecker::checkChain(const RecordChain& chain, const RecordUse& h
       return;
     }
     owner = head;
-    place = links.file().atRecord(next, within(chain.linkPosition));
-    next = field(chain.linkOpcode, links.file().record(next), chain.linkPosition);
+    place = links.file().atRecord(next, within(chain.next));
+    next = numberOf(chain.next, links.file().record(next));
   }
 }
 

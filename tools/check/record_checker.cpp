@@ -18,15 +18,15 @@ RecordChecker::RecordChecker(CheckRun& run, const LogicalView& file)
 
 void RecordChecker::readRecordZero() {
   const std::string header = file_.data->bytes(file_.begin(), record_zero::kSize);
-  freeHead_ = field('L', header, record_zero::kFreeHead);
-  highUsed_ = field('L', header, record_zero::kHighUsedRecord);
-  activeCount_ = field('L', header, record_zero::kActiveCount);
+  freeHead_ = numberOf(record_zero::kFreeHead, header);
+  highUsed_ = numberOf(record_zero::kHighUsedRecord, header);
+  activeCount_ = numberOf(record_zero::kActiveCount, header);
 }
 
 void RecordChecker::checkRecordZero() {
   readRecordZero();
   const std::string header = file_.data->bytes(file_.begin(), record_zero::kSize);
-  const std::int32_t marker = field('J', header, record_zero::kMarker);
+  const std::int32_t marker = numberOf(record_zero::kMarker, header);
   const std::int32_t capacity = file_.entry.LastRecord;
   if (marker != kMarker) {
     run_.findings.note(kind::kMarker, file_.atRecord(0),
@@ -84,7 +84,7 @@ void RecordChecker::checkFreeChain(const RecordUse& use) {
     onChain_[static_cast<std::size_t>(record)] = true;
     checkFreeRecord(use, record);
     from = record;
-    record = field('L', file_.record(record), kNextFreeRecord);
+    record = numberOf(kNextFreeRecord, file_.record(record));
   }
 }
 
@@ -167,7 +167,7 @@ void RecordChecker::checkExtension() {
   readRecordZero();
   const LogicalView& mainFile = main->file();
   const std::string header = mainFile.data->bytes(mainFile.begin(), record_zero::kSize);
-  const std::int32_t mainCount = field('L', header, record_zero::kActiveCount);
+  const std::int32_t mainCount = numberOf(record_zero::kActiveCount, header);
   if (mainCount != activeCount_) {
     run_.findings.note(kind::kActiveCount, file_.atRecord(0, within(record_zero::kActiveCount)),
                        "Record zero counts " + counted(activeCount_, "record") +

@@ -12,15 +12,15 @@ namespace dg::check {
 namespace {
 
 constexpr std::int64_t kChunk = 65'536;
-constexpr std::size_t kLinkBegin = kNextFreeRecord - 1;
-constexpr std::size_t kLinkEnd = kLinkBegin + 4;
+constexpr std::size_t kLinkBegin = within(kNextFreeRecord);
+constexpr std::size_t kLinkEnd = kLinkBegin + kNextFreeRecord.width();
 
 bool isNul(std::string_view bytes) {
   return bytes.find_first_not_of('\0') == std::string_view::npos;
 }
 
 RecordState stateOf(std::string_view record) {
-  if (field('J', record, kRecordInUse) > 0) return RecordState::kInUse;
+  if (numberOf(kRecordInUse, record) > 0) return RecordState::kInUse;
   const bool restIsNul = isNul(record.substr(0, kLinkBegin)) &&
                          (record.size() <= kLinkEnd || isNul(record.substr(kLinkEnd)));
   if (!restIsNul) return RecordState::kOther;

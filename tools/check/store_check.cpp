@@ -1,5 +1,6 @@
 #include "tools/check/store_check.h"
 
+#include "engine/links.h"
 #include "tools/check/check_run.h"
 #include "tools/check/control_checker.h"
 #include "tools/check/directory_checker.h"
@@ -29,7 +30,7 @@ class StoreCheck {
         control_(run_) {}
 
   void checkStructures() {
-    run_.step(named(kLinkTableName), [this] { LinkChecker(run_).check(); });
+    run_.step(named(dg::kLinkTable), [this] { LinkChecker(run_).check(); });
     run_.step(named("ttymap"), [this] { TerminalChecker(run_).check(); });
     DirectoryChecker(run_).check();
     controlStep([this] { control_.checkLength(); });

@@ -4,6 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "engine/links.h"
+#include "engine/logical_file.h"
 #include "engine/text_utilities.h"
 #include "platform/environment.h"
 #include "platform/file.h"
@@ -21,15 +23,9 @@ constexpr std::int64_t kMostLinks = 65'536;
 constexpr std::size_t kMostDirectories = 128;
 constexpr std::int64_t kMostDirectoryEntries = 4'096;
 
-constexpr std::size_t kLinkNamePosition = 2;
-constexpr std::size_t kResolutionNamePosition = 82;
-constexpr std::size_t kLinkNameWidth = 79;
-
-/// The data file stands beside its directory file under the same stem.
+/// The data file of a directory file; empty for a name that is too short to have one.
 std::string dataFileOf(const std::string& directoryFile) {
-  constexpr std::size_t kEndingWidth = 2;
-  if (directoryFile.size() < kEndingWidth) return {};
-  return directoryFile.substr(0, directoryFile.size() - kEndingWidth) + "DB";
+  return directoryFile.size() < kDirectoryEndingWidth ? std::string() : dataFilePath(directoryFile);
 }
 
 }  // namespace
@@ -108,22 +104,21 @@ std::string StoreReader::pathOf(std::string_view resolution) const {
 
 void StoreReader::readLinks() {
   std::shared_ptr<StoreFile> table;
-  linkTablePresence_ =
-      open(sharePath(kLinkTableName), std::string(kLinkTableName), table, linkTableError_);
+  linkTablePresence_ = open(sharePath(kLinkTable), kLinkTable, table, linkTableError_);
   if (!table) return;
   std::set<std::string> known;
   try {
-    const std::int64_t length = std::min(table->size(), kMostLinks * kLinkEntrySize);
+    const std::int64_t length = std::min(table->size(), kMostLinks * link_entry::kSize);
     linkTableTooLong_ = table->size() > length;
     linkTable_ = table->bytes(0, static_cast<std::size_t>(length));
-    for (std::int64_t number = 0; number * kLinkEntrySize < length; ++number) {
-      const std::string bytes =
-          linkTable_.substr(static_cast<std::size_t>(number * kLinkEntrySize), kLinkEntrySize);
-      LinkEntry entry{
-          .number = number,
-          .link = Trun(middle(bytes, kLinkNamePosition, kLinkNameWidth), true),
-          .resolution = Trun(middle(bytes, kResolutionNamePosition, kLinkNameWidth), true),
-          .cut = bytes.size() < kLinkEntrySize};
+    for (std::int64_t number = 0; number * link_entry::kSize < length; ++number) {
+      const std::string bytes = linkTable_.substr(
+          static_cast<std::size_t>(number * link_entry::kSize), link_entry::kSize);
+      const cLink link = cLink::decode(bytes);
+      LinkEntry entry{.number = number,
+                      .link = link.LinkFile,
+                      .resolution = link.ResolutionFile,
+                      .cut = bytes.size() < link_entry::kSize};
       if (entry.link.empty() && !entry.cut) continue;
       entry.repeated = !known.insert(upperCase(entry.link)).second;
       links_.push_back(std::move(entry));

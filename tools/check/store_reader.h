@@ -119,8 +119,4 @@ class StoreReader {
   std::map<std::string, std::size_t, std::less<>> filesByName_;
 };
 
-/// Name of the link table below the link share.
-inline constexpr std::string_view kLinkTableName = "LINKSFILE";
-inline constexpr std::int64_t kLinkEntrySize = 160;
-
 }  // namespace dg::check

@@ -79,7 +79,7 @@ class KeyWalk {
   void startAtLast() {
     bool orb = true;
     sharedEngine().KLast(index_, cursor_, key_, record_, orb);
-    if (sharedEngine().Unpack('B', cursor_, index_cursor::kCurrentEntry) != 0) return;
+    if (Unpack(index_cursor::kCurrentEntry, cursor_) != 0) return;
     key_.assign(static_cast<std::size_t>(std::max(*list_.keyLength, 0)), '\xFF');
     sharedEngine().KFind(index_, cursor_, key_, record_, orb);
     sharedEngine().KPrev(index_, cursor_, key_, record_, orb);

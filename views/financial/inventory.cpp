@@ -1,13 +1,10 @@
 #include "views/financial/inventory.h"
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "platform/values/checked.h"
 #include "platform/values/format.h"
-#include "records/file_names.h"
+#include "records/control_file.h"
 #include "records/lines.h"
 #include "records/open/own_lines.h"
-#include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/sort_grid.h"
 #include "shell/splash.h"
@@ -143,15 +140,13 @@ void frmInv::GetLineData() {
 double EstimatedTurns(const std::string& record) {
   // The control file's block is not used further, but a store without a control file has no turns:
   // the failure to read it is this routine's.
-  const cBusinessBasic& engine = sharedEngine();
-  const std::string control = readBlock(files::kControlFile, 0);
-  engine.Unpack('B', control, 11);
+  Unpack(control_file::kUnusedByte, readControlBlock(control_file::kFirstBlock));
 
   const std::int32_t cost =
-      checkedAdd(engine.Unpack('L', record, 103), engine.Unpack('L', record, 91));
+      checkedAdd(Unpack(line_record::kYearCost, record), Unpack(line_record::kMonthCost, record));
   // 94 days, whatever the date: the figure has always been made so, and owners compare it.
   const double yearly = cost * 365.0 / 94.0;
-  const std::int32_t merchandise = engine.Unpack('L', record, 75);
+  const std::int32_t merchandise = Unpack(line_record::kMerchandise, record);
   return merchandise != 0 ? yearly * 100 / merchandise / 100 : 0;
 }
 

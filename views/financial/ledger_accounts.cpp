@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "engine/business_basic.h"
-#include "engine/codec.h"
 #include "engine/state.h"
 #include "platform/settings.h"
 #include "platform/text.h"
@@ -12,6 +11,7 @@
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/ledger.h"
 #include "records/read.h"
 #include "shell/recap_sheet.h"
 #include "shell/setup.h"
@@ -57,22 +57,6 @@ constexpr std::string_view kAmountMask = "$#,###,###.00";
 constexpr const char* kNoList = "1";
 constexpr std::size_t kCompanyDigits = 2;
 
-// The chart's record and key.
-constexpr std::int32_t kChartCompany = 3;
-constexpr std::int32_t kChartAccount = 5;
-constexpr std::size_t kChartDescription = 10;
-constexpr std::size_t kChartDescriptionWidth = 30;
-constexpr std::size_t kChartKeyLength = 6;
-
-// The ledger detail's record and key.
-constexpr std::int32_t kDetailAccount = 5;
-constexpr std::int32_t kDetailSign = 53;
-constexpr std::int32_t kDetailMillions = 54;
-constexpr std::int32_t kDetailAmount = 56;
-constexpr std::int32_t kNegative = 1;
-constexpr double kMillion = 1000000;
-constexpr std::size_t kDetailKeyLength = 10;
-
 constexpr ColumnSpec kColumns[] = {
     {.name = "Co #", .kind = ColumnKind::kNumber},
     {.name = "Account", .kind = ColumnKind::kNumber},
@@ -95,14 +79,6 @@ constexpr Place kLiabilitySheet[] = {
     {.control = "lbltotal", .row = 2, .column = 1},
     {.control = "lblReCalc", .row = 2, .column = 2},
 };
-
-std::string companyAccountKey(std::size_t length, char fill, std::int32_t company,
-                              std::int32_t account) {
-  std::string key(length, fill);
-  Pack('C', key, company, 1);
-  Pack('L', key, account, 3);
-  return key;
-}
 
 }  // namespace
 
@@ -172,20 +148,16 @@ void LedgerAccounts::GetGLData() {
 double LedgerAccounts::addAccount(const std::string& entry) {
   const std::int32_t wantedCompany = CLng(Val(middle(entry, 1, kCompanyDigits)));
   const std::int32_t wantedAccount = CLng(Val(middle(entry, kCompanyDigits + 1)));
-  const std::int32_t found = findExact(
-      files::kChartIndex, companyAccountKey(kChartKeyLength, '\0', wantedCompany, wantedAccount));
+  const std::int32_t found = findExact(files::kChartIndex, chartKey(wantedCompany, wantedAccount));
   if (found == 0) return 0;
-  const cBusinessBasic& engine = sharedEngine();
   const std::string record = readRecord(files::kChart, found);
-  const std::int32_t company = engine.Unpack('C', record, kChartCompany);
-  const std::int32_t account = engine.Unpack('L', record, kChartAccount);
+  const std::int32_t company = Unpack(chart_record::kCompany, record);
+  const std::int32_t account = Unpack(chart_record::kAccount, record);
   grdGLCash.AddNew();
   grdGLCash.set("Co #", company);
   grdGLCash.set("Account", account);
-  grdGLCash.set("Description",
-                std::string(middle(record, kChartDescription, kChartDescriptionWidth)));
-  const double balance =
-      GetGLBalance(companyAccountKey(kDetailKeyLength, ' ', company, account), account);
+  grdGLCash.set("Description", std::string(bytesOf(chart_record::kDescription, record)));
+  const double balance = GetGLBalance(ledgerDetailKey(company, account), account);
   grdGLCash.set("Balance", Format(balance, kAmountMask));
   grdGLCash.Update();
   return balance;
@@ -199,18 +171,16 @@ double LedgerAccounts::GetGLBalance(const std::string& key, std::int32_t account
   std::int32_t record = 0;
   trapErrors(
       [&] {
-        const cBusinessBasic& engine = sharedEngine();
         double cents = 0;
         for (IndexWalk walk(files::kLedgerDetailIndex, key);; walk.next()) {
           if (walk.record() == 0) return;
           record = checkedAbs(walk.record());
           const std::string detail = readRecord(files::kLedgerDetails, record);
-          if (engine.Unpack('L', detail, kDetailAccount) != account) break;
-          const std::int32_t sign = engine.Unpack('B', detail, kDetailSign);
-          const std::int32_t amount = engine.Unpack('L', detail, kDetailAmount);
-          cents += sign == kNegative ? checkedSubtract(0, amount) : amount;
-          // The millions count as positive, whatever the sign says.
-          cents += engine.Unpack('C', detail, kDetailMillions) * kMillion;
+          if (Unpack(ledger_detail::kAccount, detail) != account) break;
+          const std::int32_t sign = Unpack(ledger_detail::kSign, detail);
+          const std::int32_t amount = Unpack(ledger_detail::kAmount, detail);
+          cents += sign == ledger_detail::kNegative ? checkedSubtract(0, amount) : amount;
+          cents += Unpack(ledger_detail::kMillions, detail) * ledger_detail::kMillion;
         }
         result = cents / 100;
       },

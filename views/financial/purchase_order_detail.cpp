@@ -7,6 +7,7 @@
 #include "platform/values/format.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
+#include "records/parts.h"
 #include "records/read.h"
 
 namespace dg {
@@ -14,23 +15,6 @@ namespace dg {
 namespace {
 
 constexpr std::string_view kAmountMask = "#####.00";
-constexpr std::int32_t kShownLineKind = 4;
-
-constexpr std::size_t kCommentPosition = 3;
-constexpr std::size_t kCommentWidth = 35;
-
-constexpr std::int32_t kLineKind = 1;
-constexpr std::int32_t kLineCode = 3;
-constexpr std::size_t kLineKey = 3;  ///< line code and part number: the key into "PARTI"
-constexpr std::size_t kLineKeyWidth = 14;
-constexpr std::size_t kLinePart = 5;
-constexpr std::size_t kLinePartWidth = 12;
-constexpr std::int32_t kLineQuantity = 18;
-constexpr std::int32_t kLineCost = 33;  ///< cents; 0 means the part's own cost
-
-constexpr std::size_t kPartDescription = 179;
-constexpr std::size_t kPartDescriptionWidth = 14;
-constexpr std::int32_t kPartCost = 61;  ///< cents
 
 constexpr std::string_view kDetailCaptions[frmPODetail::kDetails] = {
     "Vendor", "Date", "Total $", "# of Items", "Drop Ship Invoice"};
@@ -79,27 +63,25 @@ struct LineState {
 void findPart(LineState& line, const StatementRunner& run) {
   run([&] {
     line.part =
-        findExact(files::kPartIndex, std::string(middle(line.record, kLineKey, kLineKeyWidth)));
+        findExact(files::kPartIndex, std::string(bytesOf(vendor_document::kPartKey, line.record)));
   });
   if (line.part == 0) {
     line.description = "Part Not Found";
     return;
   }
   run([&] { line.partRecord = readRecord(files::kParts, line.part); });
-  run([&] {
-    line.description = unpackText(middle(line.partRecord, kPartDescription, kPartDescriptionWidth));
-  });
-  if (line.cost == 0) run([&] { line.cost = Unpack('D', line.partRecord, kPartCost); });
+  run([&] { line.description = unpackText(bytesOf(part_record::kDescription, line.partRecord)); });
+  if (line.cost == 0) run([&] { line.cost = Unpack(part_record::kCost, line.partRecord); });
 }
 
 void addLine(Grid& grid, LineState& line, const StatementRunner& run) {
   findPart(line, run);
   grid.AddNew();
-  run([&] { grid.set("Line", Unpack('C', line.record, kLineCode)); });
-  run([&] { grid.set("Part #", unpackText(middle(line.record, kLinePart, kLinePartWidth))); });
+  run([&] { grid.set("Line", Unpack(vendor_document::kProductLine, line.record)); });
+  run([&] { grid.set("Part #", unpackText(bytesOf(vendor_document::kPart, line.record))); });
   run([&] { grid.set("Description", line.description); });
   std::int32_t quantity = 0;
-  run([&] { quantity = Unpack('K', line.record, kLineQuantity); });
+  run([&] { quantity = Unpack(vendor_document::kQuantity, line.record); });
   grid.set("Ordered", quantity);
   const double cost = line.cost / 100.0;
   grid.set("Cost", Format(cost, kAmountMask));
@@ -144,16 +126,16 @@ void fillDocumentDetail(frmPODetail& detail, const VendorDocument& document, con
   for (std::int32_t number = VendorDocument::kFirstComment; number <= VendorDocument::kLastComment;
        ++number) {
     run([&] { line.record = document.record(number); });
-    const std::string comment = unpackText(middle(line.record, kCommentPosition, kCommentWidth));
+    const std::string comment = unpackText(bytesOf(vendor_document::kComment, line.record));
     detail.lblComments.setCaption(detail.lblComments.caption() + std::string(shown(comment)) +
                                   "\n");
   }
   for (std::int32_t number = VendorDocument::kFirstLine; number <= document.lastRecord();
        ++number) {
     run([&] { line.record = document.record(number); });
-    run([&] { line.kind = Unpack('J', line.record, kLineKind); });
-    run([&] { line.cost = Unpack('D', line.record, kLineCost); });
-    if (line.kind == kShownLineKind) addLine(detail.grdPod, line, run);
+    run([&] { line.kind = Unpack(vendor_document::kLineKind, line.record); });
+    run([&] { line.cost = Unpack(vendor_document::kUnitCost, line.record); });
+    if (line.kind == vendor_document::kOrderedPart) addLine(detail.grdPod, line, run);
     afterLine();
   }
   detail.grdPod.MoveFirst();

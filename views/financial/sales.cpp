@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "engine/business_basic.h"
-#include "engine/state.h"
 #include "platform/values/format.h"
 #include "records/countermen.h"
 #include "records/file_names.h"
@@ -126,7 +124,7 @@ void frmSales::GetSales() {
         readRecord(files::kCountermen, files::kCountermanExtension, walk.record());
     man.Unpack(record);
     // An index entry whose record belongs to another number does not count.
-    if (walk.keyField('C', 1) != sharedEngine().Unpack('C', record, 3)) continue;
+    if (walk.keyField('C', 1) != Unpack(counterman_record::kNumber, record)) continue;
     addSalesRow(grdSales, man);
     sales += man.Todays_Mdse_Sales;
     const Currency net = netCash(man);

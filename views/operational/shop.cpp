@@ -2,10 +2,6 @@
 
 #include <string_view>
 
-#include "engine/business_basic.h"
-#include "engine/codec.h"
-#include "engine/state.h"
-#include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
 #include "records/control_file.h"
@@ -26,17 +22,8 @@ namespace {
 constexpr std::string_view kTotalMask = "$#,###,###.00";
 constexpr std::string_view kSubTotalMask = "$##,###.00";
 
-// The names of the open statuses "1" to "5".
-constexpr std::int32_t kStatusNameBlock = 450;
-constexpr std::size_t kStatusNamePosition = 432;
-constexpr std::size_t kStatusNameWidth = 15;
-
 constexpr std::string_view kBilled = "B";
 constexpr std::string_view kComplete = "C";
-
-// Raw day numbers of the job record, for the hidden sort columns.
-constexpr std::int32_t kDateCompletedPosition = 93;
-constexpr std::int32_t kDateInPosition = 95;
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "Job #", .kind = ColumnKind::kNumber, .button = true},
@@ -74,9 +61,7 @@ constexpr Place kSheet[] = {
 /// The status column's text for a job's status byte.
 std::string statusText(const std::string& status, const std::string& names) {
   if (status >= "1" && status <= "5") {
-    const auto number = static_cast<std::size_t>(status.front() - '1');
-    const std::string_view name =
-        middle(names, kStatusNamePosition + number * kStatusNameWidth, kStatusNameWidth);
+    const std::string_view name = bytesOf(control_file::jobStatusName(status.front() - '0'), names);
     return name.empty() ? "Open" : "Open-" + std::string(name);
   }
   if (status == "O") return "Open";
@@ -105,7 +90,7 @@ void frmShop::Form_Load() {
 void frmShop::GetShopData() {
   showProgress("Loading Open Shop Jobs...");
   WarrantySegments = GetOption(kWarrantyOption);
-  const std::string statusNames = readControlBlock(kStatusNameBlock);
+  const std::string statusNames = readControlBlock(control_file::kJobStatusBlock);
   Currency total;
   forEachOpenJob([&](const OpenJob& open) {
     grdShop.AddNew();
@@ -125,13 +110,13 @@ void frmShop::addJob(const clsShop& job, const std::string& record,
   grdShop.set("Name", customerName(job.Account));
   grdShop.set("CM", job.Counterman);
   grdShop.set("Date In", job.DateCheckedIn);
-  grdShop.set("ndateIn", Unpack('C', record, kDateInPosition));
+  grdShop.set("ndateIn", Unpack(shop_days::kCheckedIn, record));
   grdShop.set("Sub-Total", Format(job.Sub_Total, kSubTotalMask));
   grdShop.set("Status", statusText(job.Status, statusNames));
   grdShop.set("Brand", job.RepairBrand);
   if (job.Status == kBilled || job.Status == kComplete) {
     grdShop.set("Date Comp", job.DateCompleted);
-    grdShop.set("ndateComp", Unpack('C', record, kDateCompletedPosition));
+    grdShop.set("ndateComp", Unpack(shop_days::kCompleted, record));
   } else {
     grdShop.set("Date Comp", std::string());
     grdShop.set("ndateComp", std::string("0"));

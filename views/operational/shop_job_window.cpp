@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "engine/codec.h"
 #include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
+#include "records/control_file.h"
 #include "records/countermen.h"
 #include "records/customer_lookup.h"
 #include "records/file_names.h"
@@ -29,13 +29,6 @@ constexpr std::string_view kPhoneMask = "###-####";
 constexpr std::string_view kComplete = "C";
 constexpr std::string_view kYes = "Y";
 constexpr const char* kAllRequests = "All Requests";
-
-/// The names of call results, 12 characters each.
-constexpr std::int32_t kCallResultBlock = 446;
-constexpr std::size_t kCallResultWidth = 12;
-constexpr std::int32_t kCallDatePosition = 21;
-/// What the suite writes for a call date that was blanked.
-constexpr std::int32_t kBlankCallDate = 40699;
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "Request", .caption = "Req", .kind = ColumnKind::kNumber},
@@ -234,19 +227,17 @@ void frmShopDetail::showCustomer(std::int32_t account) {
 }
 
 void frmShopDetail::showCalls(const clsShop& job, const std::string& record) {
-  const std::string results = readBlock(files::kControlFile, kCallResultBlock);
-  constexpr std::size_t kCalls = 3;
+  const std::string results = readControlBlock(control_file::kCallResultBlock);
+  constexpr std::size_t kCalls = std::size(shop_days::kCalls);
   for (std::size_t i = 0; i < kCalls; ++i) {
-    const std::int32_t raw =
-        Unpack('C', record, kCallDatePosition + 2 * static_cast<std::int32_t>(i));
-    if (raw != 0 && raw != kBlankCallDate) lblCallDate[i]->setCaption(job.CallDates[i].text());
+    const std::int32_t raw = Unpack(shop_days::kCalls[i], record);
+    if (raw != 0 && raw != shop_days::kBlanked) lblCallDate[i]->setCaption(job.CallDates[i].text());
   }
   for (std::size_t i = 0; i < kCalls; ++i) {
     const std::int32_t result = job.CallStatus[i];
     if (result == 0) continue;
-    const std::size_t position = static_cast<std::size_t>(result - 1) * kCallResultWidth + 1;
     lblCallDate[kCalls + i]->setCaption(
-        std::string(shown(middle(results, position, kCallResultWidth))));
+        std::string(shown(bytesOf(control_file::callResultName(result), results))));
   }
 }
 

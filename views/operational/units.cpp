@@ -4,9 +4,9 @@
 
 #include "engine/business_basic.h"
 #include "engine/state.h"
-#include "platform/text.h"
 #include "platform/values/convert.h"
 #include "platform/values/format.h"
+#include "records/control_file.h"
 #include "records/file_names.h"
 #include "records/index_walk.h"
 #include "records/open/unsold_units.h"
@@ -23,11 +23,6 @@ namespace {
 constexpr std::string_view kTotalMask = "$###,###,###.00";
 constexpr std::string_view kAmountMask = "###,###,###.00";
 constexpr std::string_view kMeterMask = "######0.0";
-
-/// The user's own captions stand in this block of the control file.
-constexpr std::int32_t kCaptionBlock = 4;
-constexpr std::size_t kCaptionPositions[] = {433, 453, 473, 493};
-constexpr std::size_t kCaptionWidth = 8;
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "Line", .kind = ColumnKind::kNumber, .button = true},
@@ -114,7 +109,7 @@ constexpr InfoRow kSaleRows[] = {
 std::string captionBlock() {
   const cBusinessBasic& engine = sharedEngine();
   const auto control = engine.OpenFile(files::kControlFile);
-  const std::string block = readBlock(control, kCaptionBlock);
+  const std::string block = readBlock(control, control_file::kUnitCaptionBlock);
   engine.CloseFile(control);
   return block;
 }
@@ -123,7 +118,7 @@ void fillInformation(frmUnitInfo& info, const clsUnits& unit, const std::string&
   for (const InfoRow& row : kUnitRows)
     info.AddUnitRow(row.value(unit), std::string(row.caption));
   for (std::size_t i = 0; i < std::size(kCustomValues); ++i) {
-    const auto caption = middle(captions, kCaptionPositions[i], kCaptionWidth);
+    const auto caption = bytesOf(control_file::kUnitCaptions[i], captions);
     info.AddUnitRow(kCustomValues[i](unit), std::string(caption));
   }
   info.AddUnitRow(std::string(), std::string());
