@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,7 +28,7 @@ class File {
 
 enum class FileAccess { kRead, kReadWrite };
 
-/// Where files are: the operating system, or a map in memory for tests and fuzzing. Paths are the
+/// Where files are: the operating system, unless something stands in for it. Paths are the
 /// program's own, with backslashes; see nativePath.
 class FileSystem {
  public:
@@ -53,23 +52,6 @@ FileSystem& fileSystem();
 std::unique_ptr<File> openIfThere(const std::string& path);
 /// Replaces it; an empty pointer restores the operating system's. Returns the former.
 std::unique_ptr<FileSystem> setFileSystem(std::unique_ptr<FileSystem> replacement);
-
-/// Files held in memory, by path without regard to case. For tests and fuzzing. A directory exists
-/// when a file lies below it. All openings of a path see one content.
-class MemoryFileSystem final : public FileSystem {
- public:
-  /// Puts a file there in place of one of that name; what has that one open keeps it.
-  void add(const std::string& path, std::string content);
-  /// Behaves as a share that grants reading only: opening for writing raises 75.
-  void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
-  std::unique_ptr<File> open(const std::string& path, FileAccess access) override;
-  bool fileExists(const std::string& path) override;
-  bool directoryExists(const std::string& path) override;
-
- private:
-  std::map<std::string, std::shared_ptr<std::string>> files_;
-  bool readOnly_ = false;
-};
 
 /// How much the process has read so far, for the benchmarks. Counts system calls, not blocks; a
 /// read of a file in memory counts as one.

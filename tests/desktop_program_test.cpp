@@ -1,15 +1,12 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -20,28 +17,17 @@
 #include "desktop/recap/bar_chart.h"
 #include "desktop/recap/chart_data.h"
 #include "desktop/recap/charts_page.h"
-#include "desktop/recap/history_keeper.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/launch.h"
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/message_boxes.h"
-#include "desktop/window/notice_strip.h"
-#include "desktop/window/share_waiting.h"
 #include "desktop/window/splash_window.h"
-#include "desktop/window/start_problem_page.h"
 #include "desktop/window/tree_panel.h"
 #include "desktop/window/view_stack.h"
-#include "platform/read_ahead.h"
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
-#include "shell/write_log.h"
 #include "tests/desktop_session.h"
-#include "tests/support/silent_line.h"
-#include "tests/support/temporary_folder.h"
-#ifndef Q_OS_WIN
-#include "tests/support/unprivileged.h"
-#endif
 #include "tools/sample/sample_store.h"
 
 namespace dg {
@@ -337,109 +323,6 @@ TEST(DesktopChartTest, MoneyInShort) {
   EXPECT_EQ(exactMoney(-1234567.4), "-$1,234,567.40");
 }
 
-/// The program itself, as the main menu starts it.
-struct Outcome {
-  int status;
-  QByteArray errors;
-};
-Outcome startProgramWith(const QStringList& arguments, const QString& platform) {
-  QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.remove("DISPLAY");
-  environment.remove("WAYLAND_DISPLAY");
-  environment.insert("QT_QPA_PLATFORM", platform);
-  process.setProcessEnvironment(environment);
-  process.start(DG_DEALERGAUGE, arguments);
-  process.waitForFinished(60'000);
-  return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-          process.readAllStandardError()};
-}
-
-QString shownNotice(const QWidget& window) {
-  QStringList texts;
-  for (const NoticeStrip* strip : window.findChildren<NoticeStrip*>()) {
-    if (strip->isVisible()) texts.append(strip->text());
-  }
-  return texts.join(u'|');
-}
-
-TEST(DesktopTroubleTest, AStartWithoutAStoreSaysWhatIsMissingAndOffersWhatCanBeDone) {
-  const std::pair<const char*, const char*> cases[] = {{"cQTCatalog.ini", "settings file"},
-                                                       {"ttymap", "table of terminals"}};
-  for (const auto& [missing, told] : cases) {
-    DesktopSession session;
-    session.start({missing});
-    auto* page = qobject_cast<StartProblemPage*>(&session.page());
-    ASSERT_NE(page, nullptr) << missing;
-    QString texts;
-    for (const QLabel* label : page->findChildren<QLabel*>())
-      texts += label->text();
-    EXPECT_TRUE(texts.contains(told) && texts.contains(missing)) << texts.toStdString();
-    for (const int item : {0, 14})
-      EXPECT_FALSE(session.window().menus().item("mview", item)->isEnabled());
-    EXPECT_FALSE(session.window().menus().item("mfile", 0)->isEnabled());
-    EXPECT_TRUE(session.window().menus().item("mopt", 0)->isEnabled());
-    session.end();
-  }
-}
-
-TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
-  namespace fs = std::filesystem;
-  DesktopSession session;
-  session.start();
-  EXPECT_EQ(shownNotice(session.window()), "");
-  const fs::path store = session.run.folder.file("store");
-  fs::resize_file(store / "share/SRV1/VLMRLNK/LNK001/PARTDB", 600);
-  session.form().menuClick("mfile", 0);
-  session.clickNode("I1");
-  EXPECT_EQ(shownNotice(session.window()), "Could not be read completely.");
-
-  fs::rename(store / "share", store / "gone");
-  session.form().menuClick("mfile", 0);
-  EXPECT_TRUE(shownNotice(session.window()).contains("\\\\SRV1\\VLMRLNK\\")) << "the share's name";
-  session.end();
-}
-
-TEST(DesktopTroubleTest, ClosingTheWindowEndsALoadWhoseShareIsSilent) {
-  DesktopSession session;
-  session.start();
-  const ReadAheadSettings former =
-      setReadAhead({.near = std::chrono::microseconds(-1), .patience = std::chrono::hours(1)});
-  const ShareWaiting waiting;
-  {
-    const test::SilentLine line(10);
-    QTimer::singleShot(0, &session.window(), [&session] { session.window().close(); });
-    session.form().menuClick("mfile", 0);
-    EXPECT_NE(session.form().lostShare(), "");
-    EXPECT_TRUE(QTest::qWaitFor([&session] { return !session.window().isVisible(); }));
-  }
-  setReadAhead(former);
-  session.end();
-}
-
-#ifndef Q_OS_WIN
-/// A log that cannot be written is told at the first line that is lost.
-TEST(DesktopNoticeTest, ALogWithoutPermissionOrRoomIsToldAtOnce) {
-  DesktopSession session;
-  session.start();
-  ASSERT_EQ(shownNotice(session.window()), "");
-  const std::string log = session.run.folder.file("store/temp/dgoperation.log");
-  std::filesystem::permissions(log, std::filesystem::perms(0400));
-  {
-    const Unprivileged user;
-    logLine("lost");
-  }
-  EXPECT_TRUE(shownNotice(session.window()).contains("cannot be written: Permission denied"));
-  std::filesystem::permissions(log, std::filesystem::perms(0600));
-  logLine("kept");
-  const std::string file = std::exchange(gsLogFile, "/dev/full");
-  logLine("lost");
-  EXPECT_TRUE(shownNotice(session.window()).contains("/dev/full cannot be written: Disk full"));
-  gsLogFile = file;
-  session.end();
-}
-#endif
-
 /// Captions whose Alt key another one in the window has too.
 QString sharedKeys(const QWidget& window, const QStringList& others) {
   QMap<QString, QStringList> byKey;
@@ -472,99 +355,6 @@ TEST(DesktopKeysTest, AltKeysAreUniqueInEachWindow) {
     EXPECT_EQ(sharedKeys(session.page(), menus), "") << session.page().objectName().toStdString();
   }
   session.end();
-}
-
-/// Nothing is kept before the user asks for it; from then on each refresh keeps the day.
-TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
-  DesktopSession session;
-  session.start();
-  session.window().views().showHistory();
-  auto* start = session.page().findChild<QPushButton*>();
-  ASSERT_NE(start, nullptr);
-  EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
-  EXPECT_FALSE(HistoryKeeper::isKeeping());
-
-#ifndef Q_OS_WIN
-  std::filesystem::permissions(session.run.folder.path(), std::filesystem::perms(0555));
-  {
-    const Unprivileged user;
-    start->click();
-  }
-  std::filesystem::permissions(session.run.folder.path(), std::filesystem::perms(0755));
-  EXPECT_FALSE(session.window().views().keeper().trouble().isEmpty())
-      << "a home without permission";
-  EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
-  session.form().menuClick("mfile", 0);
-  QApplication::processEvents();
-#else
-  start->click();
-#endif
-  EXPECT_TRUE(HistoryKeeper::isKeeping());
-  const HistoryKeeper& keeper = session.window().views().keeper();
-  ASSERT_NE(keeper.history(), nullptr);
-  const auto days = keeper.history()->days(keeper.store());
-  ASSERT_EQ(days.size(), 1U);
-  EXPECT_EQ(days[0].isoText(), "2026-11-24");
-  session.form().menuClick("mfile", 0);
-  EXPECT_EQ(keeper.history()->days(keeper.store()).size(), 1U) << "a day is kept once";
-
-  // What needs attention is kept too, and shown with its count.
-  session.window().views().showHistory();
-  auto* figure = session.page().findChild<QComboBox*>();
-  figure->setCurrentText(QStringLiteral("Old units"));
-  Q_EMIT figure->activated(figure->currentIndex());
-  const QAbstractItemModel& table = *session.page().findChild<GridView*>()->model();
-  const auto kept =
-      keeper.history()->values(keeper.store(), {FigureSource::kAttention, "units-old"});
-  ASSERT_EQ(kept.size(), 1U);
-  EXPECT_GT(kept[0].count, 0);
-  ASSERT_EQ(table.columnCount(), 4);
-  EXPECT_EQ(table.index(0, 3).data().toString(), QString::number(*kept[0].count));
-  session.end();
-}
-
-TEST(DesktopStartTest, WithoutADisplayItSaysSo) {
-#ifdef Q_OS_WIN
-  GTEST_SKIP() << "there is always a display";
-#endif
-  const Outcome outcome = startProgramWith({"7Q809R21T"}, "xcb");
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_TRUE(outcome.errors.contains("no display")) << outcome.errors.toStdString();
-}
-
-TEST(DesktopStartTest, ASystemThatShutsDownGetsAProperEnd) {
-#ifdef Q_OS_WIN
-  GTEST_SKIP() << "a share's names lead where the network does";
-#endif
-  const TemporaryFolder folder;
-  const std::string store = folder.file("store");
-  writeSampleStore(store, {});
-  QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("QT_QPA_PLATFORM", "offscreen");
-  environment.insert("TEMP", QString::fromStdString(store + "/temp"));
-  environment.insert("DG_SHARE_ROOT", QString::fromStdString(store + "/share"));
-  environment.insert("XDG_CONFIG_HOME", QString::fromStdString(store + "/config"));
-  process.setProcessEnvironment(environment);
-  process.start(DG_DEALERGAUGE, {"7Q809R21T"});
-  const auto log = [&folder] { return folder.read("store/temp/dgoperation.log"); };
-  while (process.state() != QProcess::NotRunning && log().empty())
-    process.waitForFinished(20);
-  process.terminate();
-  ASSERT_TRUE(process.waitForFinished(60'000));
-  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(process.exitCode(), 0);
-  EXPECT_TRUE(log().ends_with("  Program End \r\n")) << log();
-
-  // A log that is gone by then is told to nobody: nobody may be there to close a box.
-  process.start(DG_DEALERGAUGE, {"7Q809R21T"});
-  const std::string before = log();
-  while (process.state() != QProcess::NotRunning && log() == before)
-    process.waitForFinished(20);
-  std::filesystem::rename(store + "/temp", store + "/gone");
-  process.terminate();
-  ASSERT_TRUE(process.waitForFinished(60'000));
-  EXPECT_EQ(process.exitCode(), 0);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "shell/splash.h"
 #include "shell/trap.h"
 #include "tests/support/dgtool_run.h"
+#include "tests/support/memory_file_system.h"
 #include "tools/dgtool/options.h"
 
 namespace dg {

@@ -5,6 +5,7 @@
 #include "engine/state.h"
 #include "tests/support/engine_store.h"
 #include "tests/support/error_number.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/raised.h"
 
 namespace dg::test {

@@ -5,6 +5,7 @@
 
 #include "platform/file.h"
 #include "tests/support/error_number.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"

@@ -11,6 +11,7 @@
 #include "platform/read_ahead.h"
 #include "platform/values/run_time_error.h"
 #include "tests/support/error_number.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/network_folder.h"
 #include "tests/support/scopes.h"
 #include "tests/support/silent_line.h"

@@ -3,10 +3,10 @@
 #include <unistd.h>
 
 #include "platform/environment.h"
-#include "platform/file.h"
 #include "platform/ini_file.h"
 #include "platform/settings.h"
 #include "tests/support/error_number.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
 

@@ -5,10 +5,10 @@
 #include <sys/stat.h>
 
 #include "platform/environment.h"
-#include "platform/file.h"
 #include "platform/text_file.h"
 #include "tests/support/error_number.h"
 #include "tests/support/faulty_file_system.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
 

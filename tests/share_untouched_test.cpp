@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 
 #include "tests/support/full_run.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/sample/sample_store.h"
 

@@ -13,6 +13,7 @@
 #include "shell/recap_sheet.h"
 #include "shell/splash.h"
 #include "shell/write_log.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/program_run.h"
 
 namespace dg {

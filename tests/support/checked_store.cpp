@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "engine/codec.h"
+#include "tests/support/memory_file_system.h"
 #include "tests/support/scopes.h"
 #include "tools/check/store_check.h"
 #include "tools/check/store_reader.h"

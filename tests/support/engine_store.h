@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "engine/business_basic.h"
-#include "platform/file.h"
 #include "platform/message_box.h"
 #include "shell/surroundings.h"
+#include "tests/support/memory_file_system.h"
 
 namespace dg::test {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "engine/catalog_configuration.h"
-#include "platform/file.h"
+#include "tests/support/memory_file_system.h"
 
 namespace dg {
 

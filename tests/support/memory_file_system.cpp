@@ -1,3 +1,5 @@
+#include "tests/support/memory_file_system.h"
+
 #include <algorithm>
 #include <utility>
 
