@@ -17,6 +17,7 @@
 #include "desktop/recap/bar_chart.h"
 #include "desktop/recap/chart_data.h"
 #include "desktop/recap/charts_page.h"
+#include "desktop/window/added_items.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/launch.h"
@@ -220,7 +221,7 @@ TEST_F(DesktopProgramTest, HelpOpensAtThePageOfTheView) {
   EXPECT_EQ(page(), "recap.md");
   session_.clickNode("A2");
   EXPECT_EQ(page(), "open-shop-work.md");
-  session_.window().menus().charts()->trigger();
+  session_.window().menus().item(kChartsPage)->trigger();
   EXPECT_EQ(page(), "charts.md");
   for (const TreeEntry& entry : treeEntries()) {
     if (entry.view.empty()) continue;
@@ -288,8 +289,8 @@ TEST_F(DesktopProgramTest, AnEndFromOutsideClosesWhatIsOpenFirst) {
 
 TEST_F(DesktopProgramTest, ChartsShowWhatIsLoaded) {
   session_.start();
-  session_.window().menus().charts()->trigger();
-  ASSERT_TRUE(session_.window().views().chartsShown());
+  session_.window().menus().item(kChartsPage)->trigger();
+  ASSERT_EQ(session_.window().views().addedOnShow(), kChartsPage);
   auto& page = dynamic_cast<ChartsPage&>(session_.page());
   const auto charts = page.findChildren<BarChart*>();
   ASSERT_EQ(charts.size(), 3);
@@ -350,9 +351,11 @@ TEST(DesktopKeysTest, AltKeysAreUniqueInEachWindow) {
     EXPECT_EQ(sharedKeys(session.page(), menus), "") << node.key;
   }
   ViewStack& views = session.window().views();
-  for (const auto show : {&ViewStack::showCharts, &ViewStack::showToday, &ViewStack::showHistory}) {
-    (views.*show)();
-    EXPECT_EQ(sharedKeys(session.page(), menus), "") << session.page().objectName().toStdString();
+  for (const AddedItem& item : addedItems()) {
+    if (item.makePage == nullptr) continue;
+    views.open(item);
+    EXPECT_EQ(views.addedOnShow(), item.name);
+    EXPECT_EQ(sharedKeys(session.page(), menus), "") << item.name;
   }
   session.end();
 }

@@ -30,12 +30,14 @@ DesktopSession::~DesktopSession() {
 void DesktopSession::start(const std::vector<std::string>& missing) {
   const std::string store = run.folder.file("store");
   writeSampleStore(store, {});
+  std::vector<std::filesystem::path> doomed;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(store)) {
     const std::string name = entry.path().filename().string();
-    if (std::find(missing.begin(), missing.end(), name) != missing.end()) {
-      std::filesystem::remove(entry.path());
-    }
+    if (std::find(missing.begin(), missing.end(), name) != missing.end())
+      doomed.push_back(entry.path());
   }
+  for (const auto& path : doomed)
+    std::filesystem::remove_all(path);
   run.openOnDisk(store);
   environment().settingsFile = run.folder.file("DealerGauge.ini");
   setPresenter(&presenter);

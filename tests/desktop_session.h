@@ -25,7 +25,7 @@ class DesktopSession {
   /// The operation log's bytes.
   std::string log() const { return run.folder.read("store/temp/dgoperation.log"); }
 
-  /// Starts the program; `missing` files of the store are left out, by name.
+  /// Starts the program; `missing` files and folders of the store are left out, by name.
   void start(const std::vector<std::string>& missing = {});
   /// Ends it as closing the main window does.
   void end();

@@ -78,7 +78,7 @@ TEST(DesktopStoresTest, TheMorningReportIsOfWhatIsOnShowAndStandsBehindTheOtherP
   for (const QAction* action : items.last(5))
     last += action->text();
   EXPECT_EQ(last.join(u'/'), "Charts/Today/History/Morning Report.../Stores");
-  EXPECT_TRUE(withDialog([&] { session.window().menus().morningReport()->trigger(); },
+  EXPECT_TRUE(withDialog([&] { session.window().menus().item("morningReport")->trigger(); },
                          [](QDialog& dialog) { dialog.reject(); }));
   const TodaysWork work;
   const HistoryKeeper keeper(session.form(), work);

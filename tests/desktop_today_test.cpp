@@ -19,7 +19,7 @@ namespace {
 class DesktopTodayTest : public testing::Test {
  protected:
   TodayPage& openPage() {
-    session_.window().menus().today()->trigger();
+    session_.window().menus().item(kTodayPage)->trigger();
     return *session_.window().views().findChild<TodayPage*>();
   }
   static QString cardText(const TodayPage& page, const char* kind) {
@@ -38,7 +38,7 @@ TEST_F(DesktopTodayTest, TheRecapsLineLeadsToCardsTheirRowsAndADocument) {
   session_.start();
   EXPECT_TRUE(recapLine().startsWith("Today: ")) << recapLine().toStdString();
   session_.page().findChild<QToolButton*>("todayLine")->click();
-  ASSERT_TRUE(session_.window().views().todayShown());
+  ASSERT_EQ(session_.window().views().addedOnShow(), kTodayPage);
   TodayPage& page = *session_.window().views().findChild<TodayPage*>();
   // Each family's document opens from its own kind.
   for (const AttentionKind kind :

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
@@ -16,6 +17,7 @@
 #include "desktop/window/start_problem_page.h"
 #include "desktop/window/view_stack.h"
 #include "platform/read_ahead.h"
+#include "shell/view_log.h"
 #include "shell/write_log.h"
 #include "tests/desktop_session.h"
 #include "tests/support/silent_line.h"
@@ -36,6 +38,7 @@ QString shownNotice(const QWidget& window) {
 
 TEST(DesktopTroubleTest, AStartWithoutAStoreSaysWhatIsMissingAndOffersWhatCanBeDone) {
   const std::pair<const char*, const char*> cases[] = {{"cQTCatalog.ini", "settings file"},
+                                                       {"SRV1", "share cannot be reached"},
                                                        {"ttymap", "table of terminals"}};
   for (const auto& [missing, told] : cases) {
     DesktopSession session;
@@ -50,6 +53,9 @@ TEST(DesktopTroubleTest, AStartWithoutAStoreSaysWhatIsMissingAndOffersWhatCanBeD
       EXPECT_FALSE(session.window().menus().item("mview", item)->isEnabled());
     EXPECT_FALSE(session.window().menus().item("mfile", 0)->isEnabled());
     EXPECT_TRUE(session.window().menus().item("mopt", 0)->isEnabled());
+    QSignalSpy again(&session.window(), &MainWindow::startAgain);
+    page->findChild<QPushButton*>()->click();
+    EXPECT_EQ(again.count(), 1) << "Try Again";
     session.end();
   }
 }
@@ -94,15 +100,20 @@ TEST(DesktopNoticeTest, ALogWithoutPermissionOrRoomIsToldAtOnce) {
   DesktopSession session;
   session.start();
   ASSERT_EQ(shownNotice(session.window()), "");
-  const std::string log = session.run.folder.file("store/temp/dgoperation.log");
-  std::filesystem::permissions(log, std::filesystem::perms(0400));
+  const std::string folder = session.run.folder.file("store/temp");
+  std::filesystem::remove(folder + "/dgoperation.log");
+  std::filesystem::permissions(folder, std::filesystem::perms(0555));
   {
     const Unprivileged user;
     logLine("lost");
   }
   EXPECT_TRUE(shownNotice(session.window()).contains("cannot be written: Permission denied"));
-  std::filesystem::permissions(log, std::filesystem::perms(0600));
+  frmViewLog viewer;
+  viewer.Form_Load();
+  EXPECT_EQ(viewer.lblEmpty.caption(), "The log cannot be written: Permission denied.");
+  std::filesystem::permissions(folder, std::filesystem::perms(0755));
   logLine("kept");
+  EXPECT_EQ(shownNotice(session.window()), "");
   const std::string file = std::exchange(gsLogFile, "/dev/full");
   logLine("lost");
   EXPECT_TRUE(shownNotice(session.window()).contains("/dev/full cannot be written: Disk full"));
@@ -115,7 +126,7 @@ TEST(DesktopNoticeTest, ALogWithoutPermissionOrRoomIsToldAtOnce) {
 TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
   DesktopSession session;
   session.start();
-  session.window().views().showHistory();
+  session.window().views().open("history");
   auto* start = session.page().findChild<QPushButton*>();
   ASSERT_NE(start, nullptr);
   EXPECT_FALSE(std::filesystem::exists(session.run.folder.file("data")));
@@ -146,7 +157,7 @@ TEST(DesktopHistoryTest, KeepsNothingUntilItIsAsked) {
   EXPECT_EQ(keeper.history()->days(keeper.store()).size(), 1U) << "a day is kept once";
 
   // What needs attention is kept too, and shown with its count.
-  session.window().views().showHistory();
+  session.window().views().open("history");
   auto* figure = session.page().findChild<QComboBox*>();
   figure->setCurrentText(QStringLiteral("Old units"));
   Q_EMIT figure->activated(figure->currentIndex());

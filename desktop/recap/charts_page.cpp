@@ -14,7 +14,6 @@
 #include "desktop/print/print_document.h"
 #include "desktop/recap/bar_chart.h"
 #include "desktop/window/text.h"
-#include "desktop/window/theme.h"
 #include "shell/recap_sheet.h"
 
 namespace dg {
@@ -25,24 +24,15 @@ constexpr double kPictureScale = 2;
 constexpr int kGap = 16;
 constexpr int kMargin = 20;
 
-QToolButton* button(const QString& text, QWidget* parent) {
-  auto* made = new QToolButton(parent);
-  made->setText(text);
-  made->setFocusPolicy(Qt::StrongFocus);
-  return made;
-}
-
 }  // namespace
 
 ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
-    : QWidget(parent),
+    : AddedPage(tr("Charts"), parent),
       main_(main),
       periods_(new QButtonGroup(this)),
       assets_(new BarChart),
       inventory_(new BarChart),
       sales_(new BarChart) {
-  setObjectName(QStringLiteral("charts"));
-  setAccessibleName(tr("Charts"));
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins({});
   auto* scroll = new QScrollArea(this);
@@ -66,7 +56,6 @@ ChartsPage::ChartsPage(const frmTRVN& main, QWidget* parent)
   for (BarChart* chart : {assets_, inventory_, sales_}) {
     connect(chart, &BarChart::saveRequested, this, [this, chart] { askAndSave(chart); });
   }
-  reload();
 }
 
 void ChartsPage::arrange() {
@@ -91,14 +80,9 @@ QWidget* ChartsPage::buildHead() {
   auto* head = new QWidget(this);
   auto* layout = new QHBoxLayout(head);
   layout->setContentsMargins({});
-  auto* title = new QLabel(tr("Charts"), head);
-  title->setTextFormat(Qt::PlainText);
-  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
-  layout->addWidget(title, 1);
-  QToolButton* recap = button(tr("&Recap"), head);
-  connect(recap, &QToolButton::clicked, this, &ChartsPage::recapRequested);
-  layout->addWidget(recap);
-  QToolButton* save = button(tr("&Save as Picture..."), head);
+  layout->addWidget(titleLabel(head), 1);
+  layout->addWidget(recapButton(head));
+  QToolButton* save = headButton(tr("&Save as Picture..."), head);
   connect(save, &QToolButton::clicked, this, [this] { askAndSave(nullptr); });
   layout->addWidget(save);
   return head;
@@ -115,7 +99,7 @@ QWidget* ChartsPage::buildPeriods() {
       {ChartPeriod::kLastYear, tr("&Last Year")},
   }};
   for (const auto& [period, text] : choices) {
-    QToolButton* choice = button(text, row);
+    QToolButton* choice = headButton(text, row);
     choice->setCheckable(true);
     choice->setChecked(period == period_);
     periods_->addButton(choice, static_cast<int>(period));
@@ -126,7 +110,7 @@ QWidget* ChartsPage::buildPeriods() {
   return row;
 }
 
-void ChartsPage::reload() {
+void ChartsPage::opened() {
   assets_->setData(assetChart(main_));
   inventory_->setData(inventoryChart(main_));
   sales_->setData(salesChart(main_, period_));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <array>
 
+#include "desktop/recap/added_page.h"
 #include "desktop/recap/chart_data.h"
 
 class QButtonGroup;
@@ -15,21 +15,18 @@ class BarChart;
 
 /// The recap's figures as charts: assets by kind, parts inventory by line, sales and profit by
 /// line for a period that the user picks.
-class ChartsPage : public QWidget {
+class ChartsPage : public AddedPage {
   Q_OBJECT
 
  public:
   explicit ChartsPage(const frmTRVN& main, QWidget* parent = nullptr);
 
   /// Draws the charts anew from what is loaded.
-  void reload();
+  void opened() override;
   void setPeriod(ChartPeriod period);
 
   /// Saves all charts as they stand as a PNG file; returns whether it could be written.
   bool savePicture(const QString& file) const;
-
- Q_SIGNALS:
-  void recapRequested();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -42,13 +42,6 @@ constexpr Range kRanges[] = {
 };
 constexpr int kFirstRange = 31;
 
-QToolButton* button(const QString& text, QWidget* parent) {
-  auto* made = new QToolButton(parent);
-  made->setText(text);
-  made->setFocusPolicy(Qt::StrongFocus);
-  return made;
-}
-
 LineSeries lineOf(const FigureHistory& figure) {
   LineSeries line{QString::fromStdString(captionOf(figure.figure)), figure.kind(), {}};
   for (const KeptValue& value : figure.values)
@@ -59,7 +52,7 @@ LineSeries lineOf(const FigureHistory& figure) {
 }  // namespace
 
 HistoryPage::HistoryPage(HistoryKeeper& keeper, QWidget* parent)
-    : QWidget(parent),
+    : AddedPage(tr("History"), parent),
       keeper_(keeper),
       stack_(new QStackedLayout(this)),
       trouble_(new QLabel),
@@ -68,13 +61,10 @@ HistoryPage::HistoryPage(HistoryKeeper& keeper, QWidget* parent)
       ranges_(new QButtonGroup(this)),
       chart_(new LineChart),
       range_(kFirstRange) {
-  setObjectName(QStringLiteral("history"));
-  setAccessibleName(tr("History"));
   stack_->addWidget(buildOffer());
   stack_->addWidget(buildLines());
-  connect(&keeper_, &HistoryKeeper::changed, this, &HistoryPage::reload);
+  connect(&keeper_, &HistoryKeeper::changed, this, &HistoryPage::opened);
   connect(chart_, &LineChart::saveRequested, this, &HistoryPage::askAndSave);
-  reload();
 }
 
 QWidget* HistoryPage::buildOffer() {
@@ -82,9 +72,7 @@ QWidget* HistoryPage::buildOffer() {
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(20, 16, 20, 20);
   layout->setSpacing(14);
-  auto* title = new QLabel(tr("History"), page);
-  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
-  layout->addWidget(title);
+  layout->addWidget(titleLabel(page));
   auto* text = new QLabel(
       tr("From now on the recap's figures can be kept day by day, so that you see what has moved "
          "since yesterday and over the year. They stay on this computer, in %1; nothing is "
@@ -108,9 +96,7 @@ QWidget* HistoryPage::buildLines() {
   layout->setContentsMargins(20, 16, 20, 20);
   layout->setSpacing(12);
   auto* head = new QHBoxLayout;
-  auto* title = new QLabel(tr("History"), page);
-  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
-  head->addWidget(title, 1);
+  head->addWidget(titleLabel(page), 1);
   auto* keep = new QCheckBox(tr("&Keep a day at each load"), page);
   keep->setObjectName(QStringLiteral("keepHistory"));
   connect(keep, &QCheckBox::clicked, &keeper_,
@@ -119,13 +105,11 @@ QWidget* HistoryPage::buildLines() {
           [keep] { keep->setChecked(HistoryKeeper::isKeeping()); });
   keep->setChecked(HistoryKeeper::isKeeping());
   head->addWidget(keep);
-  QToolButton* recap = button(tr("&Recap"), page);
-  connect(recap, &QToolButton::clicked, this, &HistoryPage::recapRequested);
-  head->addWidget(recap);
-  QToolButton* save = button(tr("&Save as Picture..."), page);
+  head->addWidget(recapButton(page));
+  QToolButton* save = headButton(tr("&Save as Picture..."), page);
   connect(save, &QToolButton::clicked, this, &HistoryPage::askAndSave);
   head->addWidget(save);
-  QToolButton* forget = button(tr("&Delete..."), page);
+  QToolButton* forget = headButton(tr("&Delete..."), page);
   connect(forget, &QToolButton::clicked, this, &HistoryPage::askAndForget);
   head->addWidget(forget);
   layout->addLayout(head);
@@ -150,7 +134,7 @@ QWidget* HistoryPage::buildTools() {
   layout->addWidget(second_);
   layout->addStretch(1);
   for (const Range& range : kRanges) {
-    QToolButton* choice = button(tr(range.name), row);
+    QToolButton* choice = headButton(tr(range.name), row);
     choice->setCheckable(true);
     choice->setChecked(range.days == range_);
     ranges_->addButton(choice, range.days);
@@ -168,7 +152,7 @@ void HistoryPage::setRange(int days) {
   showRange();
 }
 
-void HistoryPage::reload() {
+void HistoryPage::opened() {
   const bool anything =
       keeper_.history() != nullptr || HistoryKeeper::isKeeping() || !keeper_.trouble().isEmpty();
   stack_->setCurrentIndex(anything ? 1 : 0);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <memory>
 
+#include "desktop/recap/added_page.h"
 #include "desktop/recap/history_keeper.h"
 #include "forms/form.h"
 #include "history/figure_history.h"
@@ -20,19 +20,16 @@ class LineChart;
 
 /// The figures of past days: a line of one or two of them over a range, and a table of its days.
 /// Before anything is kept, what would be, and the button that starts it.
-class HistoryPage : public QWidget {
+class HistoryPage : public AddedPage {
   Q_OBJECT
 
  public:
   explicit HistoryPage(HistoryKeeper& keeper, QWidget* parent = nullptr);
 
   /// Draws anew from what is kept.
-  void reload();
+  void opened() override;
   /// How many days back the line goes; 0 for all.
   void setRange(int days);
-
- Q_SIGNALS:
-  void recapRequested();
 
  private:
   QWidget* buildOffer();

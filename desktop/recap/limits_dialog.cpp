@@ -6,6 +6,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "desktop/recap/added_page.h"
+#include "desktop/window/help_window.h"
 #include "desktop/window/text.h"
 
 namespace dg {
@@ -33,6 +35,7 @@ LimitsDialog::LimitsDialog(const AttentionLimits& limits, QWidget* parent) : QDi
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addWidget(buttons);
   setLimits(limits);
+  addHelpKey(*this, kTodayPage);
 }
 
 void LimitsDialog::setLimits(const AttentionLimits& limits) {

@@ -10,6 +10,7 @@
 #include "desktop/grid/export_files.h"
 #include "desktop/recap/history_keeper.h"
 #include "desktop/recap/todays_work.h"
+#include "desktop/window/help_window.h"
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/text.h"
 #include "export/brief.h"
@@ -78,6 +79,7 @@ void offerMorningReport(QWidget* parent, const frmTRVN& main, const TodaysWork& 
       box.addButton(QMessageBox::tr("&Show in Browser"), QMessageBox::AcceptRole);
   const QPushButton* save = box.addButton(QMessageBox::tr("S&ave..."), QMessageBox::ActionRole);
   box.addButton(QMessageBox::Cancel);
+  addHelpKey(box, box.objectName().toStdString());
   box.exec();
   if (box.clickedButton() == browser) {
     showInBrowser(parent, morningReport(main, work, keeper));

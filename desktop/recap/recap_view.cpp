@@ -10,6 +10,7 @@
 
 #include "desktop/grid/export_files.h"
 #include "desktop/print/printing.h"
+#include "desktop/recap/added_page.h"
 #include "desktop/recap/card.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_button.h"
@@ -118,14 +119,14 @@ QWidget* RecapView::buildHead() {
   QPalette colors = today_->palette();
   colors.setColor(QPalette::ButtonText, accentColor(palette()));
   today_->setPalette(colors);
-  connect(today_, &QToolButton::clicked, this, &RecapView::todayRequested);
+  connect(today_, &QToolButton::clicked, this, [this] { Q_EMIT pageRequested(kTodayPage); });
   layout->addWidget(today_, 2, 0, Qt::AlignLeft);
 
   auto* charts = new QToolButton(head);
   charts->setText(tr("&Charts"));
   charts->setToolButtonStyle(Qt::ToolButtonTextOnly);
   charts->setFocusPolicy(Qt::StrongFocus);
-  connect(charts, &QToolButton::clicked, this, &RecapView::chartsRequested);
+  connect(charts, &QToolButton::clicked, this, [this] { Q_EMIT pageRequested(kChartsPage); });
   layout->addWidget(charts, 0, 1, 2, 1);
   auto* files = new QMenu(tr("&Export"), head);
   files->addAction(tr("Excel &Workbook (XLSX)..."), this,

@@ -43,10 +43,8 @@ class RecapView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  Q_SIGNALS:
-  /// The user wants to see the figures as charts.
-  void chartsRequested();
-  /// The user wants to see what needs attention.
-  void todayRequested();
+  /// The user wants to see an added page: the charts, or what needs attention.
+  void pageRequested(std::string_view page);
   /// The user wants to see what is behind a figure: the view of this name.
   void viewRequested(const QString& view);
 

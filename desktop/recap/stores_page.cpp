@@ -17,7 +17,6 @@
 
 #include "desktop/grid/grid_panel.h"
 #include "desktop/window/text.h"
-#include "desktop/window/theme.h"
 #include "history/figure_history.h"
 #include "platform/environment.h"
 #include "shell/main.h"
@@ -29,13 +28,6 @@ namespace {
 
 constexpr int kFirstFigure = 2;  // behind directory and name
 constexpr int kDone = 1;         // the highest exit status that comes with an answer
-
-QToolButton* button(const QString& text, QWidget* parent) {
-  auto* made = new QToolButton(parent);
-  made->setText(text);
-  made->setFocusPolicy(Qt::StrongFocus);
-  return made;
-}
 
 /// What dgtool is told, so that it sees the files that this program sees.
 QStringList arguments() {
@@ -68,12 +60,10 @@ std::vector<ColumnSpec> columns() {
 }  // namespace
 
 StoresPage::StoresPage(QString tool, QWidget* parent)
-    : QWidget(parent),
+    : AddedPage(tr("Stores"), parent),
       tool_(std::move(tool)),
       note_(new QLabel(this)),
       progress_(new QProgressBar(this)) {
-  setObjectName(QStringLiteral("stores"));
-  setAccessibleName(tr("Stores"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(20, 16, 20, 20);
   layout->setSpacing(12);
@@ -98,19 +88,15 @@ QWidget* StoresPage::buildHead() {
   auto* head = new QWidget(this);
   auto* layout = new QHBoxLayout(head);
   layout->setContentsMargins({});
-  auto* title = new QLabel(tr("Stores"), head);
-  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
-  layout->addWidget(title, 1);
-  reload_ = button(tr("R&ead Again"), head);
+  layout->addWidget(titleLabel(head), 1);
+  reload_ = headButton(tr("R&ead Again"), head);
   connect(reload_, &QToolButton::clicked, this, &StoresPage::load);
   layout->addWidget(reload_);
-  cancel_ = button(tr("&Cancel"), head);
+  cancel_ = headButton(tr("&Cancel"), head);
   cancel_->hide();
   connect(cancel_, &QToolButton::clicked, this, &StoresPage::cancel);
   layout->addWidget(cancel_);
-  QToolButton* recap = button(tr("&Recap"), head);
-  connect(recap, &QToolButton::clicked, this, &StoresPage::recapRequested);
-  layout->addWidget(recap);
+  layout->addWidget(recapButton(head));
   return head;
 }
 
@@ -125,6 +111,10 @@ QString StoresPage::findTool() {
     if (QFileInfo(file).isExecutable()) return QFileInfo(file).canonicalFilePath();
   }
   return QStandardPaths::findExecutable(name);
+}
+
+void StoresPage::opened() {
+  if (table_ == nullptr) load();
 }
 
 void StoresPage::load() {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <memory>
 
+#include "desktop/recap/added_page.h"
 #include "forms/form.h"
 
 class QJsonObject;
@@ -18,7 +18,7 @@ class GridPanel;
 
 /// The stores of the server side by side, a row each, and their totals. A dgtool of its own reads
 /// them while this window stays alive; the user can end it.
-class StoresPage : public QWidget {
+class StoresPage : public AddedPage {
   Q_OBJECT
 
  public:
@@ -29,6 +29,8 @@ class StoresPage : public QWidget {
   /// Where dgtool is: beside this program, in the build's folder for tools, or in the path.
   static QString findTool();
 
+  /// Reads the stores unless that has been done.
+  void opened() override;
   /// Reads all stores anew; nothing while that goes on.
   void load();
   void cancel();
@@ -37,9 +39,6 @@ class StoresPage : public QWidget {
   GridPanel* table() const { return table_; }
 
  Q_SIGNALS:
-  void recapRequested();
-  /// A click on a store that is not the one on show.
-  void storeRequested(const QString& directory);
   void loadEnded();
 
  private:

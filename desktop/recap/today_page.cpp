@@ -43,13 +43,6 @@ QLabel* label(const QString& text, QWidget* parent, bool muted = false) {
   return made;
 }
 
-QToolButton* button(const QString& text, QWidget* parent) {
-  auto* made = new QToolButton(parent);
-  made->setText(text);
-  made->setFocusPolicy(Qt::StrongFocus);
-  return made;
-}
-
 QString money(Currency amount) {
   return fromBytes(Format(amount, "$###,###,##0.00"));
 }
@@ -84,13 +77,11 @@ std::optional<int> shareOf(const KindResult& result, const TodaysWork& work) {
 }  // namespace
 
 TodayPage::TodayPage(const frmTRVN& main, TodaysWork& work, QWidget* parent)
-    : QWidget(parent),
+    : AddedPage(tr("Today"), parent),
       main_(main),
       work_(work),
       pages_(new QStackedWidget(this)),
       scroll_(new QScrollArea(this)) {
-  setObjectName(QStringLiteral("today"));
-  setAccessibleName(tr("Today"));
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins({});
   outer->addWidget(pages_);
@@ -98,7 +89,6 @@ TodayPage::TodayPage(const frmTRVN& main, TodaysWork& work, QWidget* parent)
   scroll_->setWidgetResizable(true);
   scroll_->setFocusPolicy(Qt::NoFocus);
   pages_->addWidget(scroll_);
-  reload();
 }
 
 TodayPage::~TodayPage() {
@@ -106,7 +96,7 @@ TodayPage::~TodayPage() {
   delete pages_;
 }
 
-void TodayPage::reload() {
+void TodayPage::opened() {
   showCards();
   delete std::exchange(rowsPage_, nullptr);
   rows_.reset();
@@ -157,15 +147,11 @@ QWidget* TodayPage::buildHead() {
   auto* head = new QWidget(this);
   auto* layout = new QGridLayout(head);
   layout->setContentsMargins({});
-  auto* title = label(tr("Today"), head);
-  title->setFont(scaledFont(font(), 1.5, QFont::DemiBold));
-  layout->addWidget(title, 0, 0);
+  layout->addWidget(titleLabel(head), 0, 0);
   layout->addWidget(label(fromBytes(work_.summary()), head, true), 1, 0);
   layout->setColumnStretch(0, 1);
-  QToolButton* recap = button(tr("&Recap"), head);
-  connect(recap, &QToolButton::clicked, this, &TodayPage::recapRequested);
-  layout->addWidget(recap, 0, 1, 2, 1);
-  QToolButton* limits = button(tr("&Limits..."), head);
+  layout->addWidget(recapButton(head), 0, 1, 2, 1);
+  QToolButton* limits = headButton(tr("&Limits..."), head);
   connect(limits, &QToolButton::clicked, this, &TodayPage::editLimits, Qt::QueuedConnection);
   layout->addWidget(limits, 0, 2, 2, 1);
   return head;
@@ -188,7 +174,7 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
                      2, 0, 1, 2);
     return card;
   }
-  QToolButton* show = button(result ? tr("&Show") : tr("&Read and Show"), card);
+  QToolButton* show = headButton(result ? tr("&Show") : tr("&Read and Show"), card);
   show->setObjectName(QStringLiteral("show"));
   show->setAccessibleName(tr("Show %1").arg(fromBytes(entry.caption)));
   // Queued: the cards, and this button, may be made anew.
@@ -237,7 +223,7 @@ QWidget* TodayPage::buildFailure(const QString& text, QWidget* parent) {
   colors.setColor(QPalette::WindowText, errorColor(palette()));
   error->setPalette(colors);
   layout->addWidget(error, 1);
-  QToolButton* log = button(tr("View &Log"), line);
+  QToolButton* log = headButton(tr("View &Log"), line);
   connect(log, &QToolButton::clicked, this, &TodayPage::logRequested);
   layout->addWidget(log);
   return line;
@@ -290,7 +276,7 @@ bool TodayPage::read(AttentionKind kind) {
 void TodayPage::open(AttentionKind kind) {
   if (main_.loading() || !read(kind)) return;
   const bool wasUnread = entryOf(kind).file != WholeFile::kNone;
-  if (wasUnread) reload();
+  if (wasUnread) opened();
   const auto result = work_.result(kind);
   if (!result || !result->error.empty() || result->rows.empty()) return;
   delete std::exchange(rowsPage_, nullptr);
@@ -298,7 +284,7 @@ void TodayPage::open(AttentionKind kind) {
   rowsPage_ = new QWidget(pages_);
   auto* layout = new QVBoxLayout(rowsPage_);
   layout->setContentsMargins(kMargin, 16, kMargin, kMargin);
-  QToolButton* back = button(tr("&Back to Today"), rowsPage_);
+  QToolButton* back = headButton(tr("&Back to Today"), rowsPage_);
   back->setObjectName(QStringLiteral("back"));
   connect(back, &QToolButton::clicked, this, &TodayPage::showCards);
   layout->addWidget(back);
@@ -320,7 +306,7 @@ void TodayPage::editLimits() {
   LimitsDialog dialog(work_.limits(), this);
   if (dialog.exec() != QDialog::Accepted) return;
   dispatchEvent([&] { work_.setLimits(dialog.limits()); });
-  reload();
+  opened();
 }
 
 }  // namespace dg

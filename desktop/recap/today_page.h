@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <memory>
 
+#include "desktop/recap/added_page.h"
 #include "desktop/recap/todays_work.h"
 #include "forms/form.h"
 
@@ -17,7 +17,7 @@ class frmTRVN;
 
 /// What needs attention today: a card a kind, the largest amount first, and the age of what is
 /// open. A card opens its rows as a table in the page's place.
-class TodayPage : public QWidget {
+class TodayPage : public AddedPage {
   Q_OBJECT
 
  public:
@@ -25,14 +25,10 @@ class TodayPage : public QWidget {
   ~TodayPage() override;
 
   /// Builds the cards anew from what is there.
-  void reload();
+  void opened() override;
   /// Shows a kind's rows; of a whole file it is read first, with progress and Cancel.
   void open(AttentionKind kind);
   void editLimits();
-
- Q_SIGNALS:
-  void recapRequested();
-  void logRequested();
 
  private:
   QWidget* buildHead();

@@ -78,14 +78,7 @@ FormDialog::FormDialog(Form& form, QWidget* parent)
   keepKeysUnique(*this);
   adapt();
   addGridShortcuts(*this);
-  auto* helpKey = new QShortcut(QKeySequence::HelpContents, this);
-  connect(helpKey, &QShortcut::activated, this, &FormDialog::showHelp);
-}
-
-void FormDialog::showHelp() {
-  auto* help = findChild<HelpWindow*>();
-  if (help == nullptr) help = new HelpWindow(this);
-  help->showPage(form_.name());
+  addHelpKey(*this, form_.name());
 }
 
 QLayout* FormDialog::buildBody() {

@@ -26,7 +26,6 @@ class FormDialog : public QDialog {
  private:
   QLayout* buildBody();
   void addCloseButton();
-  void showHelp();
   void adapt();
 
   Form& form_;

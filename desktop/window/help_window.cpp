@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -115,6 +116,15 @@ QString helpPageOf(std::string_view view) {
     if (!page.about.empty() && page.about == view) return QString::fromLatin1(page.file);
   }
   return QString::fromLatin1(kPages[0].file);
+}
+
+void addHelpKey(QWidget& window, std::string_view view) {
+  auto* key = new QShortcut(QKeySequence::HelpContents, &window);
+  QObject::connect(key, &QShortcut::activated, &window, [&window, name = std::string(view)] {
+    auto* help = window.findChild<HelpWindow*>();
+    if (help == nullptr) help = new HelpWindow(&window);
+    help->showPage(name);
+  });
 }
 
 HelpWindow::HelpWindow(QWidget* parent)

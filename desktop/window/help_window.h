@@ -17,7 +17,7 @@ class HelpWindow : public QWidget {
   /// With a parent the window stands above it and can be used while that one is modal.
   explicit HelpWindow(QWidget* parent = nullptr);
 
-  /// Shows the page of a view, by form name, or "charts"; the contents page for any other name.
+  /// Shows the page of a view, by form name, or of an added item; the contents for any other name.
   void showPage(std::string_view view);
   QTextBrowser& browser() const { return *browser_; }
 
@@ -33,6 +33,9 @@ class HelpWindow : public QWidget {
   QTextBrowser* browser_;
   bool marking_ = false;
 };
+
+/// Lets F1 in a window open the guide at a page, above the window.
+void addHelpKey(QWidget& window, std::string_view view);
 
 /// The guide's page about a view.
 QString helpPageOf(std::string_view view);

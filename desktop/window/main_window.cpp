@@ -20,6 +20,7 @@
 #include "desktop/recap/history_keeper.h"
 #include "desktop/recap/recap_view.h"
 #include "desktop/recap/stores_page.h"
+#include "desktop/window/added_items.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_bar.h"
@@ -161,23 +162,15 @@ void MainWindow::connectForm() {
 
   connect(menus_->tableMenu(), &QMenu::aboutToShow, this, &MainWindow::fillTableMenu);
   connect(menus_, &MenuBar::picked, this, &MainWindow::pick);
-  connect(menus_->charts(), &QAction::triggered, this, &MainWindow::showCharts);
-  connect(menus_->today(), &QAction::triggered, this, &MainWindow::showToday);
-  connect(menus_->history(), &QAction::triggered, this, [this] {
-    if (!form_.loading()) views_->showHistory();
-  });
-  connect(menus_->morningReport(), &QAction::triggered, this, [this] {
-    if (!form_.loading()) views_->offerMorningReport();
-  });
-  connect(menus_->stores(), &QAction::triggered, this, [this] {
-    if (!form_.loading()) views_->showStores();
+  connect(menus_, &MenuBar::addedPicked, this, [this](const AddedItem& item) {
+    if (!form_.loading()) views_->open(item);
   });
   connect(views_, &ViewStack::storeRequested, this, [this](const QString& directory) {
     if (!openStoreWindow(directory))
       showWarning(this, tr("Stores"), tr("A second window cannot be opened."));
   });
-  // No node stands for the charts; the last one is marked again with the next click.
-  connect(views_, &ViewStack::chartsOpened, tree_, &TreePanel::unmark);
+  // No node stands for an added page; the last one is marked again with the next click.
+  connect(views_, &ViewStack::addedOpened, tree_, &TreePanel::unmark);
   connect(views_, &ViewStack::recapRequested, this, [this] { form_.tv1.click("R"); });
   connect(views_, &ViewStack::logRequested, this, [this] { form_.menuClick("mopt", 0); });
   connect(views_, &ViewStack::viewRequested, this, &MainWindow::goTo);
@@ -251,14 +244,6 @@ void MainWindow::goTo(const QString& view) {
   }
 }
 
-void MainWindow::showToday() {
-  if (!form_.loading()) views_->showToday();
-}
-
-void MainWindow::showCharts() {
-  if (!form_.loading()) views_->showCharts();
-}
-
 /// The table menu offers what the table in focus offers; its own keys stand beside the items.
 void MainWindow::fillTableMenu() {
   QMenu& menu = *menus_->tableMenu();
@@ -287,19 +272,14 @@ void MainWindow::print() {
 void MainWindow::showHelp() {
   if (showPlatformHelp(*this)) return;
   if (help_ == nullptr) help_ = new HelpWindow;
-  const View* view = form_.CurrentView();
-  if (views_->todayShown()) return help_->showPage("today");
-  if (views_->storesShown()) return help_->showPage("stores");
-  if (form_.CurrentView() == nullptr) {
+  const std::string_view added = views_->addedOnShow();
+  if (!added.empty()) {
+    help_->showPage(added);
+  } else if (const View* view = form_.CurrentView()) {
+    help_->showPage(view->name());
+  } else {
     help_->showPage("frmViewLog");  // nothing was loaded: what can be done then stands there
-    return;
   }
-  if (views_->historyShown()) {
-    help_->showPage("history");
-    return;
-  }
-  help_->showPage(views_->chartsShown() || view == nullptr ? std::string_view("charts")
-                                                           : std::string_view(view->name()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

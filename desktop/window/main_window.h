@@ -47,8 +47,6 @@ class MainWindow : public QMainWindow {
   QWidget* buildBand();
   void connectForm();
   void pick(const QString& menu, int index);
-  void showCharts();
-  void showToday();
   void goTo(const QString& view);
   void fillTableMenu();
   void showHelp();

@@ -2,6 +2,7 @@
 
 #include <QMenu>
 
+#include "desktop/window/added_items.h"
 #include "desktop/window/text.h"
 #include "shell/main_window.h"
 
@@ -28,14 +29,6 @@ constexpr Accelerator kAccelerators[] = {
     {"mhelp", 0, Qt::Key_F1},
 };
 
-/// An item that the shell's tables do not have.
-QAction* addOwn(QMenu& menu, const QString& text, const char* name) {
-  QAction* action = menu.addAction(text);
-  action->setObjectName(QString::fromLatin1(name));
-  action->setMenuRole(QAction::NoRole);
-  return action;
-}
-
 }  // namespace
 
 MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
@@ -43,13 +36,7 @@ MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
     QMenu* menu = addMenu(fromBytes(head.caption));
     menu->setObjectName(QString::fromUtf8(head.name.data(), static_cast<int>(head.name.size())));
     fill(*menu, head.items);
-    if (head.items == "mview") {
-      charts_ = addOwn(*menu, tr("Charts"), "charts");
-      today_ = addOwn(*menu, tr("Today"), "today");
-      history_ = addOwn(*menu, tr("History"), "history");
-      morningReport_ = addOwn(*menu, tr("Morning Report..."), "morningReport");
-      stores_ = addOwn(*menu, tr("Stores"), "stores");
-    }
+    if (head.items == "mview") fillAdded(*menu);
     if (head.items == "mopt") {
       table_ = addMenu(tr(kTable));
       table_->setObjectName(QStringLiteral("table"));
@@ -90,6 +77,15 @@ void MenuBar::fill(QMenu& target, std::string_view items) {
   }
 }
 
+void MenuBar::fillAdded(QMenu& target) {
+  for (const AddedItem& item : addedItems()) {
+    QAction* action = target.addAction(item.text());
+    action->setObjectName(QString::fromLatin1(item.name));
+    action->setMenuRole(QAction::NoRole);
+    connect(action, &QAction::triggered, this, [this, &item] { Q_EMIT addedPicked(item); });
+  }
+}
+
 void MenuBar::setStoreThere(bool there) {
   item("mfile", 0)->setEnabled(there);
   for (QAction* action : findChild<QMenu*>(QStringLiteral("mnuView"))->actions())
@@ -98,6 +94,10 @@ void MenuBar::setStoreThere(bool there) {
 
 QAction* MenuBar::item(std::string_view menu, int index) const {
   return findChild<QAction*>(actionName(menu, index));
+}
+
+QAction* MenuBar::item(std::string_view added) const {
+  return findChild<QAction*>(QString::fromUtf8(added.data(), static_cast<qsizetype>(added.size())));
 }
 
 }  // namespace dg

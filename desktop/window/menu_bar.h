@@ -6,8 +6,10 @@
 
 namespace dg {
 
-/// The main window's menus, as the shell's tables have them, and pages of the program's own behind
-/// the last item of the View menu; the menu "Table" behind "Options".
+struct AddedItem;
+
+/// The main window's menus, as the shell's tables have them, the added items behind the last one of
+/// the View menu, and the menu "Table" behind "Options".
 class MenuBar : public QMenuBar {
   Q_OBJECT
 
@@ -16,13 +18,10 @@ class MenuBar : public QMenuBar {
 
   /// The action of an item, or null.
   QAction* item(std::string_view menu, int index) const;
-  QAction* charts() const { return charts_; }
-  QAction* today() const { return today_; }
+  /// The action of an added item, by its name, or null.
+  QAction* item(std::string_view added) const;
   /// The captions of all menus.
   static QStringList captions();
-  QAction* history() const { return history_; }
-  QAction* morningReport() const { return morningReport_; }
-  QAction* stores() const { return stores_; }
   /// The added menu of what can be done with a table; filled by who shows it.
   QMenu* tableMenu() const { return table_; }
   /// Disables what needs a store that was read: File/Refresh and the whole View menu.
@@ -30,15 +29,12 @@ class MenuBar : public QMenuBar {
 
  Q_SIGNALS:
   void picked(const QString& menu, int index);
+  void addedPicked(const AddedItem& item);
 
  private:
   void fill(QMenu& target, std::string_view items);
+  void fillAdded(QMenu& target);
 
-  QAction* charts_ = nullptr;
-  QAction* today_ = nullptr;
-  QAction* history_ = nullptr;
-  QAction* morningReport_ = nullptr;
-  QAction* stores_ = nullptr;
   QMenu* table_ = nullptr;
 };
 

@@ -1,13 +1,11 @@
 #include "desktop/window/view_stack.h"
 
-#include "desktop/recap/charts_page.h"
+#include "desktop/recap/added_page.h"
 #include "desktop/recap/history_keeper.h"
-#include "desktop/recap/history_page.h"
-#include "desktop/recap/morning_report.h"
 #include "desktop/recap/recap_view.h"
-#include "desktop/recap/stores_page.h"
-#include "desktop/recap/today_page.h"
+#include "desktop/recap/todays_work.h"
 #include "desktop/window/access_keys.h"
+#include "desktop/window/added_items.h"
 #include "desktop/window/form_view.h"
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/text.h"
@@ -39,7 +37,7 @@ void ViewStack::tellToday() {
 }
 
 void ViewStack::hideView() {
-  // The charts go as well: they show figures that a refresh is about to replace.
+  // An added page goes as well: it shows figures that a refresh is about to replace.
   setCurrentWidget(empty_);
 }
 
@@ -50,8 +48,7 @@ QWidget* ViewStack::makePage(View& view) {
     return page;
   }
   auto* recap = new RecapView(view, this);
-  connect(recap, &RecapView::chartsRequested, this, &ViewStack::showCharts);
-  connect(recap, &RecapView::todayRequested, this, &ViewStack::showToday);
+  connect(recap, &RecapView::pageRequested, this, [this](std::string_view page) { open(page); });
   recap->setChanges(keeper_->changes());
   connect(keeper_, &HistoryKeeper::changed, recap,
           [this, recap] { recap->setChanges(keeper_->changes()); });
@@ -59,83 +56,44 @@ QWidget* ViewStack::makePage(View& view) {
   return recap;
 }
 
-void ViewStack::showCharts() {
-  if (charts_ == nullptr) {
-    charts_ = new ChartsPage(main_, this);
-    connect(charts_, &ChartsPage::recapRequested, this, &ViewStack::recapRequested);
-    addWidget(charts_);
-  } else {
-    charts_->reload();
+void ViewStack::open(const AddedItem& item) {
+  const PageSources sources{main_, work_, *keeper_};
+  if (item.openDialog != nullptr) {
+    item.openDialog(sources, window());
+    return;
   }
-  setCurrentWidget(charts_);
-  charts_->setFocus();
-  Q_EMIT chartsOpened();
-}
-
-void ViewStack::showToday() {
-  if (today_ == nullptr) {
-    today_ = new TodayPage(main_, work_, this);
-    connect(today_, &TodayPage::recapRequested, this, &ViewStack::recapRequested);
-    connect(today_, &TodayPage::logRequested, this, &ViewStack::logRequested);
-    addWidget(today_);
-  } else {
-    today_->reload();
+  AddedPage*& page = added_[item.name];
+  if (page == nullptr) {
+    page = item.makePage(sources, this);
+    page->setObjectName(QString::fromLatin1(item.name));
+    connect(page, &AddedPage::recapRequested, this, &ViewStack::recapRequested);
+    connect(page, &AddedPage::logRequested, this, &ViewStack::logRequested);
+    connect(page, &AddedPage::storeRequested, this, &ViewStack::storeRequested);
+    addWidget(page);
   }
-  setCurrentWidget(today_);
-  today_->setFocus();
-  Q_EMIT chartsOpened();
+  page->opened();
+  setCurrentWidget(page);
+  page->setFocus();
+  Q_EMIT addedOpened();
 }
 
-void ViewStack::showHistory() {
-  if (history_ == nullptr) {
-    history_ = new HistoryPage(*keeper_, this);
-    connect(history_, &HistoryPage::recapRequested, this, &ViewStack::recapRequested);
-    addWidget(history_);
-  } else {
-    history_->reload();
+void ViewStack::open(std::string_view name) {
+  for (const AddedItem& item : addedItems()) {
+    if (item.name == name) open(item);
   }
-  setCurrentWidget(history_);
-  history_->setFocus();
-  Q_EMIT chartsOpened();
 }
 
-void ViewStack::showStores() {
-  if (stores_ == nullptr) {
-    stores_ = new StoresPage(StoresPage::findTool(), this);
-    connect(stores_, &StoresPage::recapRequested, this, &ViewStack::recapRequested);
-    connect(stores_, &StoresPage::storeRequested, this, &ViewStack::storeRequested);
-    addWidget(stores_);
-    stores_->load();
+std::string_view ViewStack::addedOnShow() const {
+  for (const auto& [name, page] : added_) {
+    if (page == currentWidget()) return name;
   }
-  setCurrentWidget(stores_);
-  stores_->setFocus();
-  Q_EMIT chartsOpened();
-}
-
-void ViewStack::offerMorningReport() {
-  dg::offerMorningReport(window(), main_, work_, *keeper_);
-}
-
-bool ViewStack::storesShown() const {
-  return stores_ != nullptr && currentWidget() == stores_;
-}
-
-bool ViewStack::historyShown() const {
-  return history_ != nullptr && currentWidget() == history_;
+  return {};
 }
 
 void ViewStack::showStandIn(QWidget* page) {
   addWidget(page);
   setCurrentWidget(page);
   page->setFocus();
-}
-
-bool ViewStack::chartsShown() const {
-  return charts_ != nullptr && currentWidget() == charts_;
-}
-
-bool ViewStack::todayShown() const {
-  return today_ != nullptr && currentWidget() == today_;
 }
 
 QWidget* ViewStack::pageOf(const Form& form) const {

@@ -7,16 +7,13 @@
 
 namespace dg {
 
-class ChartsPage;
-class TodayPage;
+class AddedPage;
 class TodaysWork;
 class HistoryKeeper;
-class HistoryPage;
-class StoresPage;
+struct AddedItem;
 
-/// The client area of the main window: the views, one of which is on show, the charts, and what
-/// needs attention today.
-/// A view's page is made when it is first shown and dropped with the view.
+/// The client area of the main window: the views and the added pages, one of which is on show.
+/// A view's page is made when it is first shown and dropped with the view; an added one stays.
 class ViewStack : public QStackedWidget {
   Q_OBJECT
 
@@ -26,12 +23,9 @@ class ViewStack : public QStackedWidget {
   void showView(View& view);
   /// Takes the page on show off the screen; the area is empty until the next one shows.
   void hideView();
-  void showCharts();
-  void showToday();
-  void showHistory();
-  /// Reads the stores when they are first shown.
-  void showStores();
-  void offerMorningReport();
+  /// Shows an added page, or opens an added dialog.
+  void open(const AddedItem& item);
+  void open(std::string_view name);
   /// Shows a page that is no view's in the place of one.
   void showStandIn(QWidget* page);
   /// Forgets a form that is about to go; nothing when it has no page.
@@ -42,16 +36,14 @@ class ViewStack : public QStackedWidget {
   /// Tells the recap on show of what needs attention now.
   void tellToday();
 
-  bool chartsShown() const;
-  bool todayShown() const;
-  bool historyShown() const;
-  bool storesShown() const;
+  /// The name of the added page on show; empty when it is none.
+  std::string_view addedOnShow() const;
   HistoryKeeper& keeper() const { return *keeper_; }
   /// The page of a view, or null.
   QWidget* pageOf(const Form& form) const;
 
  Q_SIGNALS:
-  void chartsOpened();
+  void addedOpened();
   void recapRequested();
   void logRequested();
   void viewRequested(const QString& view);
@@ -65,10 +57,7 @@ class ViewStack : public QStackedWidget {
   std::map<const Form*, QWidget*> pages_;
   QWidget* empty_;
   HistoryKeeper* keeper_;
-  ChartsPage* charts_ = nullptr;
-  TodayPage* today_ = nullptr;
-  HistoryPage* history_ = nullptr;
-  StoresPage* stores_ = nullptr;
+  std::map<std::string_view, AddedPage*> added_;
 };
 
 }  // namespace dg
