@@ -1,6 +1,8 @@
 // Takes pictures of every window over an example store; see scripts/screenshots.
 
 #include <QApplication>
+#include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
@@ -17,15 +19,30 @@ namespace {
 
 constexpr int kPointSize = 10;
 
+/// Lets Qt draw into memory, on a screen of "1366x768" pixels or whatever is told. Returns false
+/// for a size that is none.
+bool useScreen(const QString& size, const QString& file) {
+  const auto found = QRegularExpression(QStringLiteral("^(\\d+)x(\\d+)$")).match(size);
+  QFile screens(file);
+  if (!found.hasMatch() || !screens.open(QIODevice::WriteOnly)) return false;
+  screens.write(QStringLiteral(R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": %1,)"
+                               R"( "height": %2, "logicalDpi": 96, "dpr": 1}]})")
+                    .arg(found.captured(1), found.captured(2))
+                    .toUtf8());
+  screens.close();
+  return qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   dg::openStandardStreams();
-  if (argc != 3 && argc != 4) {
-    std::fputs("usage: desktop_shots FOLDER light|dark [STORE]\n", stderr);
+  const QTemporaryDir folder;
+  if (argc < 4 || argc > 5 ||
+      !useScreen(QString::fromLocal8Bit(argv[3]), folder.filePath("screens"))) {
+    std::fputs("usage: desktop_shots FOLDER light|dark WIDTHxHEIGHT [STORE]\n", stderr);
     return 2;
   }
-  const QTemporaryDir folder;
   QApplication application(argc, argv);
   dg::initializeResources();
   // Pictures shall look the same wherever they are taken.
@@ -35,8 +52,9 @@ int main(int argc, char** argv) {
   const std::string store = folder.filePath(QStringLiteral("store")).toStdString();
   dg::SampleOptions options;
   options.scale = 3;
-  if (argc == 4) {
-    std::filesystem::copy(argv[3], store, std::filesystem::copy_options::recursive);
+  options.stores = 4;
+  if (argc == 5) {
+    std::filesystem::copy(argv[4], store, std::filesystem::copy_options::recursive);
   } else {
     dg::writeSampleStore(store, options);
   }

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 #include <filesystem>
 #include <functional>
@@ -13,7 +14,10 @@
 #include "desktop/grid/grid_actions.h"
 #include "desktop/grid/grid_panel.h"
 #include "desktop/grid/grid_view.h"
+#include "desktop/recap/history_keeper.h"
+#include "desktop/recap/stores_page.h"
 #include "desktop/recap/today_page.h"
+#include "desktop/window/added_items.h"
 #include "desktop/window/desktop_presenter.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/main_window.h"
@@ -21,9 +25,11 @@
 #include "desktop/window/message_boxes.h"
 #include "desktop/window/splash_window.h"
 #include "desktop/window/view_stack.h"
+#include "platform/clock.h"
 #include "platform/environment.h"
 #include "shell/main.h"
 #include "shell/splash.h"
+#include "shell/write_log.h"
 #include "views/view_catalogue.h"
 
 namespace dg {
@@ -41,7 +47,8 @@ constexpr Stop kStops[] = {
     {"S2", "profit"},    {"S1", "sales"},
 };
 
-constexpr QSize kSize{1240, 800};
+/// Days before today on which the history of the tour was kept.
+constexpr int kKeptDays[] = {60, 45, 30, 21, 14, 9, 7, 2, 1, 0};
 
 class Tour {
  public:
@@ -53,9 +60,11 @@ class Tour {
  private:
   void save(QWidget& window, const QString& name);
   void visitViews(MainWindow& window);
+  void visitAddedPages(MainWindow& window);
   void visitMenus(MainWindow& window);
   void visitDetails(MainWindow& window);
   void visitErrors(MainWindow& window);
+  void visitFirstStart(DesktopPresenter& presenter);
   /// Opens something modal and takes its picture, and those of the windows behind its first rows.
   void visitModal(const QString& name, const std::function<void()>& open);
   void photographDialog(const QString& name);
@@ -99,12 +108,42 @@ void Tour::visitViews(MainWindow& window) {
     window.form().tv1.click(stop.key);
     save(window, QString::fromLatin1(stop.picture));
   }
-  window.menus().today()->trigger();
-  save(window, "today");
-  window.views().findChild<TodayPage*>()->open(AttentionKind::kShopOld);
+}
+
+void Tour::visitAddedPages(MainWindow& window) {
+  for (const AddedItem& item : addedItems()) {
+    const QString name = QString::fromLatin1(item.name);
+    QAction* action = window.menus().item(item.name);
+    if (item.makePage == nullptr) {
+      visitModal(name, [action] { action->trigger(); });
+      continue;
+    }
+    action->trigger();
+    save(window, name);
+  }
+  auto* stores = window.views().findChild<StoresPage*>();
+  while (stores->isLoading())
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  save(window, "stores-read");
+
+  auto* today = window.views().findChild<TodayPage*>();
+  window.menus().item("today")->trigger();
+  today->open(AttentionKind::kShopOld);
   save(window, "today-rows");
-  window.menus().charts()->trigger();
-  save(window, "charts");
+  visitModal("limits", [today] { today->editLimits(); });
+
+  // A history grows by a day at each load.
+  const Date moment = now();
+  window.views().keeper().start();
+  for (const int before : kKeptDays) {
+    surroundings_.useClock(Date(moment.days() - before, moment.secondOfDay()));
+    window.form().menuClick("mfile", 0);
+    QApplication::processEvents();
+  }
+  save(window, "recap-changes");
+  window.menus().item("history")->trigger();
+  save(window, "history-kept");
+  window.form().tv1.click("R");
 }
 
 void Tour::visitMenus(MainWindow& window) {
@@ -163,6 +202,23 @@ void Tour::visitErrors(MainWindow& window) {
   }
   window.form().menuClick("mfile", 0);
   save(window, "recap-error");
+  window.form().tv1.click("I1");
+  save(window, "inventory-error");
+  window.menus().item("today")->trigger();
+  save(window, "today-error");
+  const std::filesystem::path share = environment().shareRoot;
+  std::filesystem::rename(share, share.string() + "-gone");
+  gsLogFile += "/none";
+  window.form().menuClick("mfile", 0);
+  save(window, "recap-no-share");
+}
+
+/// The window of a start that finds nothing.
+void Tour::visitFirstStart(DesktopPresenter& presenter) {
+  const std::unique_ptr<frmTRVN> main = startProgram(viewCatalogue());
+  presenter.mainWindow()->resize(presenter.mainWindow()->screen()->availableSize());
+  save(*presenter.mainWindow(), "first-start");
+  presenter.close();
 }
 
 bool Tour::run() {
@@ -176,16 +232,20 @@ bool Tour::run() {
       save(*presenter.splashWindow(), "splash");
     }
   });
-  const std::unique_ptr<frmTRVN> main = startProgram(viewCatalogue());
+  std::unique_ptr<frmTRVN> main = startProgram(viewCatalogue());
   watch.disconnect();
   MainWindow& window = *presenter.mainWindow();
-  window.resize(kSize);  // whatever the screen is like
+  window.resize(window.screen()->availableSize());
   visitViews(window);
   visitMenus(window);
   visitDetails(window);
+  visitAddedPages(window);
   visitErrors(window);
   window.close();
   presenter.close();
+  main.reset();
+  surroundings_.useMessageBoxes({});  // what they tell stands in the window too
+  visitFirstStart(presenter);
   surroundings_.usePresenter(nullptr);
   return saved_;
 }
