@@ -25,6 +25,7 @@ struct Place {
   int rowSpan = 1;
   int columnSpan = 1;
   std::string_view frame = {};  ///< name of the frame that holds it; empty: the form itself
+  bool figure = false;          ///< a figure below or above others: ends where they end
 };
 
 /// "name(index)": the name of an element of a control array.

@@ -68,11 +68,14 @@ TEST(DgtoolXlsxTest, AWorkbookHasASheetForEachGridWithRealNumbers) {
       grid.set("Rate", std::string("-02.88%"));
       grid.set("Date", std::string("11/24/26"));
     }
-    view.onLoad = [] { writeRecap(Figure::kPurchaseOrders, "$7.25"); };
+    view.onLoad = [&view] {
+      writeRecap(Figure::kPurchaseOrders, "$7.25");
+      view.markIncomplete();
+    };
   });
   const std::string file = tool.store.folder.file("book.xlsx");
   tool.store.folder.write("book.xlsx", "the former one");
-  ASSERT_EQ(tool.run({"report", "--xlsx", file}), 0) << tool.err;
+  ASSERT_EQ(tool.run({"report", "--xlsx", file}), 1) << "the view is not whole: " << tool.err;
   EXPECT_EQ(tool.out, "");
 
   const std::string book = tool.store.folder.read("book.xlsx");
@@ -95,6 +98,7 @@ TEST(DgtoolXlsxTest, AWorkbookHasASheetForEachGridWithRealNumbers) {
   const std::string texts = zipMember(book, "xl/sharedStrings.xml");
   EXPECT_NE(texts.find("=1+1  \xC3\xA4&lt;&amp;&gt;"), std::string::npos) << texts;
   EXPECT_EQ(texts.find("secret"), std::string::npos);
+  EXPECT_NE(texts.find("Could not be read completely: see the log."), std::string::npos);
   for (const auto& entry : std::filesystem::directory_iterator(tool.store.folder.path()))
     EXPECT_EQ(entry.path().string().find(".part"), std::string::npos);
 }

@@ -1,5 +1,6 @@
 #include "desktop/window/form_view.h"
 
+#include <QLabel>
 #include <QSet>
 #include <QVBoxLayout>
 
@@ -83,6 +84,8 @@ void FormView::place(const Place& where) {
   QWidget* container = containerOf(where.frame);
   QWidget* widget = makeWidget(*control, container);
   if (widget == nullptr) return;
+  if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && where.figure)
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   layoutOf(container)->addControl(widget, where.row, where.column, where.rowSpan, where.columnSpan);
 }
 

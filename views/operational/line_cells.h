@@ -11,7 +11,7 @@ namespace dg {
 
 /// The columns of a line. Shop jobs have more beside them.
 inline constexpr ColumnSpec kLineColumns[] = {
-    {.name = "Line"},
+    {.name = "Line", .kind = ColumnKind::kNumber},  // a code, or "REM" for a remark
     {.name = "Part #"},
     {.name = "Description"},
     {.name = "Qty", .kind = ColumnKind::kNumber},

@@ -32,7 +32,7 @@ constexpr const char* kAllRequests = "All Requests";
 
 constexpr ColumnSpec kColumns[] = {
     {.name = "Request", .caption = "Req", .kind = ColumnKind::kNumber},
-    {.name = "Line"},
+    {.name = "Line", .kind = ColumnKind::kNumber},  // a code, or "REM" for a remark
     {.name = "Part #"},
     {.name = "Description"},
     {.name = "Qty", .kind = ColumnKind::kNumber},
@@ -119,15 +119,15 @@ constexpr Place kSheet[] = {
 
     {.control = "Frame5", .row = 0, .column = 3, .rowSpan = 2},
     {.control = "lblCap(21)", .row = 0, .column = 0, .frame = "Frame5"},
-    {.control = "lblRecap(0)", .row = 0, .column = 1, .frame = "Frame5"},
+    {.control = "lblRecap(0)", .row = 0, .column = 1, .frame = "Frame5", .figure = true},
     {.control = "lblCap(22)", .row = 1, .column = 0, .frame = "Frame5"},
-    {.control = "lblRecap(1)", .row = 1, .column = 1, .frame = "Frame5"},
+    {.control = "lblRecap(1)", .row = 1, .column = 1, .frame = "Frame5", .figure = true},
     {.control = "lblCap(23)", .row = 2, .column = 0, .frame = "Frame5"},
-    {.control = "lblRecap(2)", .row = 2, .column = 1, .frame = "Frame5"},
+    {.control = "lblRecap(2)", .row = 2, .column = 1, .frame = "Frame5", .figure = true},
     {.control = "lblCap(24)", .row = 3, .column = 0, .frame = "Frame5"},
-    {.control = "lblRecap(3)", .row = 3, .column = 1, .frame = "Frame5"},
+    {.control = "lblRecap(3)", .row = 3, .column = 1, .frame = "Frame5", .figure = true},
     {.control = "lblCap(25)", .row = 4, .column = 0, .frame = "Frame5"},
-    {.control = "lblRecap(4)", .row = 4, .column = 1, .frame = "Frame5"},
+    {.control = "lblRecap(4)", .row = 4, .column = 1, .frame = "Frame5", .figure = true},
 
     {.control = "lblRequest", .row = 2, .column = 0},
     {.control = "cmbRequest", .row = 2, .column = 1},
