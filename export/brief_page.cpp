@@ -192,7 +192,7 @@ void Page::troubles(const BriefStore& store) {
 
 void Page::recap(const BriefStore& store) {
   html_.element(heading(2), "Recap");
-  const HtmlScope columns(html_, "div", {{"class", "cols"}});
+  const HtmlScope columns(html_, "div", {{"class", "blocks"}});
   for (const RecapBlock block : kBlocks)
     recapTable(store, block);
 }

@@ -30,12 +30,14 @@ table{border-collapse:collapse;width:100%;margin:.3em 0 .8em;font-variant-numeri
 caption{text-align:left;font-weight:600;padding:.3em 0}
 th,td{padding:4px 8px;border-bottom:1px solid var(--rule);text-align:left;vertical-align:top}
 thead th{color:var(--quiet);font-weight:600;font-size:.87rem}
-tbody th{font-weight:400}
+tbody th{font-weight:400;overflow-wrap:break-word}
 .n{text-align:right;white-space:nowrap}
 .n span,th small{white-space:normal}
 small{display:block;font-size:.8rem}
 td small{white-space:nowrap}
 .cols{display:grid;grid-template-columns:repeat(auto-fit,minmax(min(100%,420px),1fr));gap:0 28px;align-items:start}
+.blocks{columns:2 420px;column-gap:28px}
+.blocks>*{break-inside:avoid;margin-top:0}
 .lines{display:grid;grid-template-columns:repeat(auto-fill,minmax(150px,1fr));gap:14px 20px}
 figure{margin:0;break-inside:avoid}
 figcaption{font-size:.87rem}
@@ -67,7 +69,7 @@ h1{font-size:14pt}h2{font-size:11pt;margin:.8em 0 .2em}h3{font-size:10pt;margin:
 h4,.kind{font-size:9pt;margin:.5em 0 .1em}
 th,td{padding:.5px 4px}
 table{margin:.1em 0 .4em}
-.cols{display:block;columns:2;column-gap:8mm}
+.cols,.blocks{display:block;columns:2;column-gap:8mm}
 .cols>*{break-inside:avoid}
 .lines{grid-template-columns:repeat(5,1fr);gap:4px 10px}
 svg{height:18px}

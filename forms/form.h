@@ -26,6 +26,7 @@ struct Place {
   int columnSpan = 1;
   std::string_view frame = {};  ///< name of the frame that holds it; empty: the form itself
   bool figure = false;          ///< a figure below or above others: ends where they end
+  std::string_view under = {};  ///< of a total: the column of the grid above that it sums
 };
 
 /// "name(index)": the name of an element of a control array.

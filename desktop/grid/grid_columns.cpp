@@ -13,6 +13,8 @@ namespace dg {
 namespace {
 
 constexpr int kWidestInCharacters = 44;
+constexpr int kLeastRows = 12;
+constexpr int kMostRows = 28;
 
 /// Makes the columns under a group heading wide enough for it together.
 void fitGroups(const Grid& grid, const GroupHeader& header, QList<int>& widths) {
@@ -131,9 +133,10 @@ QSize GridView::sizeHint() const {
   for (int column = 0; column < fittingWidths_.size(); ++column) {
     if (!isColumnHidden(column)) width += fittingWidths_[column];
   }
-  constexpr int kRows = 12;
-  const int rowHeight = verticalHeader()->defaultSectionSize();
-  return {width, header_->sizeHint().height() + kRows * rowHeight};
+  // Short tables show whole where the screen has the room.
+  const int rows = qBound(kLeastRows, model_->rowCount() + 1, kMostRows);
+  const int head = header_->isHidden() ? 0 : header_->sizeHint().height();
+  return {width, head + rows * verticalHeader()->defaultSectionSize()};
 }
 
 }  // namespace dg

@@ -100,6 +100,11 @@ void GridView::synchronize() {
   showSortArrow();
 }
 
+void GridView::setWhole(bool whole) {
+  whole_ = whole;
+  viewport()->update();
+}
+
 void GridView::setFilter(const QString& text) {
   const int row = model_->gridRow(currentIndex().row());
   const int column = currentIndex().column();
@@ -275,8 +280,9 @@ void GridView::paintEvent(QPaintEvent* event) {
     return;
   }
   painter.setPen(mutedColor(palette()));
-  const QString text =
-      model_->filter().isEmpty() ? tr("Nothing to show") : tr("No row matches the filter");
+  const QString text = !model_->filter().isEmpty() ? tr("No row matches the filter")
+                       : whole_                    ? tr("Nothing to show")
+                                                   : tr("Nothing could be read");
   painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter, text);
 }
 

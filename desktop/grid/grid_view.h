@@ -29,6 +29,9 @@ class GridView : public QTableView {
   /// Brings model, current row and sort arrow in line with the grid.
   void synchronize();
   void setFilter(const QString& text);
+  /// Whether all rows there are could be read; else a table without rows does not say that there
+  /// is nothing.
+  void setWhole(bool whole);
   void resetColumnWidths();
   void scrollToColumn(int column);
 
@@ -83,6 +86,7 @@ class GridView : public QTableView {
   bool spreading_ = false;    // widths change, but not by the user's hand
   QList<int> fittingWidths_;  // widths that the contents ask for, by column
   QList<int> leastWidths_;    // and without room for a sort arrow
+  bool whole_ = true;
   std::uint64_t revision_ = 0;
   int shownBookmark_ = -1;
   QPersistentModelIndex pressed_;

@@ -28,6 +28,8 @@ constexpr int kRowHeight = 34;
 constexpr int kWidestSheet = 1760;
 /// From here on the three blocks stand beside each other.
 constexpr int kThreeColumns = 1380;
+/// So much more than a card gets the room below all cards that it gets all of it.
+constexpr int kSpareRoom = 10'000;
 
 }  // namespace
 
@@ -69,7 +71,7 @@ void RecapView::arrange() {
     sheet_->addWidget(head_, 0, 0, 1, 2);
     sheet_->addWidget(assets_, 1, 0, 2, 1, Qt::AlignTop);
     sheet_->addWidget(liabilities_, 1, 1, Qt::AlignTop);
-    sheet_->addWidget(profit_, 2, 1, Qt::AlignTop);
+    sheet_->addWidget(profit_, 2, 1);
   } else {
     sheet_->addWidget(head_, 0, 0);
     sheet_->addWidget(assets_, 1, 0);
@@ -79,8 +81,9 @@ void RecapView::arrange() {
   sheet_->setColumnStretch(0, 5);
   sheet_->setColumnStretch(1, columns_ == 1 ? 0 : 6 - columns_ % 2);
   sheet_->setColumnStretch(2, columns_ == 3 ? 6 : 0);
+  // The right half ends where the left one does.
   sheet_->setRowStretch(2, columns_ == 2 ? 1 : 0);
-  sheet_->setRowStretch(4, 2);
+  sheet_->setRowStretch(4, kSpareRoom);
 }
 
 void RecapView::resizeEvent(QResizeEvent* event) {
@@ -120,7 +123,14 @@ QWidget* RecapView::buildHead() {
   colors.setColor(QPalette::ButtonText, accentColor(palette()));
   today_->setPalette(colors);
   connect(today_, &QToolButton::clicked, this, [this] { Q_EMIT pageRequested(kTodayPage); });
-  layout->addWidget(today_, 2, 0, Qt::AlignLeft);
+  // Its text begins where the title does, not its frame.
+  today_->setText(tr("Today"));
+  const int inside =
+      today_->sizeHint().width() - today_->fontMetrics().size(0, today_->text()).width();
+  auto* line = new QHBoxLayout;
+  line->setContentsMargins(-inside / 2, 0, 0, 0);
+  line->addWidget(today_, 0, Qt::AlignLeft);
+  layout->addLayout(line, 2, 0);
 
   auto* charts = new QToolButton(head);
   charts->setText(tr("&Charts"));
@@ -236,6 +246,7 @@ Card* RecapView::buildProfit() {
       addCell(*card, ++row, 0, figure.caption, Qt::AlignLeft);
       leadFrom(card->grid()->itemAtPosition(row, 0)->widget(), figure);
     }
+    card->grid()->setRowStretch(row, 1);  // the card may be higher than its rows
     if (row == kHeadRow + 1) {
       addCell(*card, kHeadRow, column, figure.head, Qt::AlignRight);
       card->grid()->setColumnStretch(column, figure.kind == FigureKind::kMoney ? 3 : 2);

@@ -39,7 +39,11 @@ QLabel* label(const QString& text, QWidget* parent, bool muted = false) {
   auto* made = new QLabel(text, parent);
   made->setTextFormat(Qt::PlainText);
   made->setWordWrap(true);
-  if (muted) made->setForegroundRole(QPalette::PlaceholderText);
+  if (muted) {
+    QPalette quiet = made->palette();
+    quiet.setColor(QPalette::WindowText, mutedColor(quiet));
+    made->setPalette(quiet);
+  }
   return made;
 }
 
@@ -204,6 +208,7 @@ QWidget* TodayPage::buildCard(AttentionKind kind, const std::optional<KindResult
     bar->setToolTip(text);
     bar->setAccessibleName(text);
     auto* line = new QHBoxLayout;
+    line->setSpacing(8);
     line->addWidget(bar, 1);
     layout.addLayout(line, 3, 0, 1, 2);
     auto* part = label(text, card, true);

@@ -99,6 +99,7 @@ std::string TodaysWork::summary() const {
     text += failed ? "not all could be read" : "nothing needs attention";
   } else {
     text += std::to_string(count) + (count == 1 ? " kind needs" : " kinds need") + " attention";
+    if (failed) text += ", and not all could be read";
   }
   return text;
 }

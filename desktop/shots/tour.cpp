@@ -241,10 +241,10 @@ bool Tour::run() {
   visitDetails(window);
   visitAddedPages(window);
   visitErrors(window);
+  surroundings_.useMessageBoxes({});  // what they tell stands in the window too
   window.close();
   presenter.close();
   main.reset();
-  surroundings_.useMessageBoxes({});  // what they tell stands in the window too
   visitFirstStart(presenter);
   surroundings_.usePresenter(nullptr);
   return saved_;

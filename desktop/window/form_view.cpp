@@ -3,12 +3,15 @@
 #include <QLabel>
 #include <QSet>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/grid/grid_panel.h"
+#include "desktop/grid/grid_view.h"
 #include "desktop/window/control_widgets.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/notice_strip.h"
 #include "desktop/window/sheet_layout.h"
+#include "desktop/window/table_foot.h"
 #include "desktop/window/text.h"
 #include "forms/form_bands.h"
 #include "shell/view_log.h"
@@ -50,6 +53,7 @@ FormView::FormView(Form& form, QWidget* parent)
   for (const Place& where : form.sheet())
     place(where);
   placeRemaining();
+  putTotalsUnderColumns();
   for (FrameWidget* box : findChildren<FrameWidget*>())
     layoutOf(box)->finish();
   layout->finish();
@@ -102,8 +106,36 @@ void FormView::placeRemaining() {
   }
 }
 
+/// A total takes the words before it along.
+void FormView::putTotalsUnderColumns() {
+  SheetLayout& layout = *layoutOf(sheet_);
+  const GridPanel* table = nullptr;
+  for (const Place& total : form_.sheet()) {
+    QWidget* widget = widgetOf(total.control);
+    if (const auto* panel = qobject_cast<const GridPanel*>(widget)) table = panel;
+    if (total.under.empty() || table == nullptr) continue;
+    GridView& view = table->view();
+    auto* foot = new TableFoot(view, view.grid().columnIndex(total.under), sheet_);
+    for (const Place& place : form_.sheet()) {
+      if (place.row != total.row || !place.frame.empty()) continue;
+      QWidget* each = widgetOf(place.control);
+      layout.removeWidget(each);
+      const auto* label = dynamic_cast<const Label*>(form_.find(place.control));
+      const bool words = label != nullptr && label->role() == LabelRole::kCaption;
+      words || each == widget ? foot->addTotal(each) : foot->addBeside(each);
+    }
+    layout.addControl(foot, total.row, 0, 1, layout.columns());
+  }
+}
+
+void FormView::setMissing(bool missing) {
+  if (std::exchange(missing_, missing) != missing) showChange();
+}
+
 void FormView::showChange() {
   strip_->tell(form_.incomplete() ? tr("Could not be read completely.") : QString());
+  for (GridView* table : findChildren<GridView*>())
+    table->setWhole(!form_.incomplete() && !missing_);
   if (form_.mousePointer() == kHourglass) {
     setCursor(Qt::WaitCursor);
   } else {

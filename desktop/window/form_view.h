@@ -23,18 +23,21 @@ class FormView : public QWidget {
   Form& form() const { return form_; }
   /// The widget of a control, or null.
   QWidget* widgetOf(std::string_view control) const;
+  /// Whether files are missing that the form does not know of: an empty table is none then.
+  void setMissing(bool missing);
 
  private:
   QWidget* makeWidget(Control& control, QWidget* parent);
   QWidget* containerOf(std::string_view frame);
   void place(const Place& place);
   void placeRemaining();
-
+  void putTotalsUnderColumns();
   void showChange();
 
   Form& form_;
   NoticeStrip* strip_;
   QWidget* sheet_;
+  bool missing_ = false;
   Connection changed_;
   Connection refreshed_;
 };

@@ -21,6 +21,7 @@
 #include "desktop/recap/recap_view.h"
 #include "desktop/recap/stores_page.h"
 #include "desktop/window/added_items.h"
+#include "desktop/window/form_view.h"
 #include "desktop/window/help_window.h"
 #include "desktop/window/label_widget.h"
 #include "desktop/window/menu_bar.h"
@@ -218,6 +219,8 @@ void MainWindow::showNotices() {
     if (unopened.count > unopened.names.size()) share += QStringLiteral(", ...");
   }
   shareNotice_->tell(share);
+  for (FormView* page : views_->findChildren<FormView*>())
+    page->setMissing(!share.isEmpty());
   logNotice_->tell(logFailure()
                        ? tr("The log %1 cannot be written: %2.")
                              .arg(fromBytes(gsLogFile), fromBytes(logFailure()->description()))

@@ -16,6 +16,7 @@ class SheetLayout : public QGridLayout {
   /// To be called once, after the last control.
   void finish();
   int nextRow() const { return rows_; }
+  int columns() const { return columns_; }
 
  private:
   void gatherButtons();

@@ -44,11 +44,6 @@ SplashWindow::SplashWindow(frmSplash& form)
   setWindowTitle(QString::fromLatin1(kProgramName));
   setAccessibleName(windowTitle());
   setFocusPolicy(Qt::StrongFocus);
-  setFixedSize(kSize);
-  if (const QScreen* where = screen()) {
-    move(where->availableGeometry().center() - rect().center());
-  }
-
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(28, 26, 28, 20);
   layout->addWidget(buildTitle());
@@ -61,6 +56,10 @@ SplashWindow::SplashWindow(frmSplash& form)
   layout->addWidget(bar_);
   layout->addSpacing(10);
   layout->addWidget(new LabelWidget(form.Label3, this));
+  setFixedSize(kSize.expandedTo(sizeHint()));
+  if (const QScreen* where = screen()) {
+    move(where->availableGeometry().center() - rect().center());
+  }
 }
 
 QWidget* SplashWindow::buildTitle() {

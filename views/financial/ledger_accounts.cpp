@@ -69,14 +69,14 @@ constexpr Place kSheet[] = {
     {.control = "grdGLCash", .row = 1, .columnSpan = 4},
     {.control = "cmdCashSetup", .row = 2, .column = 0},
     {.control = "lblCashTotal", .row = 2, .column = 1},
-    {.control = "lblTotal", .row = 2, .column = 2},
+    {.control = "lblTotal", .row = 2, .column = 2, .under = "Balance"},
     {.control = "lblReCalc", .row = 2, .column = 3},
 };
 constexpr Place kLiabilitySheet[] = {
     {.control = "Label1", .row = 0, .columnSpan = 3},
     {.control = "grdGLCash", .row = 1, .columnSpan = 3},
     {.control = "cmdCashSetup", .row = 2, .column = 0},
-    {.control = "lbltotal", .row = 2, .column = 1},
+    {.control = "lbltotal", .row = 2, .column = 1, .under = "Balance"},
     {.control = "lblReCalc", .row = 2, .column = 2},
 };
 

@@ -40,7 +40,7 @@ constexpr Place kSheet[] = {
     {.control = "grdPO", .row = 1, .columnSpan = 5},
     {.control = "cmdVtot", .row = 2, .column = 0},
     {.control = "lblTotalWord", .row = 2, .column = 1},
-    {.control = "lblPoTotal", .row = 2, .column = 2},
+    {.control = "lblPoTotal", .row = 2, .column = 2, .under = "Total"},
     {.control = "lblLoading", .row = 2, .column = 3},
     {.control = "pb1", .row = 2, .column = 4},
 };
@@ -55,7 +55,7 @@ constexpr Place kVendorSheet[] = {
     {.control = "lblTitle", .row = 0, .columnSpan = 2},
     {.control = "grdVtot", .row = 1, .columnSpan = 2},
     {.control = "lblTotalWord", .row = 2, .column = 0},
-    {.control = "Label1", .row = 2, .column = 1},
+    {.control = "Label1", .row = 2, .column = 1, .under = "Total"},
 };
 
 }  // namespace

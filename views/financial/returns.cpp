@@ -37,7 +37,7 @@ constexpr Place kSheet[] = {
     {.control = "Label2", .row = 1, .columnSpan = 2},
     {.control = "grdReturn", .row = 2, .columnSpan = 2},
     {.control = "lblTotalWord", .row = 3, .column = 0},
-    {.control = "lblRetTotal", .row = 3, .column = 1},
+    {.control = "lblRetTotal", .row = 3, .column = 1, .under = "Total"},
 };
 
 }  // namespace

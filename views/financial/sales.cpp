@@ -52,9 +52,12 @@ constexpr HeadSort kCashSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0},     {.control = "grdSales", .row = 1},
-    {.control = "lblSaleTot", .row = 2}, {.control = "Label2", .row = 3},
-    {.control = "grdCash", .row = 4},    {.control = "lblCashTot", .row = 5},
+    {.control = "Label1", .row = 0},
+    {.control = "grdSales", .row = 1},
+    {.control = "lblSaleTot", .row = 2, .under = "mdse"},
+    {.control = "Label2", .row = 3},
+    {.control = "grdCash", .row = 4},
+    {.control = "lblCashTot", .row = 5, .under = "Net"},
 };
 
 void setAmount(Grid& grid, std::string_view column, Currency amount) {

@@ -79,7 +79,7 @@ constexpr ColumnSpec kExtentColumns[] = {
 constexpr Place kSheet[] = {
     {.control = "lblTitle", .row = 0},
     {.control = "grdFp", .row = 1},
-    {.control = "lblFpTot", .row = 2},
+    {.control = "lblFpTot", .row = 2, .under = "Total"},
 };
 constexpr Place kDetailSheet[] = {
     {.control = "Label1", .row = 0},

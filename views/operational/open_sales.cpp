@@ -57,9 +57,12 @@ constexpr HeadSort kSavedSorts[] = {
 };
 
 constexpr Place kSheet[] = {
-    {.control = "Label1", .row = 0},      {.control = "grdTickets", .row = 1},
-    {.control = "lblPTtot(0)", .row = 2}, {.control = "Label2", .row = 3},
-    {.control = "grdSaved", .row = 4},    {.control = "lblPTtot(1)", .row = 5},
+    {.control = "Label1", .row = 0},
+    {.control = "grdTickets", .row = 1},
+    {.control = "lblPTtot(0)", .row = 2, .under = "Sub-Total"},
+    {.control = "Label2", .row = 3},
+    {.control = "grdSaved", .row = 4},
+    {.control = "lblPTtot(1)", .row = 5, .under = "Sub-Total"},
 };
 
 /// Adds the row of an order. "Items" counts from the record that the index or slot names, over all

@@ -47,7 +47,7 @@ constexpr HeadSort kHeadSorts[] = {{"Line"}, {"Name", true}, {"Total"}};
 constexpr Place kSheet[] = {
     {.control = "lblTitle", .row = 0},
     {.control = "grdUnits", .row = 1},
-    {.control = "lblFpTot", .row = 2},
+    {.control = "lblFpTot", .row = 2, .under = "Total"},
 };
 constexpr Place kDetailSheet[] = {
     {.control = "Label1", .row = 0},
