@@ -88,11 +88,11 @@ TEST(DgtoolXlsxTest, AWorkbookHasASheetForEachGridWithRealNumbers) {
   EXPECT_NE(recap.find("<v>7.25</v>"), std::string::npos) << recap;
 
   const std::string sheet = zipMember(book, "xl/worksheets/sheet2.xml");
-  EXPECT_NE(sheet.find(R"(<pane ySplit="3" topLeftCell="A4")"), std::string::npos) << sheet;
+  EXPECT_NE(sheet.find(R"(<pane ySplit="4" topLeftCell="A5")"), std::string::npos) << sheet;
   EXPECT_NE(sheet.find("<v>-1234.5</v>"), std::string::npos) << sheet;
   EXPECT_NE(sheet.find("<v>-0.0288</v>"), std::string::npos) << sheet;
   EXPECT_NE(sheet.find("<v>46350</v>"), std::string::npos) << sheet;
-  EXPECT_NE(sheet.find(R"(<mergeCell ref="B2:D2"/>)"), std::string::npos) << sheet;
+  EXPECT_NE(sheet.find(R"(<mergeCell ref="B3:D3"/>)"), std::string::npos) << sheet;
   EXPECT_EQ(sheet.find("<f>"), std::string::npos) << "a text is no formula";
 
   const std::string texts = zipMember(book, "xl/sharedStrings.xml");
