@@ -3,7 +3,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTimer>
-#include <QToolButton>
 #include <gtest/gtest.h>
 
 #include "desktop/grid/grid_view.h"
@@ -29,7 +28,7 @@ class DesktopTodayTest : public testing::Test {
       texts += label->text();
     return texts.join('\n');
   }
-  QString recapLine() { return session_.page().findChild<QToolButton*>("todayLine")->text(); }
+  QString recapLine() { return session_.page().findChild<QPushButton*>("todayLine")->text(); }
 
   DesktopSession session_;
 };
@@ -37,7 +36,7 @@ class DesktopTodayTest : public testing::Test {
 TEST_F(DesktopTodayTest, TheRecapsLineLeadsToCardsTheirRowsAndADocument) {
   session_.start();
   EXPECT_TRUE(recapLine().startsWith("Today: ")) << recapLine().toStdString();
-  session_.page().findChild<QToolButton*>("todayLine")->click();
+  session_.page().findChild<QPushButton*>("todayLine")->click();
   ASSERT_EQ(session_.window().views().addedOnShow(), kTodayPage);
   TodayPage& page = *session_.window().views().findChild<TodayPage*>();
   // Each family's document opens from its own kind.

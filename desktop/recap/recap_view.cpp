@@ -3,7 +3,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QScrollArea>
+#include <QStyle>
 #include <QToolButton>
 #include <sstream>
 #include <utility>
@@ -89,7 +91,8 @@ void RecapView::arrange() {
 void RecapView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   const int needed = assets_->sizeHint().width() +
-                     qMax(liabilities_->sizeHint().width(), profit_->sizeHint().width()) + 56;
+                     qMax(liabilities_->sizeHint().width(), profit_->sizeHint().width()) + 56 +
+                     style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   const int columns = width() >= kThreeColumns ? 3 : width() >= needed ? 2 : 1;
   if (columns == columns_) return;
   columns_ = columns;
@@ -115,22 +118,19 @@ QWidget* RecapView::buildHead() {
   layout->addWidget(label("lblcompiledate", head, Qt::AlignLeft), 1, 0);
   layout->setColumnStretch(0, 1);
 
-  today_ = new QToolButton(head);
+  today_ = new QPushButton(head);
   today_->setObjectName(QStringLiteral("todayLine"));
-  today_->setAutoRaise(true);
-  today_->setFocusPolicy(Qt::StrongFocus);
+  today_->setFlat(true);
+  today_->setCursor(Qt::PointingHandCursor);
+  // A line of text that begins where the title does.
+  today_->setStyleSheet(
+      QStringLiteral("QPushButton{border:none;padding:2px 0;text-align:left}"
+                     "QPushButton:hover,QPushButton:focus{text-decoration:underline}"));
   QPalette colors = today_->palette();
   colors.setColor(QPalette::ButtonText, accentColor(palette()));
   today_->setPalette(colors);
-  connect(today_, &QToolButton::clicked, this, [this] { Q_EMIT pageRequested(kTodayPage); });
-  // Its text begins where the title does, not its frame.
-  today_->setText(tr("Today"));
-  const int inside =
-      today_->sizeHint().width() - today_->fontMetrics().size(0, today_->text()).width();
-  auto* line = new QHBoxLayout;
-  line->setContentsMargins(-inside / 2, 0, 0, 0);
-  line->addWidget(today_, 0, Qt::AlignLeft);
-  layout->addLayout(line, 2, 0);
+  connect(today_, &QPushButton::clicked, this, [this] { Q_EMIT pageRequested(kTodayPage); });
+  layout->addWidget(today_, 2, 0, Qt::AlignLeft);
 
   auto* charts = new QToolButton(head);
   charts->setText(tr("&Charts"));

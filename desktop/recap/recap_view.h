@@ -10,8 +10,8 @@
 #include "shell/recap_figures.h"
 
 class QGridLayout;
-class QToolButton;
 class QLabel;
+class QPushButton;
 
 namespace dg {
 
@@ -62,7 +62,7 @@ class RecapView : public QWidget {
   void addFigure(Card& card, int row, int column, const RecapFigure& figure);
 
   Form& form_;
-  QToolButton* today_ = nullptr;
+  QPushButton* today_ = nullptr;
   std::map<Figure, QLabel*> changes_;  ///< under or beside the figures
   QGridLayout* sheet_;
   QWidget* head_;
