@@ -1,6 +1,7 @@
 #include "platform/fetch_pool.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <list>
@@ -38,6 +39,7 @@ struct Task {
   std::int64_t begin = 0;
   std::shared_ptr<File> file;  ///< none: it has to be opened
   Stage stage = Stage::kWaiting;
+  std::size_t bytesAhead = 0;  ///< that it stands for in the bound
   FetchedRun fetched;
 };
 using TaskPointer = std::shared_ptr<Task>;
@@ -45,18 +47,25 @@ using Tasks = std::list<TaskPointer>;
 
 /// Opens, if that is still to be done, and reads; nothing when anything fails: whoever asks meets
 /// the failure by itself. `size` becomes the file's.
-FetchedRun fetch(const Task& task, std::int64_t& size) {
+FetchedRun fetch(const Task& task, ShareLine& line, std::int64_t& size) {
   try {
     FetchedRun fetched;
     fetched.file = task.file;
-    if (!fetched.file) fetched.file = openAtOnce(task.native, task.access);
+    if (!fetched.file) {
+      const auto begin = Clock::now();
+      fetched.file = openAtOnce(task.native, task.access);
+      line.note(Clock::now() - begin);
+    }
     if (!fetched.file) return {};
     size = std::max<std::int64_t>(fetched.file->size(), 0);
     const auto left = static_cast<std::size_t>(std::max<std::int64_t>(size - task.begin, 0));
     // Whole extents, and where it can be room for the read to meet the file's end.
     fetched.capacity = (std::min(left, kLongestRun - 1) / kExtentSize + 1) * kExtentSize;
-    fetched.bytes = std::make_unique_for_overwrite<char[]>(fetched.capacity);
+    fetched.bytes = resized(nullptr, fetched.capacity);
     fetched.length = fetched.file->read(task.begin, fetched.bytes.get(), fetched.capacity);
+    if (fetched.length < fetched.capacity) {
+      fetched.bytes = resized(std::move(fetched.bytes), fetched.length);
+    }
     return fetched;
   } catch (const RunTimeError&) {
     return {};
@@ -76,8 +85,8 @@ struct FetchPool::Shared {
   std::condition_variable taskDone;
   Tasks tasks;  ///< the oldest in front
   std::vector<std::shared_ptr<File>> toClose;
-  std::size_t bytesAhead = 0;  ///< of tasks that are done
-  std::size_t filesSoon = 0;   ///< tasks that are expected soon
+  std::array<std::size_t, 2> bytesAhead = {};  ///< by Expected
+  std::size_t filesSoon = 0;                   ///< tasks that are expected soon
   std::size_t workers = 0;
   std::size_t idle = 0;
   bool isOver = false;
@@ -86,10 +95,20 @@ struct FetchPool::Shared {
     TaskPointer later;
     for (const TaskPointer& task : tasks) {
       if (task->stage != Stage::kWaiting) continue;
-      if (task->when == Expected::kSoon) return bytesAhead < kMostBytesAhead ? task : nullptr;
-      if (!later) later = task;
+      if (task->when == Expected::kSoon && hasRoom(Expected::kSoon)) return task;
+      if (task->when == Expected::kLater && !later && hasRoom(Expected::kLater)) later = task;
     }
-    return bytesAhead < kMostBytesLater ? later : nullptr;
+    return later;
+  }
+
+  std::size_t& ahead(Expected when) { return bytesAhead[static_cast<std::size_t>(when)]; }
+  bool hasRoom(Expected when) const {
+    return bytesAhead[static_cast<std::size_t>(when)] + kLongestRun <= kMostBytesAhead;
+  }
+  /// A task that begins stands for all that it may bring, one that is done for what it has.
+  void count(Task& task, std::size_t bytes) {
+    ahead(task.when) += bytes - task.bytesAhead;
+    task.bytesAhead = bytes;
   }
 
   Tasks::iterator find(const std::string& path, std::int64_t begin) {
@@ -103,8 +122,8 @@ struct FetchPool::Shared {
   }
 
   void remove(Tasks::iterator place) {
-    const Task& task = **place;
-    if (task.stage == Stage::kDone) bytesAhead -= task.fetched.length;
+    Task& task = **place;
+    count(task, 0);
     if (task.when == Expected::kSoon) --filesSoon;
     tasks.erase(place);
   }
@@ -169,11 +188,10 @@ void FetchPool::Shared::work() {
       continue;
     }
     task->stage = Stage::kBegun;
+    count(*task, kLongestRun);
     lock.unlock();
     std::int64_t size = 0;
-    const auto begin = Clock::now();
-    FetchedRun fetched = fetch(*task, size);
-    line->note(Clock::now() - begin);
+    FetchedRun fetched = fetch(*task, *line, size);
     lock.lock();
     if (std::ranges::find(tasks, task) == tasks.end()) {  // given up meanwhile
       if (fetched.file) toClose.push_back(std::move(fetched.file));
@@ -184,7 +202,7 @@ void FetchPool::Shared::work() {
       addRuns(*task, fetched.file, size);
       workCame.notify_all();
     }
-    bytesAhead += fetched.length;
+    count(*task, fetched.length);
     task->fetched = std::move(fetched);
     task->stage = Stage::kDone;
     taskDone.notify_all();
@@ -203,10 +221,8 @@ FetchPool::~FetchPool() {
   shared_->workCame.notify_all();
 }
 
-/// As many as find something to do, up to the bound; none where files are near: to hand a read to
-/// another thread takes longer there than to do it.
+/// As many as find something to do, up to the bound.
 void FetchPool::startWorkers() {
-  if (!shared_->line->isFar()) return;
   const auto waiting =
       static_cast<std::size_t>(std::ranges::count(shared_->tasks, Stage::kWaiting, &Task::stage));
   const std::size_t busy = shared_->workers - shared_->idle;
@@ -222,6 +238,7 @@ void FetchPool::startWorkers() {
 void FetchPool::expect(const std::string& path, FileAccess access, Expected when) {
   std::optional<std::string> native;
   try {
+    shared_->line->meet(path);
     native = shared_->line->call([path] { return placeAsWritten(path); });
   } catch (const RunTimeError&) {
     return;  // the line is silent

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/file.h"
+#include "platform/heap_bytes.h"
 #include "platform/read_ahead.h"
 
 namespace dg {
@@ -15,9 +16,9 @@ class ShareLine;
 /// What a worker has read of a file in one go, and the file.
 struct FetchedRun {
   std::shared_ptr<File> file;
-  std::unique_ptr<char[]> bytes;  ///< none when there is nothing
-  std::size_t length = 0;         ///< bytes that there were
-  std::size_t capacity = 0;       ///< bytes that were asked for: whole extents
+  HeapBytes bytes;           ///< none when there is nothing
+  std::size_t length = 0;    ///< bytes that there were
+  std::size_t capacity = 0;  ///< bytes that were asked for: whole extents
 };
 
 /// A bounded pool of workers that opens files and reads them before they are asked for: runs of
@@ -30,9 +31,9 @@ struct FetchedRun {
 class FetchPool {
  public:
   static constexpr std::size_t kWorkers = 16;
-  /// Bounds of what is fetched and not asked for yet: of files that are expected later, and of all.
-  static constexpr std::size_t kMostBytesLater = std::size_t{24} << 20;
-  static constexpr std::size_t kMostBytesAhead = std::size_t{32} << 20;
+  /// Bound of what is fetched, or being fetched, and not asked for yet: for each of both kinds of
+  /// expectation, so that what is needed late in a load does not stand in the way of the next.
+  static constexpr std::size_t kMostBytesAhead = std::size_t{16} << 20;
   /// Files that are expected soon; beyond it the oldest is given up.
   static constexpr std::size_t kMostFilesSoon = 64;
 

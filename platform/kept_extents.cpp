@@ -15,18 +15,6 @@ using namespace read_ahead;
 constexpr std::int64_t kExtent = kExtentSize;
 constexpr std::size_t kLongestRunExtents = kLongestRun / kExtentSize;
 
-using Bytes = KeptRun::Bytes;
-
-/// Bytes from the C heap, which gives back the end of a block without moving the rest: a run's
-/// length is known only when it has been read, and stores have thousands of files that are far
-/// shorter than an extent.
-Bytes resized(Bytes bytes, std::size_t size) {
-  char* const moved = static_cast<char*>(std::realloc(bytes.get(), std::max<std::size_t>(size, 1)));
-  if (moved == nullptr) throw std::bad_alloc();
-  static_cast<void>(bytes.release());
-  return Bytes(moved);
-}
-
 }  // namespace
 
 bool KeptExtents::knows(const std::string& path) const {
@@ -80,7 +68,7 @@ const KeptRun* KeptExtents::fetch(KeptFile& kept, ExtentSource& source, std::int
   if (kept.unreadable.contains(extent)) return nullptr;
   const std::int64_t begin =
       extent * kExtent / std::int64_t{kLongestRun} * std::int64_t{kLongestRun};
-  if (const FetchedRun fetched = source.takeRun(begin); fetched.bytes) {
+  if (FetchedRun fetched = source.takeRun(begin); fetched.bytes) {
     keep(kept, begin, fetched);
     if (const KeptRun* taken = find(kept, extent)) return taken;
   }
@@ -112,7 +100,7 @@ void KeptExtents::add(KeptRun run) {
 }
 
 /// Extents of which something is known already stay as they were first seen.
-void KeptExtents::keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched) {
+void KeptExtents::keep(KeptFile& kept, std::int64_t begin, FetchedRun& fetched) {
   const std::int64_t first = begin / kExtent;
   const std::size_t extents = fetched.capacity / kExtentSize;
   for (std::size_t i = 0; i < extents; ++i) {
@@ -123,8 +111,7 @@ void KeptExtents::keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fet
   run.firstExtent = first;
   run.extents = extents;
   run.length = fetched.length;
-  run.bytes = resized(nullptr, run.length);
-  std::copy_n(fetched.bytes.get(), run.length, run.bytes.get());
+  run.bytes = std::move(fetched.bytes);
   add(std::move(run));
 }
 

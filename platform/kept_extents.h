@@ -2,14 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <list>
-#include <memory>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "platform/fetch_pool.h"
+#include "platform/heap_bytes.h"
 #include "platform/read_ahead.h"
 
 namespace dg {
@@ -18,15 +17,10 @@ class KeptFile;
 
 /// Extents that one read fetched, one behind the other.
 struct KeptRun {
-  struct Free {
-    void operator()(char* bytes) const { std::free(bytes); }
-  };
-  using Bytes = std::unique_ptr<char, Free>;
-
   KeptFile* file = nullptr;
   std::int64_t firstExtent = 0;
   std::size_t extents = 0;
-  Bytes bytes;
+  HeapBytes bytes;
   std::size_t length = 0;  ///< of bytes: less than the extents' when the file ends there
 
   std::int64_t begin() const { return firstExtent * std::int64_t{read_ahead::kExtentSize}; }
@@ -63,9 +57,9 @@ class KeptExtents {
   /// As File::read, out of what is kept where it can be.
   std::size_t read(KeptFile& kept, ExtentSource& source, std::int64_t offset, char* buffer,
                    std::size_t count);
-  /// Keeps what a worker has read. Extents of which something is known stay as they were first
-  /// seen.
-  void keep(KeptFile& kept, std::int64_t begin, const FetchedRun& fetched);
+  /// Keeps the bytes that a worker has read, and takes them. Extents of which something is known
+  /// stay as they were first seen.
+  void keep(KeptFile& kept, std::int64_t begin, FetchedRun& fetched);
   /// Forgets the bytes; references to files stay.
   void forgetAll();
 

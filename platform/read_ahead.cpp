@@ -133,13 +133,18 @@ std::unique_ptr<Load>& load() {
 /// Whether the last load's share gave no answer: to close a file of it may take for ever.
 bool wasSilent = false;
 
+/// Whether the scope in force looks after what is asked of the system's files.
+bool attends() {
+  return load() != nullptr && systemFilesInPlace();
+}
+
 class ReadAheadFile final : public File, private ExtentSource {
  public:
   ReadAheadFile(std::shared_ptr<File> file, std::string path, FileAccess access)
       : file_(std::move(file)), path_(std::move(path)), access_(access) {}
   ~ReadAheadFile() override {
     // One that failed may do better when it is opened anew.
-    if (canExpectFiles()) {
+    if (attends()) {
       if (hasFailed_) {
         load()->close(std::move(file_));
       } else {
@@ -174,7 +179,7 @@ class ReadAheadFile final : public File, private ExtentSource {
   }
 
  private:
-  bool isAttended() const { return isOnShare_ && canExpectFiles(); }
+  bool isAttended() const { return isOnShare_ && attends(); }
 
   std::size_t readKept(std::int64_t offset, char* buffer, std::size_t count) {
     if (loadId_ != load()->id()) {
@@ -198,7 +203,7 @@ class ReadAheadFile final : public File, private ExtentSource {
   }
 
   FetchedRun takeRun(std::int64_t begin) override {
-    if (!canExpectFiles()) return {};
+    if (!attends()) return {};
     FetchedRun fetched = load()->takeRun(path_, begin);
     load()->close(std::move(fetched.file));
     return fetched;
@@ -223,8 +228,10 @@ class ReadAheadFile final : public File, private ExtentSource {
 /// A question about a path, or its opening, by the system's files.
 template <class Ask>
 auto attended(const std::string& path, Ask ask) {
-  if (!canExpectFiles() || !isSharePath(path)) return ask();
-  return load()->line().call(std::move(ask));
+  if (!attends() || !isSharePath(path)) return ask();
+  ShareLine& line = load()->line();
+  line.meet(path);
+  return line.call(std::move(ask));
 }
 
 }  // namespace
@@ -248,7 +255,7 @@ ReadAheadSettings setReadAhead(const ReadAheadSettings& newSettings) {
 }
 
 std::unique_ptr<File> openReadAhead(FileSystem& files, const std::string& path, FileAccess access) {
-  if (canExpectFiles()) {
+  if (attends()) {
     if (std::shared_ptr<File> file = load()->takeFile(path, access)) {
       return std::make_unique<ReadAheadFile>(std::move(file), path, access);
     }
@@ -259,7 +266,7 @@ std::unique_ptr<File> openReadAhead(FileSystem& files, const std::string& path, 
 }
 
 bool answerAhead(const std::string& path, const std::function<bool(const std::string&)>& ask) {
-  if (canExpectFiles()) {
+  if (attends()) {
     if (std::shared_ptr<File> file = load()->takeFile(path, FileAccess::kRead)) {
       load()->park(path, FileAccess::kRead, std::move(file));
       return true;
@@ -273,7 +280,7 @@ bool answerAhead(const std::string& path, const std::function<bool(const std::st
 }
 
 bool canExpectFiles() {
-  return load() != nullptr && systemFilesInPlace();
+  return attends() && load()->line().isFar();
 }
 
 void expectFile(const std::string& path, FileAccess access, Expected when) {

@@ -52,7 +52,8 @@ enum class Expected {
   kLater,  ///< some time within the load
 };
 
-/// Whether it is of use to tell which files will be asked for: a scope lives.
+/// Whether it is of use to tell which files will be asked for: a scope lives, and the share is far.
+/// To hand a read to another thread takes longer than to do it where files are near.
 bool canExpectFiles();
 /// Tells that a file will be opened soon: workers open and read it meanwhile, several files at a
 /// time. Whoever opens it gets what it would have got by itself, errors too.
@@ -61,8 +62,8 @@ void expectFile(const std::string& path, FileAccess access, Expected when);
 /// How scopes behave that begin from now on. For benchmarks and tests that compare.
 struct ReadAheadSettings {
   bool isEnabled = true;
-  /// A share whose answers take longer is far: many calls are under way at once, and whoever waits
-  /// for one can give it up.
+  /// A share whose answers take longer is far, as one on another machine is: many calls are under
+  /// way at once, and whoever waits for one can give it up.
   std::chrono::microseconds near{300};
   /// How long an answer of a far share is waited for.
   std::chrono::milliseconds patience = kPatience;

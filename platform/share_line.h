@@ -1,39 +1,54 @@
 #pragma once
 
 #include <atomic>
+#include <bit>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <new>
 #include <optional>
+#include <string>
 #include <type_traits>
 #include <utility>
 
 #include "platform/patience.h"
+#include "platform/system_file.h"
 #include "platform/values/run_time_error.h"
 
 namespace dg {
 
 /// The line to the share, as a load finds it, and the calls that go over it.
 ///
-/// A call of a share that does not answer cannot be ended. So once the line has shown itself to be
-/// far, calls are made on a thread of their own, and whoever waits for one can give it up: it goes
-/// on until the system ends it, and what it brings is dropped. From then on the line is silent, and
-/// every call fails at once.
+/// A call of a share that does not answer cannot be ended. So where the line is far, calls are made
+/// on a thread of their own, and whoever waits for one can give it up: it goes on until the system
+/// ends it, and what it brings is dropped. From then on the line is silent, and every call fails at
+/// once.
+///
+/// A line is far where it leads to another machine, and while answers are slow: a disk that has to
+/// turn. One slow answer alone may be this machine's own delay.
 class ShareLine {
  public:
-  /// An answer that takes longer than `near` makes the line a far one.
+  /// An answer that takes longer than `near` is a slow one.
   ShareLine(std::chrono::microseconds near, std::chrono::milliseconds patience);
   ~ShareLine();
   ShareLine(const ShareLine&) = delete;
   ShareLine& operator=(const ShareLine&) = delete;
 
   /// Also while no call has been answered yet.
-  bool isFar() const { return isFar_ || !isKnown_; }
+  bool isFar() const { return !isKnown_ || leadsAway_ || isSlow(); }
   bool isSilent() const { return isSilent_; }
+  /// Finds out, once, whether the line leads to another machine, by a path of its share. Raises 57
+  /// on a silent line.
+  void meet(const std::string& path) {
+    if (std::exchange(isMet_, true)) return;
+    leadsAway_ = call([path] { return liesOnOtherMachine(path); });
+  }
   /// Learns from an answer. On any thread.
   void note(std::chrono::steady_clock::duration answer) {
-    if (answer > near_) isFar_ = true;
+    // What another thread notes at the same time may be lost: one answer more or less.
+    const unsigned slow = answer > near_ ? 1 : 0;
+    lastAnswers_ = static_cast<std::uint8_t>(lastAnswers_ << 1U | slow);
     isKnown_ = true;
   }
   /// As waitPatiently; where that gives up, the line is silent.
@@ -45,7 +60,7 @@ class ShareLine {
   std::invoke_result_t<Make> call(Make make) {
     using Result = std::invoke_result_t<Make>;
     if (isSilent_) throw RunTimeError(kDeviceIoError);
-    if (isKnown_ && !isFar_) {
+    if (!isFar()) {
       const Timed timed(*this);
       return make();
     }
@@ -82,13 +97,18 @@ class ShareLine {
   };
   struct Caller;
 
+  /// More than two of the last eight answers were.
+  bool isSlow() const { return std::popcount(lastAnswers_.load()) > 2; }
   /// Raises 57 when the call is given up.
   void run(std::function<void()> call);
 
   std::chrono::microseconds near_;
   std::chrono::milliseconds patience_;
+  bool isMet_ = false;
+  std::atomic<bool> leadsAway_ = false;
   std::atomic<bool> isKnown_ = false;
-  std::atomic<bool> isFar_ = false;
+  /// A bit for each, the latest in the lowest place; to begin with, a first slow one settles it.
+  std::atomic<std::uint8_t> lastAnswers_ = 0b11;
   std::atomic<bool> isSilent_ = false;
   std::shared_ptr<Caller> caller_;
 };

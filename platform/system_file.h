@@ -24,6 +24,10 @@ std::optional<std::string> placeAsWritten(const std::string& path);
 /// be called, and the file be read and closed, on any one thread.
 std::unique_ptr<File> openAtOnce(const std::string& native, FileAccess access);
 
+/// Whether a share's files are another machine's, by where its folder really lies: as the system
+/// has mounted it, no question about it goes over the line.
+bool liesOnOtherMachine(const std::string& path);
+
 /// From now on, folders of a share are looked up and listed once only; or no longer, and what was
 /// learnt is forgotten. See ReadAheadScope.
 void keepPlaces(bool keep);

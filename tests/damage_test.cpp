@@ -8,6 +8,7 @@
 
 #include "tests/support/full_run.h"
 #include "tests/support/resident_memory.h"
+#include "tests/support/temporary_folder.h"
 #include "tools/sample/sample_store.h"
 
 namespace dg::test {
@@ -53,6 +54,20 @@ TEST(DamageTest, ASoundStoreHasNoFaults) {
 class DamagedCopies : public testing::TestWithParam<std::uint64_t> {};
 constexpr std::uint64_t kShards = 8;
 
+/// Workers that fetch ahead change nothing: neither what is shown nor what is told.
+void compareFar(const DamagedStore& store, const FullRun& near) {
+  const TemporaryFolder folder;
+  for (const SampleFile& file : store.files)
+    folder.write("store/" + file.path, file.content);
+  const FullRun far = runFullyFar(folder.file("store"));
+  EXPECT_TRUE(far.faults.empty()) << store.story << testing::PrintToString(far.faults);
+  EXPECT_EQ(far.windows, near.windows) << store.story;
+  EXPECT_EQ(far.failed, near.failed) << store.story;
+  EXPECT_EQ(far.log, near.log) << store.story;
+}
+/// Of the copies of a shard, those that are read over a far line too.
+constexpr std::uint64_t kFarEach = 12;
+
 TEST_P(DamagedCopies, AreReadWithoutHarmAndFailuresAreTold) {
   const std::uint64_t usual = 7 * Damager::kinds().size();
   const std::uint64_t first = fromEnvironment("DG_DAMAGE_FIRST", 0);
@@ -67,6 +82,7 @@ TEST_P(DamagedCopies, AreReadWithoutHarmAndFailuresAreTold) {
     const FullRun run = runFully(store.files, limit);
     EXPECT_TRUE(run.faults.empty())
         << "copy " << number << " (" << store.story << "): " << testing::PrintToString(run.faults);
+    if ((number - first) / kShards % kFarEach == 0) compareFar(store, run);
     if (!trace) continue;
     std::cerr << "  calls " << run.steps << ", windows " << run.windows << ", labels in error "
               << run.failed.size() << std::endl;

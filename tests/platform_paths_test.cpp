@@ -3,12 +3,14 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <optional>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/host_look_up.h"
+#include "platform/posix/mounts.h"
 #include "platform/system_environment.h"
 #include "tests/support/error_number.h"
 #include "tests/support/scopes.h"
@@ -182,6 +184,25 @@ class Variable {
   const char* name_;
   std::optional<std::string> former_;
 };
+
+TEST(Mounts, AShareIsElsewhereWhenTheDeepestMountAboveItIs) {
+  const auto isElsewhere = [](const std::string& real) {
+    std::istringstream mounts(
+        "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+        "23 22 0:40 / /mnt rw - tmpfs none rw\n"
+        "24 23 0:41 / /mnt/the\\040store rw shared:2 master:3 - cifs //srv/vlmrlnk rw\n"
+        "25 24 8:2 / /mnt/the\\040store/local rw - xfs /dev/sdb rw\n"
+        "26 22 0:42 / /home/o/net rw - fuse.sshfs o@srv:/ rw\n"
+        "27 22 0:43 / /over rw - nfs4 srv:/x rw\n"
+        "28 22 8:3 / /over rw - ext4 /dev/sdc rw\n"
+        "broken line\n");
+    return isMountedFromElsewhere(mounts, real);
+  };
+  for (const char* there : {"/mnt/the store", "/mnt/the store/SRV1", "/home/o/net/a/b"})
+    EXPECT_TRUE(isElsewhere(there)) << there;
+  for (const char* here : {"/", "/mnt", "/mnt/the storeroom", "/mnt/the store/local/x", "/over/x"})
+    EXPECT_FALSE(isElsewhere(here)) << here;
+}
 
 TEST(EnvironmentFromSystem, TheTemporaryFolderIsNeverEmpty) {
   const Variable tmpdir("TMPDIR", "/var/tmp");

@@ -72,6 +72,8 @@ TEST_F(ShareUntouchedTest, ARunLeavesEveryFileAsItWas) {
   EXPECT_TRUE(run.failed.empty());
   EXPECT_GT(run.windows, 300);
   EXPECT_EQ(listing(share()), before);
+  EXPECT_GT(runFullyFar(store_).windows, 300);
+  EXPECT_EQ(listing(share()), before);
   // The log is what the program does write, in the workstation's own folder.
   EXPECT_TRUE(fs::exists(fs::path(store_) / "temp" / "dgoperation.log"));
 }

@@ -217,7 +217,8 @@ TEST_F(WritersTest, LoadsWhileOthersWriteEndAndTheNextIsExact) {
     Terminal sizes([this] { resizeFiles(3); });
     for (int load = 0; load < loads(); ++load) {
       const RunExtent extent = load % 8 == 7 ? RunExtent::kEverything : RunExtent::kLoadAndRefresh;
-      const FullRun run = runFullyOnDisk(store_, kStepLimit, extent);
+      const FullRun run =
+          load % 2 == 0 ? runFullyOnDisk(store_, kStepLimit, extent) : runFullyFar(store_, extent);
       EXPECT_TRUE(run.faults.empty())
           << "load " << load << ": " << testing::PrintToString(run.faults);
       if (!run.failed.empty()) ++disturbed;

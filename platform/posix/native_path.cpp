@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <dirent.h>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -15,6 +16,7 @@
 
 #include "platform/environment.h"
 #include "platform/file_call.h"
+#include "platform/posix/mounts.h"
 #include "platform/posix/system_error.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
@@ -302,6 +304,16 @@ void noteShare(const std::string& root) {
   if (!native) return;
   std::optional<std::string> real = realPath(*native);
   if (real) metShares().emplace(std::move(key), std::move(*real));
+}
+
+bool liesOnOtherMachine(const std::string& path) {
+  const std::string root = environment().shareRoot;
+  const std::optional<std::vector<std::string>> names = namesBelowRoot(root, path);
+  if (!names) return false;
+  const std::optional<std::string> real = realFolder(shareFolder(joined(root, *names), root));
+  if (!real) return false;
+  std::ifstream mounts("/proc/self/mountinfo");
+  return isMountedFromElsewhere(mounts, *real);
 }
 
 void keepPlaces(bool keep) {

@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include "platform/environment.h"
 #include "platform/share_path.h"
 #include "platform/system_file.h"
@@ -26,6 +28,14 @@ std::optional<std::string> nativePath(const std::string& path) {
   for (const std::string& name : *names)
     native += "\\" + name;
   return native;
+}
+
+bool liesOnOtherMachine(const std::string& path) {
+  const std::optional<std::string> native = nativePath(path);
+  if (!native) return false;
+  if (isSeparator(native->front())) return true;
+  const std::string drive = native->substr(0, 2) + "\\";
+  return ::GetDriveTypeA(drive.c_str()) == DRIVE_REMOTE;
 }
 
 /// The system looks names up itself, without regard to case.

@@ -1,12 +1,14 @@
 #include "tests/support/full_run.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <span>
 #include <string_view>
 #include <utility>
 
 #include "platform/environment.h"
+#include "platform/read_ahead.h"
 #include "platform/system_file.h"
 #include "platform/unopened_files.h"
 #include "shell/main.h"
@@ -149,21 +151,28 @@ class Driver final : private DetailVisitor {
   std::size_t startOfStage_ = 0;
 };
 
-FullRun runOver(ProgramRun& surroundings, std::unique_ptr<StepLimitFileSystem> files,
-                std::uint64_t stepLimit, RunExtent extent, KeepPicture keep) {
+/// Over the file system in place.
+FullRun runInPlace(ProgramRun& surroundings, RunExtent extent, KeepPicture keep) {
   FullRun result;
-  const StepLimitFileSystem& counter = *files;
-  files->setLimit(stepLimit);
-  setFileSystem(std::move(files));
   try {
     Driver(result, surroundings, keep).run(extent);
-  } catch (const TooManySteps&) {
-    result.faults.push_back("more than " + std::to_string(stepLimit) + " calls to the file system");
+  } catch (const TooManySteps& error) {
+    result.faults.push_back("more than " + std::to_string(error.limit) +
+                            " calls to the file system");
   } catch (const std::exception& error) {
     result.faults.push_back(std::string("an exception left the program: ") + error.what());
   }
   result.log = surroundings.logged;
   result.messages = surroundings.messages;
+  return result;
+}
+
+FullRun runOver(ProgramRun& surroundings, std::unique_ptr<StepLimitFileSystem> files,
+                std::uint64_t stepLimit, RunExtent extent, KeepPicture keep) {
+  const StepLimitFileSystem& counter = *files;
+  files->setLimit(stepLimit);
+  setFileSystem(std::move(files));
+  FullRun result = runInPlace(surroundings, extent, keep);
   result.steps = counter.steps();
   return result;
 }
@@ -189,6 +198,15 @@ FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit, RunExt
   surroundings.openOnDisk(store);
   return runOver(surroundings, std::make_unique<StepLimitFileSystem>(systemFileSystem()), stepLimit,
                  extent, keep);
+}
+
+FullRun runFullyFar(const std::string& store, RunExtent extent, KeepPicture keep) {
+  ProgramRun surroundings;
+  surroundings.openOnDisk(store);
+  const ReadAheadSettings former = setReadAhead({.near = std::chrono::microseconds(-1)});
+  const FullRun result = runInPlace(surroundings, extent, keep);
+  setReadAhead(former);
+  return result;
 }
 
 }  // namespace dg::test

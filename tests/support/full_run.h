@@ -50,5 +50,9 @@ FullRun runFully(ProgramRun& surroundings, std::unique_ptr<FileSystem> files,
 FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit,
                        RunExtent extent = RunExtent::kEverything,
                        KeepPicture keep = KeepPicture::kNo);
+/// The same as over a far line. Its workers fetch the operating system's own files only, so nothing
+/// bounds the calls.
+FullRun runFullyFar(const std::string& store, RunExtent extent = RunExtent::kEverything,
+                    KeepPicture keep = KeepPicture::kNo);
 
 }  // namespace dg::test
