@@ -276,6 +276,7 @@ FetchedRun FetchPool::takeRun(const std::string& path, std::int64_t begin) {
 }
 
 void FetchPool::close(std::shared_ptr<File> file) {
+  if (!shared_->line->isFar()) return;  // and is closed here
   {
     const std::lock_guard<std::mutex> lock(shared_->mutex);
     if (shared_->workers > 0) shared_->toClose.push_back(std::move(file));

@@ -48,7 +48,7 @@ class FetchPool {
   FetchedRun takeFile(const std::string& path, FileAccess access);
   /// The run that begins at a place, a multiple of read_ahead::kLongestRun, however it was opened.
   FetchedRun takeRun(const std::string& path, std::int64_t begin);
-  /// Closes a file on a worker: nobody waits for that.
+  /// Closes a file, on a worker where that may take its time: nobody waits for it.
   void close(std::shared_ptr<File> file);
   /// Gives up all that was fetched or is to be.
   void forgetAll();
