@@ -1,9 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <atomic>
-#include <bit>
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <new>
@@ -26,7 +25,8 @@ namespace dg {
 /// once.
 ///
 /// A line is far where it leads to another machine, and while answers are slow: a disk that has to
-/// turn. One slow answer alone may be this machine's own delay.
+/// turn. One slow answer alone may be this machine's own delay, and quick ones come from what the
+/// system knows already: so a slow one weighs more, and it takes a few of them.
 class ShareLine {
  public:
   /// An answer that takes longer than `near` is a slow one.
@@ -47,8 +47,9 @@ class ShareLine {
   /// Learns from an answer. On any thread.
   void note(std::chrono::steady_clock::duration answer) {
     // What another thread notes at the same time may be lost: one answer more or less.
-    const unsigned slow = answer > near_ ? 1 : 0;
-    lastAnswers_ = static_cast<std::uint8_t>(lastAnswers_ << 1U | slow);
+    const int weight = slowness_;
+    slowness_ =
+        answer > near_ ? std::min(weight + kSlowAnswer, kMostSlowness) : std::max(weight - 1, 0);
     isKnown_ = true;
   }
   /// As waitPatiently; where that gives up, the line is silent.
@@ -97,8 +98,12 @@ class ShareLine {
   };
   struct Caller;
 
-  /// More than two of the last eight answers were.
-  bool isSlow() const { return std::popcount(lastAnswers_.load()) > 2; }
+  /// What a slow answer weighs against quick ones, and beyond which weight a line is far.
+  static constexpr int kSlowAnswer = 16;
+  static constexpr int kFarSlowness = 32;
+  static constexpr int kMostSlowness = 64;
+  bool isSlow() const { return slowness_ > kFarSlowness; }
+
   /// Raises 57 when the call is given up.
   void run(std::function<void()> call);
 
@@ -107,8 +112,8 @@ class ShareLine {
   bool isMet_ = false;
   std::atomic<bool> leadsAway_ = false;
   std::atomic<bool> isKnown_ = false;
-  /// A bit for each, the latest in the lowest place; to begin with, a first slow one settles it.
-  std::atomic<std::uint8_t> lastAnswers_ = 0b11;
+  /// A first answer that is slow settles it.
+  std::atomic<int> slowness_ = kFarSlowness - kSlowAnswer + 1;
   std::atomic<bool> isSilent_ = false;
   std::shared_ptr<Caller> caller_;
 };
