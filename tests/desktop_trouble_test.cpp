@@ -70,10 +70,13 @@ TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
   session.form().menuClick("mfile", 0);
   session.clickNode("I1");
   EXPECT_EQ(shownNotice(session.window()), "Could not be read completely.");
+  EXPECT_EQ(session.page().findChild<GridView*>()->emptyText(), "Nothing could be read");
 
   fs::rename(store / "share", store / "gone");
   session.form().menuClick("mfile", 0);
   EXPECT_TRUE(shownNotice(session.window()).contains("\\\\SRV1\\VLMRLNK\\")) << "the share's name";
+  session.clickNode("A6");
+  EXPECT_EQ(session.page().findChild<GridView*>()->emptyText(), "Nothing could be read");
   session.end();
 }
 

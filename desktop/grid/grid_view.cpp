@@ -272,6 +272,12 @@ void GridView::paintStripesBehindColumns(QPainter& painter) const {
   }
 }
 
+QString GridView::emptyText() const {
+  if (model_->rowCount() > 0) return {};
+  if (!model_->filter().isEmpty()) return tr("No row matches the filter");
+  return whole_ ? tr("Nothing to show") : tr("Nothing could be read");
+}
+
 void GridView::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
   QPainter painter(viewport());
@@ -280,10 +286,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     return;
   }
   painter.setPen(mutedColor(palette()));
-  const QString text = !model_->filter().isEmpty() ? tr("No row matches the filter")
-                       : whole_                    ? tr("Nothing to show")
-                                                   : tr("Nothing could be read");
-  painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter, text);
+  painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter, emptyText());
 }
 
 }  // namespace dg

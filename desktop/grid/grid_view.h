@@ -32,6 +32,8 @@ class GridView : public QTableView {
   /// Whether all rows there are could be read; else a table without rows does not say that there
   /// is nothing.
   void setWhole(bool whole);
+  /// What stands in the place of rows; empty when there are some.
+  QString emptyText() const;
   void resetColumnWidths();
   void scrollToColumn(int column);
 
