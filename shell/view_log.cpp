@@ -45,6 +45,7 @@ void frmViewLog::Form_Load() {
   if (logFailure()) {
     lblEmpty.setCaption("The log cannot be written: " + logFailure()->description() + ".");
   }
+  lblEmpty.setVisible(!lblEmpty.caption().empty());
 }
 
 void showLogViewer() {

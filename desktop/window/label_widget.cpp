@@ -51,7 +51,7 @@ LabelWidget::LabelWidget(Label& label, QWidget* parent)
   setTextFormat(Qt::PlainText);
   setFont(roleFont(label.role(), font()));
   setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  if (!label.visible()) {
+  if (!label.visible() && label.role() != LabelRole::kHint) {
     // A label that comes and goes keeps its place: it may have to show while the thread is busy.
     QSizePolicy policy = sizePolicy();
     policy.setRetainSizeWhenHidden(true);
