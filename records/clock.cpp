@@ -14,21 +14,32 @@ constexpr std::int32_t kTextKind = 2;
 constexpr Field<clsClock> kKindField[] = {
     integer(1, 'J', DG_MEMBER(Kind)),
 };
-// clang-format off: a row of the format is a line
+// A row of the format is a line.
+// clang-format off
 constexpr Field<clsClock> kTimeFields[] = {
-    integer(3, 'C', DG_MEMBER(Field3)),      date(5, 'C', DG_MEMBER(enteredDate)),
-    integer(7, 'C', DG_MEMBER(enteredTime)), date(9, 'C', DG_MEMBER(actualDate)),
-    integer(11, 'C', DG_MEMBER(actualTime)), rawText(13, 1, DG_MEMBER(InOut)),
-    integer(14, 'B', DG_MEMBER(bitsw)),      integer(26, 'L', DG_MEMBER(reference)),
-    integer(30, 'C', DG_MEMBER(segment)),    integer(32, 'B', DG_MEMBER(Field32)),
+    integer(3, 'C', DG_MEMBER(Field3)),
+    date(5, 'C', DG_MEMBER(enteredDate)),
+    integer(7, 'C', DG_MEMBER(enteredTime)),
+    date(9, 'C', DG_MEMBER(actualDate)),
+    integer(11, 'C', DG_MEMBER(actualTime)),
+    rawText(13, 1, DG_MEMBER(InOut)),
+    integer(14, 'B', DG_MEMBER(bitsw)),
+    integer(26, 'L', DG_MEMBER(reference)),
+    integer(30, 'C', DG_MEMBER(segment)),
+    integer(32, 'B', DG_MEMBER(Field32)),
 };
 // clang-format on
-// clang-format off: a row of the format is a line
+// A row of the format is a line.
+// clang-format off
 constexpr Field<clsClock> kTextFields[] = {
-    integer(3, 'C', DG_MEMBER(Field3)),   date(5, 'C', DG_MEMBER(enteredDate)),
-    packedText(9, 2, DG_MEMBER(Text9)),   packedText(11, 12, DG_MEMBER(Text11)),
-    integer(23, 'C', DG_MEMBER(Field23)), integer(26, 'L', DG_MEMBER(reference)),
-    integer(30, 'C', DG_MEMBER(segment)), integer(32, 'B', DG_MEMBER(Field32)),
+    integer(3, 'C', DG_MEMBER(Field3)),
+    date(5, 'C', DG_MEMBER(enteredDate)),
+    packedText(9, 2, DG_MEMBER(Text9)),
+    packedText(11, 12, DG_MEMBER(Text11)),
+    integer(23, 'C', DG_MEMBER(Field23)),
+    integer(26, 'L', DG_MEMBER(reference)),
+    integer(30, 'C', DG_MEMBER(segment)),
+    integer(32, 'B', DG_MEMBER(Field32)),
 };
 // clang-format on
 

@@ -36,7 +36,6 @@ constexpr Field<clsFloorPlan> kFields[] = {
 
 namespace extent {
 using Self = clsFloorPlanExtent;
-// clang-format off: a row of the format is a line
 constexpr Field<clsFloorPlanExtent> kFields[] = {
     integer(1, 'C', DG_MEMBER(recordStatus)),
     packedText(3, 2, DG_MEMBER(Line)),
@@ -47,7 +46,6 @@ constexpr Field<clsFloorPlanExtent> kFields[] = {
     scaled(22, 'D', 100, DG_MEMBER(Net)),
     integer(floor_plan_extent::kNext, DG_MEMBER(ExtentNext)),
 };
-// clang-format on
 }  // namespace extent
 
 }  // namespace

@@ -62,7 +62,6 @@ constexpr Field<clsInvoiceHistoryDetail> kUnitFields[] = {
     scaled(48, 'L', 100, DG_MEMBER(UnitNet)),
 };
 
-// clang-format off: a row of the format is a line
 constexpr Field<clsInvoiceHistoryDetail> kEveryLineFields[] = {
     wholeCurrency(39, 'J', DG_MEMBER(Quantity)),
     scaled(41, 'D', 100, DG_MEMBER(Net_Each)),
@@ -87,7 +86,6 @@ constexpr Field<clsInvoiceHistoryDetail> kEveryLineFields[] = {
     bit(51, 'C', 1, DG_MEMBER(Flag51Bit1)),
     bit(51, 'C', 0, DG_MEMBER(Flag51Bit0)),
 };
-// clang-format on
 
 /// What a remark holds beside its text goes by how the text begins.
 struct RemarkKind {

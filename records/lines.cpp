@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/business_basic.h"
+#include "engine/record_zero.h"
 #include "engine/state.h"
 #include "engine/text_utilities.h"
 #include "records/failure_log.h"
@@ -45,7 +46,7 @@ void normaliseLineType(clsLines& line) {
 }
 
 constexpr Field<clsLines> kFields[] = {
-    integer(3, 'C', DG_MEMBER(Line)),
+    integer(line_record::kNumber, DG_MEMBER(Line)),
     packedText(5, 2, DG_MEMBER(Alpha_Line)),
     packedText(7, 20, DG_MEMBER(Line_Name)),
     rawText(27, 1, DG_MEMBER(Auto_Order)),
@@ -163,8 +164,8 @@ clnLines::clnLines() {
   for (std::int32_t number = 1; number <= highest; ++number) {
     orb = true;
     const std::string record = readRecord(lines, number);
-    const bool inUse = dg::Unpack('J', record, 1) >= 1;
-    if (!inUse || dg::Unpack('C', record, 3) >= kFirstForeignLine) continue;
+    const bool inUse = dg::Unpack(kRecordInUse, record) >= 1;
+    if (!inUse || dg::Unpack(line_record::kNumber, record) >= kFirstForeignLine) continue;
     auto line = std::make_shared<clsLines>();
     line->Read(number, orb);
     Add(std::move(line));

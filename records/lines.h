@@ -15,11 +15,12 @@ namespace dg {
 /// Line numbers from here on are no product lines; walks over "LINEI" end at the first of them.
 inline constexpr std::int32_t kFirstForeignLine = 1000;
 
-/// Fields of a product line that are also read without the class: cents.
+/// Fields of a product line that are also read without the class.
 namespace line_record {
-inline constexpr NumberField kMerchandise{'L', 75};
-inline constexpr NumberField kMonthCost{'L', 91};
-inline constexpr NumberField kYearCost{'L', 103};
+inline constexpr NumberField kNumber{'C', 3};
+inline constexpr NumberField kMerchandise{'L', 75};  ///< cents
+inline constexpr NumberField kMonthCost{'L', 91};    ///< cents
+inline constexpr NumberField kYearCost{'L', 103};    ///< cents
 }  // namespace line_record
 
 /// A product line of the parts department with its running totals: "LINEL", found through "LINEI"

@@ -75,13 +75,21 @@ constexpr Field<clsUnitsLedger> kFields[] = {
 
 namespace history {
 using Self = clsUnitsHistory;
+// A row of the format is a line.
+// clang-format off
 constexpr Field<clsUnitsHistory> kFields[] = {
-    integer(3, 'C', DG_MEMBER(Line)),           rawText(5, 8, DG_MEMBER(UnitNumber)),
-    date(13, 'J', DG_MEMBER(DateServiced)),     integer(15, 'L', DG_MEMBER(InvoiceNumber)),
-    rawText(19, 144, DG_MEMBER(WorkPerformed)), integer(163, 'L', DG_MEMBER(Field163)),
-    rawText(167, 1, DG_MEMBER(WarrantySwitch)), integer(168, 'L', DG_MEMBER(ShopRef)),
-    scaled(172, 'L', 100, DG_MEMBER(Amount)),   integer(253, 'L', DG_MEMBER(Field253)),
+    integer(3, 'C', DG_MEMBER(Line)),
+    rawText(5, 8, DG_MEMBER(UnitNumber)),
+    date(13, 'J', DG_MEMBER(DateServiced)),
+    integer(15, 'L', DG_MEMBER(InvoiceNumber)),
+    rawText(19, 144, DG_MEMBER(WorkPerformed)),
+    integer(163, 'L', DG_MEMBER(Field163)),
+    rawText(167, 1, DG_MEMBER(WarrantySwitch)),
+    integer(168, 'L', DG_MEMBER(ShopRef)),
+    scaled(172, 'L', 100, DG_MEMBER(Amount)),
+    integer(253, 'L', DG_MEMBER(Field253)),
 };
+// clang-format on
 }  // namespace history
 
 namespace note {

@@ -30,28 +30,15 @@ const CheckedStore& deepStore() {
   return made;
 }
 
-class CheckIndex : public ::testing::Test {
+class CheckIndex : public CheckedFileTest {
  protected:
-  CheckedStore store = deepStore();
-  const std::string name = "CUSTI";
+  CheckIndex() : CheckedFileTest(deepStore(), "CUSTI", true) {}
 
   std::int32_t get(std::int64_t block, char op, std::int32_t position) {
     return store.blockField(name, block, op, position);
   }
   void set(std::int64_t block, char op, std::int32_t position, std::int32_t value) {
     store.setBlockField(name, block, op, position, value);
-  }
-  /// Expects a finding at a place of a block or record.
-  void expectDamage(const Findings& findings, std::string_view kind, std::int64_t number,
-                    std::int32_t position) {
-    EXPECT_TRUE(hasDamage(findings, kind, name, number, at(number, position)));
-  }
-  void expectNote(const Findings& findings, std::string_view kind, std::int64_t number,
-                  std::int32_t position) {
-    EXPECT_TRUE(hasNote(findings, kind, name, number, at(number, position)));
-  }
-  std::int64_t at(std::int64_t block, std::int32_t position) {
-    return store.blockOffset(name, block) + position - 1;
   }
   std::int32_t root() { return get(0, 'C', 9); }
   std::int32_t child(std::int32_t node, std::int32_t entry) {

@@ -18,26 +18,13 @@ constexpr std::int32_t kInUse = 1;
 constexpr std::int32_t kNextFree = 3;
 
 /// A store and its file of customers, which has free records.
-class CheckRecords : public ::testing::Test {
+class CheckRecords : public CheckedFileTest {
  protected:
-  CheckedStore store;
-  const std::string name = "CUSTL";
+  CheckRecords() : CheckedFileTest(CheckedStore(), "CUSTL", false) {}
 
   std::int32_t recordZero(std::int32_t position) { return store.field(name, 0, 'L', position); }
   void setRecordZero(std::int32_t position, std::int32_t value) {
     store.setField(name, 0, 'L', position, value);
-  }
-  /// Expects a finding at a place of a block or record.
-  void expectDamage(const Findings& findings, std::string_view kind, std::int64_t number,
-                    std::int32_t position) {
-    EXPECT_TRUE(hasDamage(findings, kind, name, number, at(number, position)));
-  }
-  void expectNote(const Findings& findings, std::string_view kind, std::int64_t number,
-                  std::int32_t position) {
-    EXPECT_TRUE(hasNote(findings, kind, name, number, at(number, position)));
-  }
-  std::int64_t at(std::int64_t record, std::int32_t position) {
-    return store.recordOffset(name, record) + position - 1;
   }
   /// The records of the free chain in its order: at least three.
   std::vector<std::int32_t> freeChain() {

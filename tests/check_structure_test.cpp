@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+#include "tests/support/asked_file_system.h"
 #include "tests/support/checked_store.h"
-#include "tests/support/faulty_file_system.h"
 #include "tools/sample/store_layout.h"
 
 // Link table, terminal table, directories, control file: what a store is found by.
@@ -205,9 +205,7 @@ TEST(CheckDirectories, NamesThatStandTwiceAndLengthsThatAreOdd) {
 /// A check over a store whose reads fail after a number of them.
 Findings checkFailing(CheckedStore& store, std::uint64_t after, bool forEver) {
   return store.check([=](std::unique_ptr<FileSystem> inner) {
-    auto faulty = std::make_unique<FaultyFileSystem>(std::move(inner));
-    faulty->failAfter(after, forEver);
-    return faulty;
+    return failingAfter(after, forEver, std::move(inner));
   });
 }
 

@@ -6,8 +6,8 @@
 
 #include "platform/environment.h"
 #include "platform/text_file.h"
+#include "tests/support/asked_file_system.h"
 #include "tests/support/error_number.h"
-#include "tests/support/faulty_file_system.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scopes.h"
 #include "tests/support/temporary_folder.h"
@@ -45,9 +45,7 @@ TEST(TextReader, SplitsAtEveryKindOfLineEnd) {
 TEST(TextReader, RaisesWhenTheFileCannotBeReadWhole) {
   auto memory = std::make_unique<MemoryFileSystem>();
   memory->add(kPath, "PC7 12\n");
-  auto faulty = std::make_unique<FaultyFileSystem>(std::move(memory));
-  faulty->failAfter(0);
-  const FileSystemScope scope(std::move(faulty));
+  const FileSystemScope scope(test::failingAfter(0, false, std::move(memory)));
   EXPECT_EQ(errorNumber([] { TextReader reader(kPath); }), 57);
   EXPECT_EQ(errorNumber([] { TextReader reader("\\\\srv\\VLMRLNK\\none"); }), 53);
 }

@@ -53,26 +53,20 @@ class DetailBuilderTest : public ViewTest {
     if (reference != 0) run.builder.index("WARRI").add(integerKey('L', reference), record);
     return record;
   }
-  clsShopDetail shopDetail(std::int32_t record) {
+  template <class Builder>
+  Builder built(void (Builder::*choose)(std::int32_t), std::int32_t number) {
     run.open();
-    clsShopDetail detail;
-    detail.ShopRec(record);
+    Builder detail;
+    (detail.*choose)(number);
     detail.GetDetail();
     return detail;
   }
+  clsShopDetail shopDetail(std::int32_t record) { return built(&clsShopDetail::ShopRec, record); }
   clsInvDetail invoiceDetail(std::int32_t record) {
-    run.open();
-    clsInvDetail detail;
-    detail.InvoiceRec(record);
-    detail.GetDetail();
-    return detail;
+    return built(&clsInvDetail::InvoiceRec, record);
   }
   clsWarrDetail claimDetail(std::int32_t reference) {
-    run.open();
-    clsWarrDetail detail;
-    detail.ShopRef(reference);
-    detail.GetDetail();
-    return detail;
+    return built(&clsWarrDetail::ShopRef, reference);
   }
 };
 

@@ -90,6 +90,33 @@ inline ::testing::AssertionResult hasNote(const check::Findings& findings, std::
   return hasFinding(findings, check::Severity::kNote, kind, file, number, offset);
 }
 
+/// Tests of one file of a store, whose findings stand at its records or blocks.
+class CheckedFileTest : public ::testing::Test {
+ protected:
+  CheckedFileTest(CheckedStore sound, std::string file, bool index)
+      : store(std::move(sound)), name(std::move(file)), index_(index) {}
+
+  /// The byte of a position in a record or block.
+  std::int64_t at(std::int64_t number, std::int32_t position) {
+    return (index_ ? store.blockOffset(name, number) : store.recordOffset(name, number)) +
+           position - 1;
+  }
+  void expectDamage(const check::Findings& findings, std::string_view kind, std::int64_t number,
+                    std::int32_t position) {
+    EXPECT_TRUE(hasDamage(findings, kind, name, number, at(number, position)));
+  }
+  void expectNote(const check::Findings& findings, std::string_view kind, std::int64_t number,
+                  std::int32_t position) {
+    EXPECT_TRUE(hasNote(findings, kind, name, number, at(number, position)));
+  }
+
+  CheckedStore store;
+  const std::string name;
+
+ private:
+  bool index_;
+};
+
 /// All damage in one text, for messages.
 std::string damageText(const check::Findings& findings);
 

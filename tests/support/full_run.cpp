@@ -13,7 +13,7 @@
 #include "platform/unopened_files.h"
 #include "shell/main.h"
 #include "shell/recap_sheet.h"
-#include "tests/support/step_limit.h"
+#include "tests/support/asked_file_system.h"
 #include "tools/dgtool/detail_recorder.h"
 #include "tools/dgtool/window_json.h"
 #include "views/view_catalogue.h"
@@ -151,6 +151,12 @@ class Driver final : private DetailVisitor {
   std::size_t startOfStage_ = 0;
 };
 
+/// Ends a run that asks the file system too often: a loop that would never end becomes a failure of
+/// its test. No run-time error, and no exception that a trap of the program takes.
+struct TooManySteps {
+  std::uint64_t limit;
+};
+
 /// Over the file system in place.
 FullRun runInPlace(ProgramRun& surroundings, RunExtent extent, KeepPicture keep) {
   FullRun result;
@@ -167,13 +173,20 @@ FullRun runInPlace(ProgramRun& surroundings, RunExtent extent, KeepPicture keep)
   return result;
 }
 
-FullRun runOver(ProgramRun& surroundings, std::unique_ptr<StepLimitFileSystem> files,
-                std::uint64_t stepLimit, RunExtent extent, KeepPicture keep) {
-  const StepLimitFileSystem& counter = *files;
-  files->setLimit(stepLimit);
-  setFileSystem(std::move(files));
+/// `files` owns a file system, or is one that somebody else owns.
+template <class Files>
+FullRun runOver(ProgramRun& surroundings, Files&& files, std::uint64_t stepLimit, RunExtent extent,
+                KeepPicture keep) {
+  // Shared with the open files, which may outlive the run.
+  const auto steps = std::make_shared<std::uint64_t>(0);
+  setFileSystem(std::make_unique<AskedFileSystem>(std::forward<Files>(files),
+                                                  [steps, stepLimit](AskedFileSystem::Call) {
+                                                    if (++*steps > stepLimit) {
+                                                      throw TooManySteps{stepLimit};
+                                                    }
+                                                  }));
   FullRun result = runInPlace(surroundings, extent, keep);
-  result.steps = counter.steps();
+  result.steps = *steps;
   return result;
 }
 
@@ -188,16 +201,14 @@ FullRun runFully(const std::vector<SampleFile>& files, std::uint64_t stepLimit, 
 
 FullRun runFully(ProgramRun& surroundings, std::unique_ptr<FileSystem> files,
                  std::uint64_t stepLimit, RunExtent extent, KeepPicture keep) {
-  return runOver(surroundings, std::make_unique<StepLimitFileSystem>(std::move(files)), stepLimit,
-                 extent, keep);
+  return runOver(surroundings, std::move(files), stepLimit, extent, keep);
 }
 
 FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit, RunExtent extent,
                        KeepPicture keep) {
   ProgramRun surroundings;
   surroundings.openOnDisk(store);
-  return runOver(surroundings, std::make_unique<StepLimitFileSystem>(systemFileSystem()), stepLimit,
-                 extent, keep);
+  return runOver(surroundings, systemFileSystem(), stepLimit, extent, keep);
 }
 
 FullRun runFullyFar(const std::string& store, RunExtent extent, KeepPicture keep) {

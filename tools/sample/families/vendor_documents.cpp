@@ -8,6 +8,7 @@
 #include "tools/sample/random.h"
 #include "tools/sample/record_writer.h"
 #include "tools/sample/sample_store.h"
+#include "tools/sample/store_builder.h"
 
 namespace dg::sample {
 
@@ -27,6 +28,22 @@ constexpr std::array<std::string_view, 8> kCommentTexts = {
 std::int32_t lineTotal(const DocumentLine& line) {
   const std::int32_t cost = line.cost != 0 ? line.cost : line.part->cost;
   return line.kind == kShownKind ? cost * line.quantity : 0;
+}
+
+/// Numbers of five digits end here.
+constexpr int kMostDocuments = 99'999;
+
+/// The key of a document's index entry.
+std::string documentKey(std::string_view name, std::int32_t status) {
+  RecordWriter key(16);
+  return key.raw(1, static_cast<int>(name.size()), name).integer(16, 'B', status).bytes();
+}
+
+/// "V00012": a letter or two and a running number of five digits.
+std::string documentName(std::string_view letters, std::size_t number) {
+  const std::string digits = std::to_string(number);
+  return std::string(letters) + std::string(5 - std::min<std::size_t>(digits.size(), 5), '0') +
+         digits;
 }
 
 /// The lowest vendor number from a random one on that VNDRI does not hold.
@@ -108,15 +125,21 @@ VendorDocumentData makeVendorDocument(Random& random, const SampleOptions& optio
   return document;
 }
 
-std::string vendorDocumentKey(std::string_view name, std::int32_t status) {
-  RecordWriter key(16);
-  return key.raw(1, static_cast<int>(name.size()), name).integer(16, 'B', status).bytes();
-}
-
-std::string documentName(std::string_view letters, std::size_t number) {
-  const std::string digits = std::to_string(number);
-  return std::string(letters) + std::string(5 - std::min<std::size_t>(digits.size(), 5), '0') +
-         digits;
+void addDocuments(const DocumentFamily& family, StoreBuilder& builder, Random& random,
+                  const SampleOptions& options, const SampleWorld& world) {
+  IndexFile& byName = builder.index(std::string(family.index));
+  const auto count =
+      static_cast<std::size_t>(std::min(options.scale * family.perScale, kMostDocuments));
+  for (std::size_t place = 0; place < count; ++place) {
+    const DocumentEntry entry =
+        place < family.first.size()
+            ? family.first[place]
+            : DocumentEntry{.letters = family.letters, .status = random.pick(family.usualStatuses)};
+    const std::string name = documentName(entry.letters, place + 1);
+    byName.add(documentKey(name, entry.status), static_cast<std::int32_t>(place) + 1);
+    const VendorDocumentData document = makeVendorDocument(random, options, world, name, place);
+    if (place % family.purgedEach != family.purgedPlace) builder.addFile(name, document.bytes());
+  }
 }
 
 }  // namespace dg::sample

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,6 @@ struct SampleOptions;
 
 namespace dg::sample {
 
-class IndexFile;
 class Random;
 class StoreBuilder;
 
@@ -46,13 +46,25 @@ VendorDocumentData makeVendorDocument(Random& random, const SampleOptions& optio
                                       const SampleWorld& world, std::string name,
                                       std::size_t place);
 
-/// The key of a document's index entry.
-std::string vendorDocumentKey(std::string_view name, std::int32_t status);
+/// An entry of the index over a family of documents: the letters of the document's name, and its
+/// status.
+struct DocumentEntry {
+  std::string_view letters;
+  std::int32_t status = 0;
+};
 
-/// "V00012": a letter or two and a running number of five digits.
-std::string documentName(std::string_view letters, std::size_t number);
+/// What differs between orders and returns.
+struct DocumentFamily {
+  std::string_view index;
+  int perScale = 0;
+  std::span<const DocumentEntry> first;  ///< the first documents go through all of these
+  std::string_view letters;              ///< of all others, each with one of the usual statuses
+  std::span<const std::int32_t> usualStatuses;
+  /// Of so many documents the one at this place was purged while its entry stayed.
+  std::size_t purgedEach = 1, purgedPlace = 0;
+};
 
-/// Numbers of five digits end here.
-inline constexpr int kMostDocuments = 99'999;
+void addDocuments(const DocumentFamily& family, StoreBuilder& builder, Random& random,
+                  const SampleOptions& options, const SampleWorld& world);
 
 }  // namespace dg::sample
