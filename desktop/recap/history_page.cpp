@@ -67,6 +67,10 @@ HistoryPage::HistoryPage(HistoryKeeper& keeper, QWidget* parent)
   connect(chart_, &LineChart::saveRequested, this, &HistoryPage::askAndSave);
 }
 
+HistoryPage::~HistoryPage() {
+  delete table_;  // it goes before its grid
+}
+
 QWidget* HistoryPage::buildOffer() {
   auto* page = new QWidget(this);
   auto* layout = new QVBoxLayout(page);

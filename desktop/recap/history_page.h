@@ -25,6 +25,7 @@ class HistoryPage : public AddedPage {
 
  public:
   explicit HistoryPage(HistoryKeeper& keeper, QWidget* parent = nullptr);
+  ~HistoryPage() override;
 
   /// Draws anew from what is kept.
   void opened() override;
