@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
+#include <cstdio>
 #include <filesystem>
 #include <functional>
 
@@ -20,6 +21,7 @@
 #include "desktop/window/added_items.h"
 #include "desktop/window/desktop_presenter.h"
 #include "desktop/window/help_window.h"
+#include "desktop/window/label_widget.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/menu_bar.h"
 #include "desktop/window/message_boxes.h"
@@ -79,6 +81,11 @@ void Tour::save(QWidget& window, const QString& name) {
   QApplication::processEvents();
   const QPixmap picture = window.grab();
   saved_ = picture.save(folder_.filePath(name + ".png")) && saved_;
+  // A label that is cut tells its whole text in a tip.
+  for (const LabelWidget* label : window.findChildren<LabelWidget*>()) {
+    if (label->isVisible() && !label->toolTip().isEmpty())
+      std::fprintf(stderr, "cut in %s: %s\n", qPrintable(name), qPrintable(label->text()));
+  }
 }
 
 void Tour::photographDialog(const QString& name) {

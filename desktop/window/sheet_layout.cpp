@@ -88,6 +88,8 @@ void SheetLayout::finish() {
     // texts while another has room; one that is not on show leaves it to the others.
     if (frame && !cell.widget->isHidden()) {
       const int least = cell.widget->fontMetrics().averageCharWidth() * kLeastFrameInCharacters;
+      // Asked for, too: room that the sheet does not know of would be the others' loss.
+      setColumnMinimumWidth(lastColumn, qMax(columnMinimumWidth(lastColumn), least));
       stretchColumn(lastColumn, qMax(least, cell.widget->sizeHint().width()));
     }
     if (takesRoom(cell.widget) && cell.columnSpan == 1) stretchColumn(lastColumn, kEvenShare);
