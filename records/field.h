@@ -72,15 +72,15 @@ using PackRule = void (*)(const R& self, std::string& record, TextField field);
 template <class R>
 struct Field {
   Encoding encoding = Encoding::kMember;
+  char opcode = ' ';
+  bool reads = true;
+  bool writes = true;
   int position = 0;
   int width = 0;
-  char opcode = ' ';
   int scaleOrBit = 1;         ///< or the place of a character, or where a dash mask stands
   std::int32_t highest = -1;  ///< a number above it, or below 0, reads as 0; none while negative
   NamedMember<R> member = {};
   std::string_view head = {};
-  bool reads = true;
-  bool writes = true;
   UnpackRule<R> unpackRule = nullptr;
   PackRule<R> packRule = nullptr;
 };
@@ -135,9 +135,9 @@ template <class R>
 constexpr Field<R> integer(int position, char opcode, NamedMember<R> member) {
   record_table::require<std::int32_t, R>(member);
   return {.encoding = Encoding::kInteger,
+          .opcode = opcode,
           .position = position,
           .width = opcodeWidth(opcode),
-          .opcode = opcode,
           .member = member};
 }
 template <class R>
@@ -149,9 +149,9 @@ template <class R>
 constexpr Field<R> scaled(int position, char opcode, int scale, NamedMember<R> member) {
   record_table::require<Currency, R>(member);
   return {.encoding = Encoding::kInteger,
+          .opcode = opcode,
           .position = position,
           .width = opcodeWidth(opcode),
-          .opcode = opcode,
           .scaleOrBit = scale,
           .member = member};
 }
@@ -191,17 +191,17 @@ constexpr Field<R> dashedText(int position, int width, NamedMember<R> member, in
 template <class R>
 constexpr Field<R> date(int position, char opcode, NamedMember<R> member) {
   return {.encoding = Encoding::kDate,
+          .opcode = opcode,
           .position = position,
           .width = opcode == 'C' || opcode == 'J' ? 2 : 3,
-          .opcode = opcode,
           .member = member};
 }
 template <class R>
 constexpr Field<R> bit(int position, char opcode, int bitNumber, NamedMember<R> member) {
   return {.encoding = Encoding::kBit,
+          .opcode = opcode,
           .position = position,
           .width = opcodeWidth(opcode),
-          .opcode = opcode,
           .scaleOrBit = bitNumber,
           .member = member};
 }
@@ -215,11 +215,11 @@ constexpr Field<R> maskHead(std::string_view head) {
 template <class R>
 constexpr Field<R> character(int position, int width, int place, NamedMember<R> member) {
   return {.encoding = Encoding::kCharacter,
+          .writes = false,
           .position = position,
           .width = width,
           .scaleOrBit = place,
-          .member = member,
-          .writes = false};
+          .member = member};
 }
 /// A step of the class's own over so many bytes; either half may be empty. `member` names what it
 /// fills, for display.

@@ -48,6 +48,9 @@ class Watch {
 
 /// A store on disk, and beside its share a folder with the same files for hostile names to find.
 class HostileNamesTest : public testing::Test {
+ public:
+  ~HostileNamesTest() override { fs::current_path(former_); }
+
  protected:
   HostileNamesTest() {
     writeSampleStore(store_, {});
@@ -56,7 +59,6 @@ class HostileNamesTest : public testing::Test {
     folder_.write("out/T", folder_.read("store/share/SRV1/VLMRLNK/LNK001/V00001"));
     fs::current_path(folder_.path());
   }
-  ~HostileNamesTest() override { fs::current_path(former_); }
 
   fs::path linkShare() const { return fs::path(store_) / "share" / "SRV1" / "VLMRLNK"; }
 

@@ -181,12 +181,14 @@ class ShakyFileSystem final : public FileSystem {
 };
 
 class ReadAheadTrouble : public ReadAhead {
+ public:
+  ~ReadAheadTrouble() override { closeNumbered(1); }
+
  protected:
   ReadAheadTrouble() {
     fileSystem_ = std::make_unique<FileSystemScope>(std::make_unique<ShakyFileSystem>(state_));
     openNumbered(1, kFile, FileAccess::kReadWrite);
   }
-  ~ReadAheadTrouble() override { closeNumbered(1); }
 
   std::shared_ptr<ShakyFile::State> state_ = std::make_shared<ShakyFile::State>();
 };

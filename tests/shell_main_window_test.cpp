@@ -70,6 +70,9 @@ Names only(const Names& events, const std::string& word) {
 }
 
 class MainWindowTest : public testing::Test {
+ public:
+  ~MainWindowTest() override { WarrantySegments = false; }
+
  protected:
   MainWindowTest() {
     for (const std::string& name : kViews)
@@ -78,7 +81,6 @@ class MainWindowTest : public testing::Test {
     catalogue_.add("frmRecap", [this] { return std::make_unique<FakeRecap>(stage_); });
     stage_.onLoad["frmProfit"] = [] { writeRecap(Figure::kMonthSales, "$1.00"); };
   }
-  ~MainWindowTest() override { WarrantySegments = false; }
 
   void addView(const std::string& name) {
     catalogue_.add(name, [this, name] { return std::make_unique<FakeView>(name, stage_); });
@@ -146,7 +148,6 @@ TEST_F(MainWindowTest, TheTreeStandsOpenWithTheRecapSelected) {
       "A< A3<A A7<A A5<A A1<A I1<A1 I2<A1 I3<A1 A4<A A2<A A6<A L< L2<L L1<L S< S2<S S1<S R< ");
   EXPECT_EQ(window.tv1.nodes()[12].text, "G/L Liabilites");
   EXPECT_EQ(window.tv1.selected(), "R");
-
   window.settree();
   EXPECT_EQ(messageTexts(),
             (Names{"Error in settree routine error # :35602\r\nKey is not unique in collection"}));

@@ -215,7 +215,7 @@ FullRun runFullyFar(const std::string& store, RunExtent extent, KeepPicture keep
   ProgramRun surroundings;
   surroundings.openOnDisk(store);
   const ReadAheadSettings former = setReadAhead({.near = std::chrono::microseconds(-1)});
-  const FullRun result = runInPlace(surroundings, extent, keep);
+  FullRun result = runInPlace(surroundings, extent, keep);
   setReadAhead(former);
   return result;
 }
