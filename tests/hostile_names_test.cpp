@@ -74,7 +74,7 @@ class HostileNamesTest : public testing::Test {
     Watch watch(folder_.path() / "out");
     EXPECT_FALSE(folder_.read("out/LNK001/CUSTLK").empty());
     EXPECT_TRUE(watch.sawAny()) << "the watch is blind";
-    const FullRun run = runFullyOnDisk(store_, kStepLimit);
+    FullRun run = runFullyOnDisk(store_, kStepLimit);
     EXPECT_TRUE(run.faults.empty()) << what << ": " << testing::PrintToString(run.faults);
     EXPECT_FALSE(watch.sawAny()) << what << " was opened";
     return run;
@@ -117,9 +117,10 @@ TEST_F(HostileNamesTest, ResolutionNamesStayOnTheShare) {
 }
 
 TEST_F(HostileNamesTest, DocumentNamesStayInTheStore) {
-  const std::string names[] = {"out\\T",   ".\\out\\T", "..\\out\\T", "../out/T",
-                               "out/T",    "C:out\\T",  "\\\\out\\T", "NUL",
-                               "\\out\\T", "T\0.\\..",  "..",         "LNK001\\.."};
+  const std::string names[] = {
+      "out\\T",   ".\\out\\T",  "..\\out\\T", "../out/T", "out/T",
+      "C:out\\T", "\\\\out\\T", "NUL",        "\\out\\T", std::string("T\0.\\..", 6),
+      "..",       "LNK001\\.."};
   sample::StoreBuilder builder{SampleOptions{}};
   std::vector<std::string> keys;
   for (const std::string& name : names) {
