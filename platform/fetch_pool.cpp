@@ -239,7 +239,8 @@ void FetchPool::expect(const std::string& path, FileAccess access, Expected when
   std::optional<std::string> native;
   try {
     shared_->line->meet(path);
-    native = shared_->line->call([path] { return placeAsWritten(path); });
+    native =
+        shared_->line->call([path] { return placeAsWritten(path); }, ShareLine::Tells::kOnlyIfSlow);
   } catch (const RunTimeError&) {
     return;  // the line is silent
   }

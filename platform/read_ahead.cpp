@@ -175,7 +175,8 @@ class ReadAheadFile final : public File, private ExtentSource {
 
   std::int64_t size() override {
     if (!isAttended()) return file_->size();
-    return load()->line().call([file = file_] { return file->size(); });
+    return load()->line().call([file = file_] { return file->size(); },
+                               ShareLine::Tells::kOnlyIfSlow);
   }
 
  private:

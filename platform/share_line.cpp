@@ -49,7 +49,7 @@ bool ShareLine::wait(std::condition_variable& came, std::unique_lock<std::mutex>
   return false;
 }
 
-void ShareLine::run(std::function<void()> call) {
+void ShareLine::run(std::function<void()> call, Tells tells) {
   std::unique_lock<std::mutex> lock(caller_->mutex);
   if (!caller_->hasThread) {
     try {
@@ -66,7 +66,7 @@ void ShareLine::run(std::function<void()> call) {
   if (!wait(caller_->callDone, lock, [this] { return !caller_->call; })) {
     throw RunTimeError(kDeviceIoError);
   }
-  note(caller_->answer);
+  note(caller_->answer, tells);
 }
 
 }  // namespace dg

@@ -29,6 +29,12 @@ namespace dg {
 /// system knows already: so a slow one weighs more, and it takes a few of them.
 class ShareLine {
  public:
+  /// What the answer to a call tells of the line.
+  enum class Tells {
+    kAll,
+    kOnlyIfSlow,  ///< the system may know it already
+  };
+
   /// An answer that takes longer than `near` is a slow one.
   ShareLine(std::chrono::microseconds near, std::chrono::milliseconds patience);
   ~ShareLine();
@@ -42,10 +48,11 @@ class ShareLine {
   /// on a silent line.
   void meet(const std::string& path) {
     if (std::exchange(isMet_, true)) return;
-    leadsAway_ = call([path] { return liesOnOtherMachine(path); });
+    leadsAway_ = call([path] { return liesOnOtherMachine(path); }, Tells::kOnlyIfSlow);
   }
   /// Learns from an answer. On any thread.
-  void note(std::chrono::steady_clock::duration answer) {
+  void note(std::chrono::steady_clock::duration answer, Tells tells = Tells::kAll) {
+    if (tells == Tells::kOnlyIfSlow && answer <= near_) return;
     // What another thread notes at the same time may be lost: one answer more or less.
     const int weight = slowness_;
     slowness_ =
@@ -58,11 +65,11 @@ class ShareLine {
 
   /// What `make` gives or raises; it must own all that it uses. Raises 57 on a silent line.
   template <class Make>
-  std::invoke_result_t<Make> call(Make make) {
+  std::invoke_result_t<Make> call(Make make, Tells tells = Tells::kAll) {
     using Result = std::invoke_result_t<Make>;
     if (isSilent_) throw RunTimeError(kDeviceIoError);
     if (!isFar()) {
-      const Timed timed(*this);
+      const Timed timed(*this, tells);
       return make();
     }
     struct Answer {
@@ -71,14 +78,16 @@ class ShareLine {
     };
     auto answer = std::make_shared<Answer>();
     // The first call finds out which kind of line it is, and may be the one that has no answer.
-    run([answer, make = std::move(make)]() mutable {
-      try {
-        answer->result.emplace(make());
-      } catch (const RunTimeError& error) {
-        answer->error.emplace(error);
-      } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): then there is neither
-      }
-    });
+    run(
+        [answer, make = std::move(make)]() mutable {
+          try {
+            answer->result.emplace(make());
+          } catch (const RunTimeError& error) {
+            answer->error.emplace(error);
+          } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): then there is neither
+          }
+        },
+        tells);
     if (answer->error) throw *std::move(answer->error);
     if (!answer->result) throw std::bad_alloc();
     return *std::move(answer->result);
@@ -87,13 +96,14 @@ class ShareLine {
  private:
   class Timed {
    public:
-    explicit Timed(ShareLine& line) : line_(line) {}
-    ~Timed() { line_.note(std::chrono::steady_clock::now() - begin_); }
+    Timed(ShareLine& line, Tells tells) : line_(line), tells_(tells) {}
+    ~Timed() { line_.note(std::chrono::steady_clock::now() - begin_, tells_); }
     Timed(const Timed&) = delete;
     Timed& operator=(const Timed&) = delete;
 
    private:
     ShareLine& line_;
+    Tells tells_;
     std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
   };
   struct Caller;
@@ -105,7 +115,7 @@ class ShareLine {
   bool isSlow() const { return slowness_ > kFarSlowness; }
 
   /// Raises 57 when the call is given up.
-  void run(std::function<void()> call);
+  void run(std::function<void()> call, Tells tells);
 
   std::chrono::microseconds near_;
   std::chrono::milliseconds patience_;
