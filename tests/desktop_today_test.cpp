@@ -83,6 +83,15 @@ TEST_F(DesktopTodayTest, WholeFilesAreReadWhenAskedForUntilTheNextRefresh) {
   session_.form().menuClick("mfile", 0);
   openPage();
   EXPECT_TRUE(cardText(page, "customers-past-due").contains("Not read yet"));
+
+  TodaysWork cancelled;
+  for (const AttentionKind kind : {AttentionKind::kCustomersPastDue, AttentionKind::kPartsIdle}) {
+    int asked = 0;
+    EXPECT_FALSE(cancelled.read(kind, [&](std::int64_t, std::int64_t) { return ++asked < 2; }));
+    EXPECT_FALSE(cancelled.result(kind)) << "half a file's rows are none";
+    EXPECT_TRUE(cancelled.read(kind, {}));
+    EXPECT_TRUE(cancelled.result(kind));
+  }
 }
 
 TEST_F(DesktopTodayTest, AKindInErrorSaysSoAndTheOthersStand) {
