@@ -74,12 +74,12 @@ class ShareCallsTest : public testing::Test {
       std::vector<int> errors(std::begin(kErrors), std::end(kErrors));
       if (call == static_cast<int>(ShareCall::kRead))
         errors.insert(errors.end(), {ShareFault::kShortRead, ShareFault::kNoBytes});
-      for (double n = 0; n < static_cast<double>(counts[call]); n = n * growth + 1) {
+      for (std::uint64_t n = 0; n < counts[call];
+           n = static_cast<std::uint64_t>(static_cast<double>(n) * growth) + 1) {
         for (const bool forEver : {false, true}) {
           const std::size_t tries = allErrors ? errors.size() : 1;
           for (std::size_t i = 0; i < tries; ++i) {
-            attempt({static_cast<ShareCall>(call), errors[turn++ % errors.size()],
-                     static_cast<std::uint64_t>(n), forEver},
+            attempt({static_cast<ShareCall>(call), errors[turn++ % errors.size()], n, forEver},
                     extent, sound);
           }
         }
