@@ -224,7 +224,7 @@ TEST_F(DesktopProgramTest, HelpOpensAtThePageOfTheView) {
   const auto page = [this] {
     QTest::keyClick(&session_.window(), Qt::Key_F1);
     const HelpWindow& help = *session_.window().help();
-    const QString shown = help.browser().source().fileName();
+    QString shown = help.browser().source().fileName();
     EXPECT_EQ(help.findChild<QListWidget*>()->currentItem()->data(Qt::UserRole).toString() + ".md",
               shown);
     return shown;

@@ -88,7 +88,7 @@ void GridView::spreadColumns() {
     if (isColumnHidden(column)) continue;
     int width = fittingWidths_[column];
     const bool text = !alignsRight(grid_.columns()[static_cast<std::size_t>(column)].kind);
-    if (left > 0 && text) {
+    if (left > 0 && text && textTotal > 0) {
       width += qMin(left * width / textTotal, width);
     }
     // Where they do not fit, the columns give up the room for a sort arrow that is not there.

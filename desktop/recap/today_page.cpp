@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "desktop/grid/grid_panel.h"
@@ -75,7 +76,7 @@ std::optional<int> shareOf(const KindResult& result, const TodaysWork& work) {
   const double whole = work.ageing(entry.family).total.toDouble();
   const double part = result.amount.toDouble();
   if (whole <= 0 || part < 0 || part > whole) return {};
-  return static_cast<int>(100 * part / whole + 0.5);
+  return static_cast<int>(std::lround(100 * part / whole));
 }
 
 }  // namespace
