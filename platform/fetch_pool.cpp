@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <condition_variable>
 #include <list>
 #include <mutex>
@@ -21,8 +20,6 @@
 namespace dg {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 using read_ahead::kExtentSize;
 using read_ahead::kLongestRun;
@@ -52,9 +49,8 @@ FetchedRun fetch(const Task& task, ShareLine& line, std::int64_t& size) {
     FetchedRun fetched;
     fetched.file = task.file;
     if (!fetched.file) {
-      const auto begin = Clock::now();
+      const ShareLine::Timed timed(line);
       fetched.file = openAtOnce(task.native, task.access);
-      line.note(Clock::now() - begin);
     }
     if (!fetched.file) return {};
     size = std::max<std::int64_t>(fetched.file->size(), 0);
@@ -91,7 +87,7 @@ struct FetchPool::Shared {
   std::size_t idle = 0;
   bool isOver = false;
 
-  TaskPointer nextTask() const {
+  TaskPointer nextTask() {
     TaskPointer later;
     for (const TaskPointer& task : tasks) {
       if (task->stage != Stage::kWaiting) continue;
@@ -102,9 +98,7 @@ struct FetchPool::Shared {
   }
 
   std::size_t& ahead(Expected when) { return bytesAhead[static_cast<std::size_t>(when)]; }
-  bool hasRoom(Expected when) const {
-    return bytesAhead[static_cast<std::size_t>(when)] + kLongestRun <= kMostBytesAhead;
-  }
+  bool hasRoom(Expected when) { return ahead(when) + kLongestRun <= kMostBytesAhead; }
   /// A task that begins stands for all that it may bring, one that is done for what it has.
   void count(Task& task, std::size_t bytes) {
     ahead(task.when) += bytes - task.bytesAhead;

@@ -93,10 +93,10 @@ class ShareLine {
     return *std::move(answer->result);
   }
 
- private:
+  /// Notes how long it lives: as long as a call takes that is made past call().
   class Timed {
    public:
-    Timed(ShareLine& line, Tells tells) : line_(line), tells_(tells) {}
+    explicit Timed(ShareLine& line, Tells tells = Tells::kAll) : line_(line), tells_(tells) {}
     ~Timed() { line_.note(std::chrono::steady_clock::now() - begin_, tells_); }
     Timed(const Timed&) = delete;
     Timed& operator=(const Timed&) = delete;
@@ -106,6 +106,8 @@ class ShareLine {
     Tells tells_;
     std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
   };
+
+ private:
   struct Caller;
 
   /// What a slow answer weighs against quick ones, and beyond which weight a line is far.

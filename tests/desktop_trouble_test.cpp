@@ -16,10 +16,10 @@
 #include "desktop/window/share_waiting.h"
 #include "desktop/window/start_problem_page.h"
 #include "desktop/window/view_stack.h"
-#include "platform/read_ahead.h"
 #include "shell/view_log.h"
 #include "shell/write_log.h"
 #include "tests/desktop_session.h"
+#include "tests/support/scopes.h"
 #include "tests/support/silent_line.h"
 #ifndef Q_OS_WIN
 #include "tests/support/unprivileged.h"
@@ -83,8 +83,7 @@ TEST(DesktopTroubleTest, WhatCouldNotBeReadIsToldAboveTheFigures) {
 TEST(DesktopTroubleTest, ClosingTheWindowEndsALoadWhoseShareIsSilent) {
   DesktopSession session;
   session.start();
-  const ReadAheadSettings former =
-      setReadAhead({.near = std::chrono::microseconds(-1), .patience = std::chrono::hours(1)});
+  const ReadAheadSettingsScope far({.near = kEveryLineIsFar, .patience = std::chrono::hours(1)});
   const ShareWaiting waiting;
   {
     const test::SilentLine line(10);
@@ -93,7 +92,6 @@ TEST(DesktopTroubleTest, ClosingTheWindowEndsALoadWhoseShareIsSilent) {
     EXPECT_NE(session.form().lostShare(), "");
     EXPECT_TRUE(QTest::qWaitFor([&session] { return !session.window().isVisible(); }));
   }
-  setReadAhead(former);
   session.end();
 }
 

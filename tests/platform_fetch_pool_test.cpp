@@ -88,7 +88,7 @@ TEST(FetchPool, WhatIsNeededLateStandsInNobodysWay) {
   const test::NetworkFolder network(folder.file("net"));
 
   const Reads reads;
-  FetchPool pool(std::make_shared<ShareLine>(microseconds(-1), kPatience));
+  FetchPool pool(std::make_shared<ShareLine>(kEveryLineIsFar, kPatience));
   for (int i = 0; i < kLarge; ++i) {
     pool.expect("\\\\SRV\\LNK\\LARGE" + std::to_string(i), FileAccess::kRead, Expected::kLater);
   }

@@ -252,7 +252,6 @@ struct Reports {
   std::uint64_t calls = 0;
 };
 
-constexpr std::chrono::microseconds kEveryLineIsFar(-1);
 constexpr std::chrono::microseconds kNoLineIsFar = std::chrono::hours(1);
 
 StoreOptions optionsOf(const std::string& store) {
@@ -265,7 +264,7 @@ StoreOptions optionsOf(const std::string& store) {
 }
 
 Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
-  const ReadAheadSettings former = setReadAhead(settings);
+  const ReadAheadSettingsScope way(settings);
   Reports reports;
   std::ostringstream unused;
   const Console console{unused, unused};
@@ -283,7 +282,6 @@ Reports reportsOf(const std::string& store, const ReadAheadSettings& settings) {
     session.refresh();
     reports.refreshed = report();
   }
-  setReadAhead(former);
   return reports;
 }
 
@@ -294,8 +292,8 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
   writeSampleStore(store, {});
   const EnvironmentScope environment;
   const test::NetworkFolder network(store + "/share");
-  const ReadAheadSettings former =
-      setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::milliseconds(100)});
+  const ReadAheadSettingsScope far(
+      {.near = kEveryLineIsFar, .patience = std::chrono::milliseconds(100)});
   std::ostringstream unused;
   const Console console{unused, unused};
   Session session(optionsOf(store), console);
@@ -315,7 +313,8 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
     ++asked;
     return false;
   });
-  setReadAhead({.near = kEveryLineIsFar, .patience = std::chrono::hours(1)});
+  const ReadAheadSettingsScope patient(
+      {.near = kEveryLineIsFar, .patience = std::chrono::hours(1)});
   {
     const test::SilentLine line(10);
     session.refresh();
@@ -323,7 +322,6 @@ TEST(ReadAheadLoad, AShareThatFallsSilentIsGivenUpAndTold) {
     EXPECT_GT(asked, 0);
   }
   setWhileWaiting(formerAsked);
-  setReadAhead(former);
 }
 
 TEST(ReadAheadLoad, GivesTheSameReportsWithFarFewerReads) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,13 @@ std::string silentViews(const FullRun& run, const FullRun& sound) {
     if (text != sound.complete.at(name) && !(isRecap && !run.failed.empty())) names += name + "; ";
   }
   return names;
+}
+
+/// How far the next call to fail lies behind the last one, in the long run: with
+/// DG_SHARE_GROWTH=1.01 in the environment nearly every call is tried; see scripts/damage.
+std::optional<double> longGrowth() {
+  const char* growth = std::getenv("DG_SHARE_GROWTH");
+  return growth == nullptr ? std::nullopt : std::optional(std::atof(growth));
 }
 
 class ShareCallsTest : public testing::Test {
@@ -93,20 +101,17 @@ class ShareCallsTest : public testing::Test {
   bool isFar_ = false;
 };
 
-/// With DG_SHARE_GROWTH=1.01 in the environment nearly every call is tried; see scripts/damage.
 TEST_F(ShareCallsTest, AFailingCallIsToldOrDoesNoHarm) {
-  const char* growth = std::getenv("DG_SHARE_GROWTH");
-  sweep(RunExtent::kLoadAndRefresh, growth == nullptr ? 1.6 : std::atof(growth), growth != nullptr);
+  sweep(RunExtent::kLoadAndRefresh, longGrowth().value_or(1.6), longGrowth().has_value());
 }
 /// Which worker's call fails is not the same each time; what may come of it is.
 TEST_F(ShareCallsTest, AFailingCallOfAWorkerIsToldOrDoesNoHarm) {
-  const char* growth = std::getenv("DG_SHARE_GROWTH");
   isFar_ = true;
-  sweep(RunExtent::kLoadAndRefresh, growth == nullptr ? 3 : std::atof(growth), growth != nullptr);
+  sweep(RunExtent::kLoadAndRefresh, longGrowth().value_or(3), longGrowth().has_value());
 }
 TEST_F(ShareCallsTest, WindowsOpenOverFailingCalls) {
-  const char* growth = std::getenv("DG_SHARE_GROWTH");
-  sweep(RunExtent::kEverything, growth == nullptr ? 12 : 1 + 8 * (std::atof(growth) - 1), false);
+  const auto growth = longGrowth();
+  sweep(RunExtent::kEverything, growth ? 1 + 8 * (*growth - 1) : 12, false);
 }
 
 }  // namespace

@@ -1,19 +1,18 @@
 #include "tests/support/full_run.h"
 
 #include <algorithm>
-#include <chrono>
 #include <exception>
 #include <span>
 #include <string_view>
 #include <utility>
 
 #include "platform/environment.h"
-#include "platform/read_ahead.h"
 #include "platform/system_file.h"
 #include "platform/unopened_files.h"
 #include "shell/main.h"
 #include "shell/recap_sheet.h"
 #include "tests/support/asked_file_system.h"
+#include "tests/support/scopes.h"
 #include "tools/dgtool/detail_recorder.h"
 #include "tools/dgtool/window_json.h"
 #include "views/view_catalogue.h"
@@ -214,10 +213,8 @@ FullRun runFullyOnDisk(const std::string& store, std::uint64_t stepLimit, RunExt
 FullRun runFullyFar(const std::string& store, RunExtent extent, KeepPicture keep) {
   ProgramRun surroundings;
   surroundings.openOnDisk(store);
-  const ReadAheadSettings former = setReadAhead({.near = std::chrono::microseconds(-1)});
-  FullRun result = runInPlace(surroundings, extent, keep);
-  setReadAhead(former);
-  return result;
+  const ReadAheadSettingsScope far({.near = kEveryLineIsFar});
+  return runInPlace(surroundings, extent, keep);
 }
 
 }  // namespace dg::test

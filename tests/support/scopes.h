@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
 #include "platform/environment.h"
 #include "platform/file.h"
+#include "platform/read_ahead.h"
 
 namespace dg {
 
@@ -18,6 +20,22 @@ class EnvironmentScope {
 
  private:
   Environment saved_;
+};
+
+/// For a line on which no answer is quick enough to be near.
+inline constexpr std::chrono::microseconds kEveryLineIsFar(-1);
+
+/// Lets loads read ahead in another way until the end of a test.
+class ReadAheadSettingsScope {
+ public:
+  explicit ReadAheadSettingsScope(const ReadAheadSettings& settings)
+      : former_(setReadAhead(settings)) {}
+  ~ReadAheadSettingsScope() { setReadAhead(former_); }
+  ReadAheadSettingsScope(const ReadAheadSettingsScope&) = delete;
+  ReadAheadSettingsScope& operator=(const ReadAheadSettingsScope&) = delete;
+
+ private:
+  ReadAheadSettings former_;
 };
 
 /// Puts a file system in the place of the process's until the end of a test.
